@@ -1,0 +1,85 @@
+#include "discovery/input_files.h"
+
+#include <dirent.h>
+
+#include <algorithm>
+#include <memory>
+#include <unordered_set>
+
+#include "discovery/file_names.h"
+#include "format/file_naming.h"
+#include "io/message.h"
+
+namespace morvane {
+
+namespace {
+
+/// The names of a folder's entries, in the order in which the folder yields them; none for a folder
+/// that cannot be opened.
+std::vector<std::string> list_folder(const std::string& folder) {
+  std::vector<std::string> names;
+  const auto close = [](DIR* open_folder) { ::closedir(open_folder); };
+  const std::unique_ptr<DIR, decltype(close)> entries(::opendir(folder.c_str()), close);
+  if (entries) {
+    while (const dirent* entry = ::readdir(entries.get())) {
+      names.emplace_back(entry->d_name);
+    }
+  }
+  return names;
+}
+
+/// Looks at the greatest index only, and only when it is above 0: a gap or a repeat below it
+/// passes.
+bool in_order(const std::vector<input_entry>& files) {
+  std::int32_t greatest = -1;
+  for (const input_entry& file : files) {
+    if (file.index != 0) {
+      greatest = std::max(greatest, file.index);
+    }
+  }
+  return greatest < 1 || static_cast<std::size_t>(greatest) + 1 == files.size();
+}
+
+}  // namespace
+
+std::int32_t list_input_files(const std::string& folder, std::string_view wanted_type,
+                              std::vector<input_entry>& files) {
+  for (std::string& name : list_folder(folder)) {
+    std::int32_t index = 0;
+    if (get_file_type(name, false) == wanted_type && parse_file_index(name, index) == 0) {
+      files.push_back({.name = std::move(name), .index = index});
+    }
+  }
+  if (!in_order(files)) {
+    print_line("error: files in input folder are disordered.");
+    return 0;
+  }
+  const auto by_index = [](const input_entry& a, const input_entry& b) {
+    return a.index < b.index;
+  };
+  std::sort(files.begin(), files.end(), by_index);
+  return static_cast<std::int32_t>(files.size());
+}
+
+std::int32_t pair_header_files(const std::string& folder, const std::vector<input_entry>& dvis,
+                               std::vector<input_entry>& headers) {
+  const std::vector<std::string> names = list_folder(folder);
+  const std::unordered_set<std::string_view> present(names.begin(), names.end());
+  const auto is_missing = [&](const std::string& name) { return !present.contains(name); };
+  const auto marked_name = [](const input_entry& dvi) {
+    return marked_header_name(get_file_stem(dvi.name));
+  };
+  const bool marked = std::ranges::none_of(dvis, is_missing, marked_name);
+  for (const input_entry& dvi : dvis) {
+    const std::string name = marked ? marked_name(dvi) : header_name(get_file_stem(dvi.name));
+    if (is_missing(name)) {
+      print_line("error: can't find file ", name,
+                 ". please check filename format between .dvi and .h files.");
+      break;
+    }
+    headers.push_back({.name = name, .index = dvi.index});
+  }
+  return static_cast<std::int32_t>(headers.size());
+}
+
+}  // namespace morvane

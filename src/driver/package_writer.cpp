@@ -1,0 +1,91 @@
+#include "driver/package_writer.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "io/message.h"
+
+namespace morvane {
+
+namespace {
+
+void write_waiting(package_writer& package) {
+  write_bytes(package.file, std::span(package.buffer).first(package.waiting));
+  package.written += package.waiting;
+  package.waiting = 0;
+}
+
+/// The part of the buffer that takes the next bytes, never empty.
+std::span<std::byte> free_space(package_writer& package) {
+  if (package.waiting == package.buffer.size()) {
+    write_waiting(package);
+  }
+  return std::span(package.buffer).subspan(package.waiting);
+}
+
+/// Drops the bytes of the package from an earlier position on.
+void cut_back(package_writer& package, std::uint64_t position) {
+  if (position < package.written) {
+    package.waiting = 0;
+    package.written = position;
+    ::lseek(package.file.descriptor(), static_cast<off_t>(position), SEEK_SET);
+    ::ftruncate(package.file.descriptor(), static_cast<off_t>(position));
+  } else {
+    package.waiting = position - package.written;
+  }
+}
+
+/// Moves up to count bytes from a file to the package. Returns how many there were.
+std::size_t copy_bytes(package_writer& package, const file_handle& file, std::size_t count) {
+  std::size_t copied = 0;
+  while (copied < count) {
+    std::span<std::byte> space = free_space(package);
+    space = space.first(std::min(space.size(), count - copied));
+    const std::size_t got = read_bytes(file, space);
+    package.waiting += got;
+    copied += got;
+    if (got < space.size()) {
+      break;
+    }
+  }
+  return copied;
+}
+
+}  // namespace
+
+void append_bytes(package_writer& package, std::span<const std::byte> bytes) {
+  while (!bytes.empty()) {
+    const std::span<std::byte> space = free_space(package);
+    const auto part = bytes.first(std::min(space.size(), bytes.size()));
+    std::ranges::copy(part, space.begin());
+    package.waiting += part.size();
+    bytes = bytes.subspan(part.size());
+  }
+}
+
+int read_file_bytes(package_writer& package, const std::string& path, std::int32_t count) {
+  const file_handle file = open_to_read(path);
+  if (!file.is_open()) {
+    return report_open_failure(path);
+  }
+  // A negative count asks for more than any file holds. A short file is known by its size before a
+  // byte of it is copied; one that has no size, or shrinks, is cut off again.
+  const std::int64_t size = regular_file_size(file);
+  const std::uint64_t begin = package.written + package.waiting;
+  const bool refused = count < 0 || (size >= 0 && size < count);
+  if (refused || copy_bytes(package, file, static_cast<std::size_t>(count)) <
+                     static_cast<std::size_t>(count)) {
+    cut_back(package, begin);
+    print_line("error: fail to read ", count, " bytes from ", path);
+    return -1;
+  }
+  return 0;
+}
+
+void close_package(package_writer& package) {
+  write_waiting(package);
+  package.file = file_handle();
+}
+
+}  // namespace morvane

@@ -1,0 +1,25 @@
+// How the compiler names its files, and so the inspection those that it writes.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace morvane {
+
+/// The type of an image, the text after the last "." of its name.
+inline constexpr std::string_view dvi_type = "dvi";
+
+inline std::string image_name(std::string_view stem) {
+  return std::string(stem).append(".").append(dvi_type);
+}
+
+inline std::string header_name(std::string_view stem) {
+  return std::string(stem).append(".h");
+}
+
+/// A header's name in a folder in which every header's begins with an underscore.
+inline std::string marked_header_name(std::string_view stem) {
+  return std::string("_").append(header_name(stem));
+}
+
+}  // namespace morvane

@@ -1,0 +1,32 @@
+// How long a text may be, and the name under which a longer one is reported.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "format/records.h"
+
+namespace morvane {
+
+struct length_limit {
+  std::string_view name;
+  std::size_t longest;  // characters
+};
+
+inline constexpr length_limit line_limit{"LINE_LEN", 1023};
+inline constexpr length_limit file_name_limit{"FILENAME", 127};
+inline constexpr length_limit var_name_limit{"VAR_NAME", MORVANE_NAME_WIDTH - 1};
+inline constexpr length_limit io_name_limit{"IO_NAME", MORVANE_IO_NAME_WIDTH - 1};
+inline constexpr length_limit layer_name_limit{"IO_DEMNGL_NAME", MORVANE_IO_NAME_WIDTH - 1};
+
+/// The longest value of an option that names a file or a folder, in characters.
+inline constexpr std::size_t longest_setting = 2048;
+
+/// Prints the message "error: please increase length limit of MACRO [limit name] for string ..."
+/// with the text and its length. Returns -1.
+int report_length_limit(std::string_view text, std::string_view limit_name);
+
+/// Returns 0 for a text within the limit; otherwise reports it and returns -1.
+int check_length_limit(std::string_view text, const length_limit& limit);
+
+}  // namespace morvane

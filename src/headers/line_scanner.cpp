@@ -1,0 +1,66 @@
+#include "headers/line_scanner.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <string>
+
+#include "format/length_limits.h"
+
+namespace morvane {
+
+namespace {
+
+/// Takes the next token off the front of the text; empty at its end.
+std::string_view take_token(std::string_view& text, const delimiter_set& delimiters) {
+  const auto is_delimiter = [&](char c) { return delimiters.holds[static_cast<unsigned char>(c)]; };
+  const auto begin = std::find_if_not(text.begin(), text.end(), is_delimiter);
+  const auto end =
+      std::find_if(begin, text.end(), [&](char c) { return c == '\0' || is_delimiter(c); });
+  const std::string_view token(begin, end);
+  text = std::string_view(end, text.end());
+  return token;
+}
+
+}  // namespace
+
+int split_line(std::string_view line, const delimiter_set& delimiters,
+               std::span<std::string_view> slots) {
+  if (check_length_limit(line, line_limit) != 0) {
+    return -1;
+  }
+  for (std::string_view& slot : slots) {
+    const std::string_view token = take_token(line, delimiters);
+    if (token.empty()) {
+      break;
+    }
+    slot = token;
+  }
+  return 0;
+}
+
+std::size_t find_macro_value(std::string_view line, std::string_view key, std::string_view& value,
+                             const delimiter_set& delimiters) {
+  const std::size_t position = line.find(key);
+  if (position == std::string_view::npos) {
+    return no_value;
+  }
+  std::string_view token;
+  split_line(line.substr(position + key.size()), delimiters, std::span(&token, 1));
+  if (token.empty()) {
+    return no_value;
+  }
+  value = token;
+  return position;
+}
+
+int check_line_not_blank(std::string_view line) {
+  std::string_view token;
+  split_line(line, blank_delimiters, std::span(&token, 1));
+  return token.empty() ? -1 : 0;
+}
+
+long decimal_value(std::string_view value) {
+  return std::strtol(std::string(value).c_str(), nullptr, 10);
+}
+
+}  // namespace morvane

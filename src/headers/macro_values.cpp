@@ -1,0 +1,70 @@
+#include "headers/macro_values.h"
+
+#include "format/length_limits.h"
+#include "headers/line_scanner.h"
+
+namespace morvane {
+
+namespace {
+
+/// The value of the macro NAME + suffix + tail, empty when it has none. As in find_macro_value the
+/// first place where the macro stands decides.
+std::string_view macro_value(const named_line& named, std::string_view suffix,
+                             std::string_view tail, const delimiter_set& delimiters) {
+  std::string_view value;
+  for (const std::size_t place : named.places) {
+    std::string_view rest = named.line.substr(place + named.name.size());
+    if (!rest.starts_with(suffix)) {
+      continue;
+    }
+    rest.remove_prefix(suffix.size());
+    if (rest.starts_with(tail)) {
+      split_line(rest.substr(tail.size()), delimiters, std::span(&value, 1));
+      break;
+    }
+  }
+  return value;
+}
+
+std::string_view macro_value(const named_line& named, const macro_row& row) {
+  const delimiter_set& delimiters =
+      row.kind == macro_kind::text ? layer_name_delimiters : macro_delimiters;
+  const std::string_view value = macro_value(named, row.suffix, "", delimiters);
+  // A flag's name also begins the name of its bit offset, and perhaps other names.
+  const bool begins_longer_macro = !value.empty() && row.kind == macro_kind::guarded_bit &&
+                                   !macro_value(named, row.suffix, "_", delimiters).empty();
+  return begins_longer_macro ? std::string_view() : value;
+}
+
+}  // namespace
+
+void set_line(named_line& named, std::string_view line) {
+  named.line = line;
+  named.places.clear();
+  for (std::size_t place = line.find(named.name); place != std::string_view::npos;
+       place = line.find(named.name, place + 1)) {
+    named.places.push_back(place);
+  }
+}
+
+int store_macro(const named_line& named, std::span<const macro_row> macros,
+                std::span<std::byte> record) {
+  for (const macro_row& row : macros) {
+    const std::string_view value = macro_value(named, row);
+    if (value.empty()) {
+      continue;
+    }
+    if (row.kind != macro_kind::text) {
+      store_number(record, row, decimal_value(value));
+      return 0;
+    }
+    if (check_length_limit(value, layer_name_limit) != 0) {
+      return -1;
+    }
+    store_text(record.subspan(row.offset, MORVANE_IO_NAME_WIDTH), value);
+    return 0;
+  }
+  return 0;
+}
+
+}  // namespace morvane

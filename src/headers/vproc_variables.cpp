@@ -1,0 +1,17 @@
+#include "headers/vproc_variables.h"
+
+#include "headers/block_reader.h"
+
+namespace morvane {
+
+int parse_vproc_variables(std::vector<var_desc>& variables, std::string_view header) {
+  // A variable's macros bear no DAG name, so nothing stands before its name in the marker.
+  const block_format format{.keyword = variable_keyword,
+                            .marker_lead = "",
+                            .name_limit = var_name_limit,
+                            .name_offset = offsetof(var_desc, var),
+                            .macros = variable_macros};
+  return read_blocks(header, format, var_desc{}, variables);
+}
+
+}  // namespace morvane

@@ -1,0 +1,49 @@
+// Lines on standard output. Messages and reports are this tool's interface, errors included.
+#pragma once
+
+#include <array>
+#include <charconv>
+#include <concepts>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace morvane {
+
+inline void append_piece(std::string& text, std::string_view piece) {
+  text += piece;
+}
+
+/// Appends a number in decimal, a byte too.
+template <std::integral Number>
+requires(!std::same_as<Number, char> &&
+         !std::same_as<Number, bool>) void append_piece(std::string& text, Number number) {
+  std::array<char, 20> digits;  // the longest number of 64 bits, with its sign
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+  text.append(digits.data(), end);
+}
+
+/// Appends the pieces, texts and numbers, one after the other.
+template <class... Pieces>
+void append_pieces(std::string& text, const Pieces&... pieces) {
+  (append_piece(text, pieces), ...);
+}
+
+/// Writes a text to standard output and flushes it.
+void print_text(std::string_view text);
+
+/// Prints the pieces, texts and numbers, as one line and flushes it.
+template <class... Pieces>
+void print_line(const Pieces&... pieces) {
+  std::string line;
+  append_pieces(line, pieces..., "\n");
+  print_text(line);
+}
+
+/// What a message about a file that cannot be opened says before the path.
+inline constexpr std::string_view open_failure_text = "can't open file ";
+
+/// Prints "can't open file " and the path. Returns -1.
+int report_open_failure(std::string_view path);
+
+}  // namespace morvane
