@@ -24,15 +24,17 @@ std::span<std::byte> free_space(package_writer& package) {
   return std::span(package.buffer).subspan(package.waiting);
 }
 
-/// Drops the bytes of the package from an earlier position on.
+/// Drops the bytes of the package from an earlier position on. What has left through a pipe is gone.
 void cut_back(package_writer& package, std::uint64_t position) {
-  if (position < package.written) {
-    package.waiting = 0;
-    package.written = position;
-    ::lseek(package.file.descriptor(), static_cast<off_t>(position), SEEK_SET);
-    ::ftruncate(package.file.descriptor(), static_cast<off_t>(position));
-  } else {
+  if (position >= package.written) {
     package.waiting = position - package.written;
+    return;
+  }
+  package.waiting = 0;
+  const auto end = static_cast<off_t>(position);
+  if (::ftruncate(package.file.descriptor(), end) == 0 &&
+      ::lseek(package.file.descriptor(), end, SEEK_SET) == end) {
+    package.written = position;
   }
 }
 

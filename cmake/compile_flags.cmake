@@ -1,0 +1,35 @@
+# morvane_flags: how every file of the project is compiled and linked.
+
+add_library(morvane_flags INTERFACE)
+
+target_compile_options(
+  morvane_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+                          $<$<BOOL:${MORVANE_WERROR}>:-Werror>)
+
+# Two builds in different folders give the same bytes.
+target_compile_options(
+  morvane_flags INTERFACE -ffile-prefix-map=${PROJECT_BINARY_DIR}=.
+                          -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+
+# Hardened as Debian's packages are.
+target_compile_options(morvane_flags INTERFACE -fstack-protector-strong -fstack-clash-protection)
+target_link_options(morvane_flags INTERFACE LINKER:-z,relro LINKER:-z,now LINKER:--as-needed)
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "aarch64|arm64")
+  target_compile_options(morvane_flags INTERFACE -mbranch-protection=standard)
+else()
+  target_compile_options(morvane_flags INTERFACE -fcf-protection)
+endif()
+if(CMAKE_BUILD_TYPE MATCHES "Rel")
+  target_compile_options(morvane_flags INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+endif()
+
+if(MORVANE_STATIC_RUNTIME)
+  target_link_options(morvane_flags INTERFACE -static-libstdc++ -static-libgcc)
+endif()
+
+if(MORVANE_SANITIZERS)
+  target_compile_options(
+    morvane_flags INTERFACE -fsanitize=${MORVANE_SANITIZERS} -fno-sanitize-recover=all
+                            -fno-omit-frame-pointer)
+  target_link_options(morvane_flags INTERFACE -fsanitize=${MORVANE_SANITIZERS})
+endif()
