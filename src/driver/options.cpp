@@ -10,7 +10,7 @@
 
 namespace morvane {
 
-settings_record settings;
+settings_record settings;  // NOLINT(cert-err58-cpp): nobody could go on without the defaults
 
 namespace {
 

@@ -24,7 +24,8 @@ std::span<std::byte> free_space(package_writer& package) {
   return std::span(package.buffer).subspan(package.waiting);
 }
 
-/// Drops the bytes of the package from an earlier position on. What has left through a pipe is gone.
+/// Drops the bytes of the package from an earlier position on. What has left through a pipe is
+/// gone.
 void cut_back(package_writer& package, std::uint64_t position) {
   if (position >= package.written) {
     package.waiting = position - package.written;

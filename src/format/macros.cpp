@@ -61,6 +61,7 @@ long load_number(std::span<const std::byte> record, const macro_row& row) {
 
 std::string_view load_text(std::span<const std::byte> record, const macro_row& row) {
   const auto field = record.subspan(row.offset, MORVANE_IO_NAME_WIDTH);
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): the bytes of a text are characters
   return text_of(std::span(reinterpret_cast<const char*>(field.data()), field.size()));
 }
 

@@ -1,6 +1,5 @@
 #include "headers/line_scanner.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <string>
 
@@ -13,11 +12,16 @@ namespace {
 /// Takes the next token off the front of the text; empty at its end.
 std::string_view take_token(std::string_view& text, const delimiter_set& delimiters) {
   const auto is_delimiter = [&](char c) { return delimiters.holds[static_cast<unsigned char>(c)]; };
-  const auto begin = std::find_if_not(text.begin(), text.end(), is_delimiter);
-  const auto end =
-      std::find_if(begin, text.end(), [&](char c) { return c == '\0' || is_delimiter(c); });
-  const std::string_view token(begin, end);
-  text = std::string_view(end, text.end());
+  std::size_t begin = 0;
+  while (begin < text.size() && is_delimiter(text[begin])) {
+    ++begin;
+  }
+  std::size_t end = begin;
+  while (end < text.size() && text[end] != '\0' && !is_delimiter(text[end])) {
+    ++end;
+  }
+  const std::string_view token = text.substr(begin, end - begin);
+  text.remove_prefix(end);
   return token;
 }
 

@@ -43,7 +43,7 @@ file_handle append_to_parsed_file(const parsed_file& file) {
 
 void remove_parsed_file(const parsed_file& file) {
   if (file.in_folder) {
-    std::remove(file.path.c_str());
+    static_cast<void>(std::remove(file.path.c_str()));
   }
 }
 

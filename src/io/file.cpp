@@ -24,8 +24,10 @@ auto uninterrupted(Call call) {
 }
 
 file_handle open_file(const std::string& path, int flags) {
-  return file_handle(
-      uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, created_mode); }));
+  return file_handle(uninterrupted([&] {
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system's interface
+    return ::open(path.c_str(), flags | O_CLOEXEC, created_mode);
+  }));
 }
 
 }  // namespace
@@ -39,7 +41,8 @@ file_handle::~file_handle() {
 file_handle open_to_read(const std::string& path) {
   file_handle file = open_file(path, O_RDONLY | O_NONBLOCK);
   if (file.is_open()) {
-    ::fcntl(file.descriptor(), F_SETFL, O_RDONLY);  // only the opening must not wait
+    // Only the opening must not wait. NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): as above
+    ::fcntl(file.descriptor(), F_SETFL, O_RDONLY);
   }
   return file;
 }

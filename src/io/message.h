@@ -18,9 +18,9 @@ inline void append_piece(std::string& text, std::string_view piece) {
 template <std::integral Number>
 requires(!std::same_as<Number, char> &&
          !std::same_as<Number, bool>) void append_piece(std::string& text, Number number) {
-  std::array<char, 20> digits;  // the longest number of 64 bits, with its sign
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-  text.append(digits.data(), end);
+  std::array<char, 20> digits{};  // the longest number of 64 bits, with its sign
+  const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+  text.append(digits.data(), result.ptr);
 }
 
 /// Appends the pieces, texts and numbers, one after the other.
