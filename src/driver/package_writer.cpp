@@ -68,16 +68,15 @@ void append_bytes(package_writer& package, std::span<const std::byte> bytes) {
 }
 
 int read_file_bytes(package_writer& package, const std::string& path, std::int32_t count) {
-  const file_handle file = open_to_read(path);
-  if (!file.is_open()) {
+  const readable_file file = open_to_read(path);
+  if (!file.handle.is_open()) {
     return report_open_failure(path);
   }
   // A negative count asks for more than any file holds. A short file is known by its size before a
   // byte of it is copied; one that has no size, or shrinks, is cut off again.
-  const std::int64_t size = regular_file_size(file);
   const std::uint64_t begin = package.written + package.waiting;
-  const bool refused = count < 0 || (size >= 0 && size < count);
-  if (refused || copy_bytes(package, file, static_cast<std::size_t>(count)) <
+  const bool refused = count < 0 || (file.size >= 0 && file.size < count);
+  if (refused || copy_bytes(package, file.handle, static_cast<std::size_t>(count)) <
                      static_cast<std::size_t>(count)) {
     cut_back(package, begin);
     print_line("error: fail to read ", count, " bytes from ", path);

@@ -57,18 +57,35 @@ bool next_line(line_reader& lines, std::string_view& line) {
   return false;
 }
 
-bool next_value(line_reader& lines, std::string_view key, std::string_view& value) {
-  std::string_view line;
+bool next_line_with(line_reader& lines, std::span<sought_key> keys, std::string_view& line) {
   for (;;) {
-    pass_lines_before(lines, lines.text.find(key, lines.next));
+    std::size_t nearest = std::string_view::npos;
+    for (sought_key& key : keys) {
+      if (!key.found || key.place < lines.next) {
+        key.place = lines.text.find(key.key, lines.next);
+        key.found = true;
+      }
+      nearest = std::min(nearest, key.place);
+    }
+    pass_lines_before(lines, nearest);
     if (!cut_line(lines, line)) {
       return false;
     }
-    if (check_line_not_blank(line) == 0 &&
-        find_macro_value(line, key, value, macro_delimiters) != no_value) {
+    if (check_line_not_blank(line) == 0) {
       return true;
     }
   }
+}
+
+bool next_value(line_reader& lines, std::string_view key, std::string_view& value) {
+  sought_key sought{.key = key};
+  std::string_view line;
+  while (next_line_with(lines, std::span(&sought, 1), line)) {
+    if (find_macro_value(line, key, value, macro_delimiters) != no_value) {
+      return true;
+    }
+  }
+  return false;
 }
 
 }  // namespace morvane

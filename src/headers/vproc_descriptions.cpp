@@ -1,5 +1,6 @@
 #include "headers/vproc_descriptions.h"
 
+#include <array>
 #include <cstdint>
 
 #include "headers/block_reader.h"
@@ -13,9 +14,10 @@ namespace {
 vproc_desc count_vproc_records(std::string_view header) {
   vproc_desc vproc{};
   line_reader lines{header};
+  std::array keys{sought_key{.key = variable_keyword}, sought_key{.key = smb_keyword}};
   std::string_view line;
   std::string_view name;
-  while (next_line(lines, line)) {
+  while (next_line_with(lines, keys, line)) {
     if (find_macro_value(line, variable_keyword, name, macro_delimiters) != no_value) {
       ++vproc.variable_num;
     } else if (find_macro_value(line, smb_keyword, name, macro_delimiters) != no_value) {

@@ -33,10 +33,8 @@ std::span<const std::byte> take_bytes(package_reader& package, std::size_t count
 }  // namespace
 
 package_reader open_package(const std::string& path) {
-  package_reader package{.file = open_to_read(path)};
-  package.size =
-      static_cast<std::uint64_t>(std::max<std::int64_t>(regular_file_size(package.file), 0));
-  return package;
+  readable_file file = open_to_read(path);
+  return {.file = std::move(file.handle), .size = file.size};
 }
 
 std::size_t read_package(package_reader& package, std::span<std::byte> bytes) {
@@ -77,7 +75,8 @@ std::size_t checked_count(const package_reader& package, std::uint32_t count,
   if (count > std::uint32_t{std::numeric_limits<std::int32_t>::max()}) {
     throw std::bad_array_new_length();
   }
-  if (std::uint64_t{count} * item_size > std::max(package.size, largest_claim)) {
+  const std::int64_t claim = std::int64_t{count} * static_cast<std::int64_t>(item_size);
+  if (claim > std::max(package.size, largest_claim)) {
     throw std::bad_alloc();
   }
   return count;

@@ -18,7 +18,7 @@ namespace morvane {
 /// A package that is being read.
 struct package_reader {
   file_handle file;
-  std::uint64_t size = 0;  // bytes of a regular file, else 0
+  std::int64_t size = -1;  // bytes of a regular file, -1 for anything else
   std::vector<std::byte> buffer = std::vector<std::byte>(chunk_size);
   std::size_t begin = 0;  // the bytes of the buffer that are still to be read
   std::size_t end = 0;
@@ -38,7 +38,7 @@ struct claimed_list {
 };
 
 /// Lists of more bytes than this, and more than the file has, are refused.
-inline constexpr std::uint64_t largest_claim = std::uint64_t{4} << 30;
+inline constexpr std::int64_t largest_claim = std::int64_t{4} << 30;
 
 /// Opens a package. Its file is closed when it cannot be opened.
 package_reader open_package(const std::string& path);

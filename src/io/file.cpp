@@ -4,7 +4,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 
 namespace morvane {
@@ -38,11 +37,17 @@ file_handle::~file_handle() {
   }
 }
 
-file_handle open_to_read(const std::string& path) {
-  file_handle file = open_file(path, O_RDONLY | O_NONBLOCK);
-  if (file.is_open()) {
+readable_file open_to_read(const std::string& path) {
+  readable_file file{.handle = open_file(path, O_RDONLY | O_NONBLOCK)};
+  struct stat status {};
+  if (!file.handle.is_open() || ::fstat(file.handle.descriptor(), &status) != 0) {
+    return file;
+  }
+  if (S_ISREG(status.st_mode)) {
+    file.size = status.st_size;
+  } else {
     // Only the opening must not wait. NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): as above
-    ::fcntl(file.descriptor(), F_SETFL, O_RDONLY);
+    ::fcntl(file.handle.descriptor(), F_SETFL, O_RDONLY);
   }
   return file;
 }
@@ -79,28 +84,19 @@ void write_bytes(const file_handle& file, std::span<const std::byte> bytes) {
   }
 }
 
-std::int64_t regular_file_size(const file_handle& file) {
-  struct stat status {};
-  const bool regular = ::fstat(file.descriptor(), &status) == 0 && S_ISREG(status.st_mode);
-  return regular ? status.st_size : -1;
-}
-
 std::string read_file(const std::string& path) {
   std::string text;
-  const file_handle file = open_to_read(path);
-  if (!file.is_open()) {
+  const readable_file file = open_to_read(path);
+  if (!file.handle.is_open()) {
     return text;
   }
-  // One byte more than the file has, so that the first read meets its end.
-  text.resize(static_cast<std::size_t>(std::max<std::int64_t>(regular_file_size(file), 0)) + 1);
+  // What has no size of its own, or says 0 as the files of the kernel do, is read until it ends.
+  const std::size_t step = file.size > 0 ? static_cast<std::size_t>(file.size) : chunk_size;
   std::size_t filled = 0;
-  for (;;) {
-    filled += read_bytes(file, std::as_writable_bytes(std::span(text).subspan(filled)));
-    if (filled < text.size()) {
-      break;
-    }
-    text.resize(text.size() + chunk_size);
-  }
+  do {
+    text.resize(filled + step);
+    filled += read_bytes(file.handle, std::as_writable_bytes(std::span(text).subspan(filled)));
+  } while (filled == text.size() && file.size <= 0);
   text.resize(filled);
   return text;
 }

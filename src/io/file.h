@@ -32,9 +32,15 @@ class file_handle {
 /// How many bytes are moved at a time, from a file or to it.
 inline constexpr std::size_t chunk_size = std::size_t{256} * 1024;
 
+/// A file to read, and its size.
+struct readable_file {
+  file_handle handle;
+  std::int64_t size = -1;  // bytes of a regular file, -1 for anything else
+};
+
 /// Opens a file to read. A named pipe that nobody writes to reads as empty instead of waiting for a
-/// writer. The result is closed when the file cannot be opened; so below.
-file_handle open_to_read(const std::string& path);
+/// writer. The handle is closed when the file cannot be opened; so below.
+readable_file open_to_read(const std::string& path);
 
 /// Creates or empties a file to write.
 file_handle open_to_write(const std::string& path);
@@ -48,9 +54,6 @@ std::size_t read_bytes(const file_handle& file, std::span<std::byte> bytes);
 
 /// Writes all bytes. What the system refuses is lost without a word: nobody checks for a full disk.
 void write_bytes(const file_handle& file, std::span<const std::byte> bytes);
-
-/// The size of a regular file in bytes, -1 for anything else.
-std::int64_t regular_file_size(const file_handle& file);
 
 /// The whole content of a file. One that cannot be opened, or a folder, reads as empty.
 std::string read_file(const std::string& path);

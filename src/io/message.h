@@ -14,6 +14,12 @@ inline void append_piece(std::string& text, std::string_view piece) {
   text += piece;
 }
 
+/// Appends a literal, whose length needs no counting.
+template <std::size_t size>
+void append_piece(std::string& text, const char (&literal)[size]) {
+  text.append(literal, size - 1);
+}
+
 /// Appends a number in decimal, a byte too.
 template <std::integral Number>
 requires(!std::same_as<Number, char> &&
