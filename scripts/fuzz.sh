@@ -17,7 +17,8 @@ else
 fi
 
 require_test
-require clang clang++
+require clang clang++ \
+  libclang-rt-14-dev /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.fuzzer-x86_64.a
 cmake --preset fuzz
 cmake --build --preset fuzz --target "${targets[@]/#/fuzz_}"
 

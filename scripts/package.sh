@@ -14,7 +14,7 @@ export SOURCE_DATE_EPOCH
 # pack FOLDER: builds a copy of the tree in a folder and makes its four packages.
 pack() {
   mkdir -p "$1"
-  cp -r CMakeLists.txt README.md CONTRIBUTING.md cmake completions docs packaging src "$1"
+  cp -r CMakeLists.txt README.md CONTRIBUTING.md CHANGELOG.md cmake completions docs packaging src "$1"
   local toolchain
   for toolchain in "" "$1/cmake/aarch64.cmake"; do
     local build="$1/build${toolchain:+-aarch64}"

@@ -1,0 +1,28 @@
+# The manual has no fault that mandoc sees, names every option of the usage text, and its examples run.
+source "$SOURCE/tests/documents/test_folder.sh"
+
+manual=$SOURCE/docs/morvane_gen.1
+
+mandoc -Tlint -W all "$manual" || fail "mandoc finds faults"
+mandoc -Tascii "$manual" | sed 's/.\x08//g' >page
+
+morvane_gen --help >usage || [ $? -eq 1 ]
+grep -o -e ' -[a-z] ' -e ' --[a-z]*' usage | sort -u >options
+[ "$(wc -l <options)" -eq 13 ] || fail "$(wc -l <options) options in the usage text"
+while read -r option; do
+  grep -q -e "$option" page || fail "the manual leaves out $option"
+done <options
+
+# The commands of the examples, in one shell, in a copy of the sample folder.
+cp -r "$SOURCE/examples/wake_word" out
+sed -n '/^EXAMPLES/,/^[A-Z]/s/^ *\$ //p' page >commands
+[ "$(wc -l <commands)" -ge 3 ] || fail "too few examples"
+while read -r command; do
+  status=0
+  bash -c "$command" >printed || status=$?
+  # An inspection ends with 1.
+  [ $status -eq 0 ] || [ $status -eq 1 ] || fail "$command ends with $status"
+  ! grep -q '^error\|^Usage' printed || fail "$command prints $(<printed)"
+done <commands
+
+cmp net.bin again.bin || fail "the regenerated folder packs to something else"

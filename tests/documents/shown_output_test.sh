@@ -1,0 +1,32 @@
+# The commands that the documents show print what the documents show. In a block ```console a line that
+# begins with "$ " is a command, and the lines up to the next command are what it prints. The commands of a
+# document run in one shell, one after the other, in a copy of the source tree.
+source "$SOURCE/tests/documents/test_folder.sh"
+
+# Runs the commands of a file as if they were typed, each after its prompt.
+run_commands() {
+  set +eu
+  status=0
+  while IFS= read -r command <&3; do
+    printf '$ %s\n' "$command"
+    (exit $status)
+    eval "$command" 2>&1 3<&-
+    status=$?
+  done 3<"$1"
+}
+
+[ -e "$SOURCE/README.md" ] || fail "there is no README.md"
+for document in "$SOURCE"/*.md "$SOURCE"/docs/*.md; do
+  name=${document#"$SOURCE"/}
+  sed -n '/^```console$/,/^```$/p' "$document" | grep -v '^```' >shown || true
+  sed -n 's/^\$ //p' shown >commands
+  if [ ! -s commands ]; then
+    [ "$name" != README.md ] || fail "README.md shows nothing"
+    continue
+  fi
+  rm -rf copy
+  mkdir copy
+  tar -C "$SOURCE" --exclude='./build*' --exclude=./dist --exclude=./.git -cf - . | tar -C copy -xf -
+  (cd copy && run_commands ../commands) >printed </dev/null
+  same "$name" shown printed
+done
