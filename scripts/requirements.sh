@@ -4,13 +4,19 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-# require PACKAGE FILE-OR-COMMAND ...: pairs of a package and what shows that it is there.
+# is_there COMMAND, or is_there /PATH/OF/A/FILE
+is_there() {
+  case $1 in
+    /*) [ -e "$1" ] ;;
+    *) command -v "$1" >/dev/null ;;
+  esac
+}
+
+# require PACKAGE PROOF ...: pairs of a package and the command or file that shows that it is there.
 require() {
   local missing=()
   while [ $# -gt 0 ]; do
-    if [ ! -e "$2" ] && ! command -v "$2" >/dev/null; then
-      missing+=("$1")
-    fi
+    is_there "$2" || missing+=("$1")
     shift 2
   done
   if [ ${#missing[@]} -eq 0 ]; then
