@@ -33,3 +33,8 @@ if(MORVANE_SANITIZERS)
                             -fno-omit-frame-pointer)
   target_link_options(morvane_flags INTERFACE -fsanitize=${MORVANE_SANITIZERS})
 endif()
+
+# The fuzzer sees which lines an input reaches; its own main is linked to the fuzz targets only.
+if(MORVANE_FUZZ)
+  target_compile_options(morvane_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()

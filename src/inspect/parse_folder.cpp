@@ -34,11 +34,11 @@ std::string make_parse_folder(const std::string& parsedir) {
 }
 
 file_handle create_parsed_file(const parsed_file& file) {
-  return open_parsed_file(file, open_to_write);
+  return open_parsed_file(file, open_to_write_in_place);
 }
 
 file_handle append_to_parsed_file(const parsed_file& file) {
-  return open_parsed_file(file, open_to_append);
+  return open_parsed_file(file, open_to_append_in_place);
 }
 
 void remove_parsed_file(const parsed_file& file) {

@@ -8,8 +8,9 @@
 
 namespace morvane {
 
-/// A file of the parse folder. A name from a package may hold a "/": such a file is not in the
-/// folder, so it cannot be created, and nothing else is touched in its place.
+/// A file of the parse folder. Whatever a package says, an inspection touches nothing outside: a
+/// name that holds a "/" is not in the folder and cannot be created, and a symbolic link that
+/// stands in the file's place is not followed.
 struct parsed_file {
   std::string path;
   bool in_folder = false;

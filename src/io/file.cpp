@@ -56,8 +56,12 @@ file_handle open_to_write(const std::string& path) {
   return open_file(path, O_WRONLY | O_CREAT | O_TRUNC);
 }
 
-file_handle open_to_append(const std::string& path) {
-  return open_file(path, O_WRONLY | O_CREAT | O_APPEND);
+file_handle open_to_write_in_place(const std::string& path) {
+  return open_file(path, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW);
+}
+
+file_handle open_to_append_in_place(const std::string& path) {
+  return open_file(path, O_WRONLY | O_CREAT | O_APPEND | O_NOFOLLOW);
 }
 
 std::size_t read_bytes(const file_handle& file, std::span<std::byte> bytes) {

@@ -45,8 +45,12 @@ readable_file open_to_read(const std::string& path);
 /// Creates or empties a file to write.
 file_handle open_to_write(const std::string& path);
 
+/// The same, but fails at a symbolic link in the file's place: nothing is written elsewhere; so
+/// below.
+file_handle open_to_write_in_place(const std::string& path);
+
 /// Opens a file to write at its end, and creates it when it is missing.
-file_handle open_to_append(const std::string& path);
+file_handle open_to_append_in_place(const std::string& path);
 
 /// Reads until the bytes are filled or the file ends; an unreadable file ends at once. Returns the
 /// number of bytes read.

@@ -18,6 +18,18 @@ namespace morvane::test {
 
 namespace {
 
+constexpr unsigned longest_run = 500;  // seconds
+
+/// A program's surroundings are the same on every machine, and it leaves no memory image behind.
+void settle_surroundings() {
+  for (const char* variable : {"LANG", "LANGUAGE", "LC_ALL", "LC_MESSAGES", "POSIXLY_CORRECT"}) {
+    ::unsetenv(variable);
+  }
+  constexpr rlimit no_core{.rlim_cur = 0, .rlim_max = 0};
+  ::setrlimit(RLIMIT_CORE, &no_core);
+  ::alarm(longest_run);
+}
+
 [[noreturn]] void become(const std::vector<std::string>& arguments, const std::string& folder,
                          const std::string& output, const std::string& diagnostics) {
   std::vector<char*> words;
@@ -25,6 +37,7 @@ namespace {
     words.push_back(const_cast<char*>(argument.c_str()));
   }
   words.push_back(nullptr);
+  settle_surroundings();
   const int write_flags = O_WRONLY | O_CREAT | O_TRUNC;
   const bool ready = ::dup2(::open("/dev/null", O_RDONLY), STDIN_FILENO) >= 0 &&
                      ::dup2(::open(output.c_str(), write_flags, 0600), STDOUT_FILENO) >= 0 &&

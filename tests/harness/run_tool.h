@@ -14,7 +14,8 @@ struct run_result {
   long peak_kib = 0;        // greatest resident memory, the emulator's or checker's included
 };
 
-/// Starts a program in a folder, with nothing on standard input, and waits for its end.
+/// Starts a program in a folder, with nothing on standard input, and waits for its end. It runs in
+/// the C locale whatever the environment says, and one that hangs is ended by SIGALRM.
 run_result run_program(const std::vector<std::string>& arguments, const std::string& folder);
 
 /// Starts morvane_gen with arguments in a folder, behind the prefix command of this build.

@@ -11,7 +11,8 @@ namespace morvane::test {
 
 namespace fs = std::filesystem;
 
-scratch_folder::scratch_folder() : path_((fs::temp_directory_path() / "morvane-XXXXXX").string()) {
+scratch_folder::scratch_folder(const fs::path& parent)
+    : path_((parent / "morvane-XXXXXX").string()) {
   if (::mkdtemp(path_.data()) == nullptr) {
     throw std::runtime_error("cannot make a scratch folder");
   }

@@ -10,7 +10,9 @@ namespace morvane::test {
 
 class scratch_folder {
  public:
-  scratch_folder();
+  /// Makes the folder in the place for temporary files, or in another folder.
+  scratch_folder() : scratch_folder(std::filesystem::temp_directory_path()) {}
+  explicit scratch_folder(const std::filesystem::path& parent);
   scratch_folder(const scratch_folder&) = delete;
   scratch_folder& operator=(const scratch_folder&) = delete;
   ~scratch_folder();

@@ -18,7 +18,9 @@ TEST(VersionText, ShowsEveryByteOfAnyVersionAndHash) {
   EXPECT_EQ(version_text(0xFFFFFFFF, 0xFFFFFFFF), "version 255.255.65535 ( HASH ffffffff )");
 }
 
-TEST(RevisionHash, IsTheNumberOfItsText) { EXPECT_EQ(revision_hash(), 0x0B3B3814U); }
+TEST(RevisionHash, IsTheNumberOfItsText) {
+  EXPECT_EQ(revision_hash(), 0x0B3B3814U);
+}
 
 }  // namespace
 }  // namespace morvane

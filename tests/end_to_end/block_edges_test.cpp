@@ -1,0 +1,151 @@
+// Lines of exactly the greatest length and one more, as the first, an inner and the last line of a
+// block, for every kind of block; and the last line of a header as the end of a block.
+#include <gtest/gtest.h>
+
+#include "end_to_end/compiler_output.h"
+#include "end_to_end/expectations.h"
+#include "end_to_end/package_records.h"
+#include "harness/run_tool.h"
+#include "harness/scratch_folder.h"
+
+namespace morvane::test {
+namespace {
+
+/// Packs one DVI with a DAG name and these lines as its header, with vproc records. Returns the
+/// package from the end of its table on.
+std::string packed(std::string_view lines) {
+  const scratch_folder folder;
+  put_dag(folder, "net", dag_lines("net") + std::string(lines));
+  EXPECT_EQ(run_tool({"-d", "in", "-f", "net.bin", "-c"}, folder.path()).status, 0);
+  return folder.read("net.bin").substr(168);
+}
+
+const std::string no_vproc = vproc_record(0, 0, 0);
+
+TEST(LineOf1023Characters, IsReadWithoutAMessage) {
+  const scratch_folder folder;
+  put_dag(folder, "net",
+          padded("#define net_DAG_NAME net", 1023) + "\n" +  //
+              padded("/* HMB_input a */", 1023) + "\n" +     //
+              padded("/* HMB_output b */", 1023) + "\n" +    //
+              padded("/* $x */", 1023) + "\n" +              //
+              padded("/* SMB_input s */", 1022) + "\r\n");
+  expect_run(run_tool({"-d", "in", "-f", "net.bin", "-c"}, folder.path()), 0,
+             "Save to file net.bin with file size 2608.\n\n");
+}
+
+TEST(LineOf1024Characters, WithItsCarriageReturnIsTooLong) {
+  const scratch_folder folder;
+  const std::string line = padded("/* HMB_input a */", 1023) + "\r";
+  put_dag(folder, "net", dag_lines("net") + line + "\n");
+  const std::string message = length_message("LINE_LEN", line);
+  expect_run(run_tool({"-d", "in", "-f", "net.bin"}, folder.path()), 0,
+             message + message + message +
+                 "warning: fail to find HMB input info in in/_net.h\n"
+                 "warning: fail to find HMB output info in in/_net.h\n"
+                 "Save to file net.bin with file size 168.\n\n");
+}
+
+TEST(LineOf1024Characters, WithANulInItIsTooLongAsAWhole) {
+  const scratch_folder folder;
+  std::string line = padded("short", 1024);
+  line[5] = '\0';
+  put_dag(folder, "net", dag_lines("net") + line + "\n");
+  const std::string message = length_message("LINE_LEN", line);
+  expect_run(run_tool({"-d", "in", "-f", "net.bin"}, folder.path()), 0,
+             message + message + message +
+                 "warning: fail to find HMB input info in in/_net.h\n"
+                 "warning: fail to find HMB output info in in/_net.h\n"
+                 "Save to file net.bin with file size 168.\n\n");
+}
+
+TEST(LineLimit, OfTheDagName) {
+  const auto table = [](std::size_t length) {
+    const scratch_folder folder;
+    put_dag(folder, "net",
+            padded("#define net_DAG_NAME net", length) + "\n" +
+                padded("#define net_image_start 7", length) + "\n");
+    run_tool({"-d", "in", "-f", "net.bin"}, folder.path());
+    return folder.read("net.bin");
+  };
+  expect_bytes(table(1023), package_header(1) + dvi_record({.img_vaddr = 7, .dag_name = "net"}));
+  expect_bytes(table(1024), package_header(1) + dvi_record({}));
+}
+
+TEST(LineLimit, OfThePortBlocks) {
+  const std::string intro = "/* HMB_input a */";
+  const std::string macro = "#define net_a_W 1";
+  const std::string last = "#define net_a_H 2";
+  const auto lines = [&](std::size_t first_length, std::size_t inner_length,
+                         std::size_t last_length) {
+    return packed(padded(intro, first_length) + "\n" + padded(macro, inner_length) + "\n" +
+                  padded(last, last_length));
+  };
+  expect_bytes(lines(1023, 1023, 1023), port_record({.port_name = "a", .H = 2, .W = 1}) + no_vproc);
+  expect_bytes(lines(1024, 20, 20), no_vproc);
+  expect_bytes(lines(20, 1024, 20), port_record({.port_name = "a", .H = 2}) + no_vproc);
+  expect_bytes(lines(20, 20, 1024), port_record({.port_name = "a", .W = 1}) + no_vproc);
+}
+
+TEST(LineLimit, OfTheVariableBlocks) {
+  const auto lines = [](std::size_t first_length, std::size_t inner_length,
+                        std::size_t last_length) {
+    return packed(padded("/* $x */", first_length) + "\n" +
+                  padded("#define x_boffset 1", inner_length) + "\n" +
+                  padded("#define x_bsize 2", last_length));
+  };
+  expect_bytes(lines(1023, 1023, 1023), vproc_record(1, 0, 136) + variable_record("x", 1, 2));
+  expect_bytes(lines(1024, 20, 20), no_vproc);
+  expect_bytes(lines(20, 1024, 20), vproc_record(1, 0, 136) + variable_record("x", 0, 2));
+  expect_bytes(lines(20, 20, 1024), vproc_record(1, 0, 136) + variable_record("x", 1, 0));
+}
+
+TEST(LineLimit, OfTheSmbBlocks) {
+  const auto lines = [](std::size_t first_length, std::size_t last_length) {
+    return packed(padded("/* SMB_input s */", first_length) + "\n" +
+                  padded("#define net_s_vbase_byte_offset 1", last_length));
+  };
+  expect_bytes(lines(1023, 1023), vproc_record(0, 1, 132) + smb_record("s", 1));
+  expect_bytes(lines(1024, 40), no_vproc);
+  expect_bytes(lines(40, 1024), vproc_record(0, 1, 132) + smb_record("s", 0));
+}
+
+TEST(LastLineWithoutLineBreak, MayBeTheNextPort) {
+  expect_bytes(
+      packed("/* HMB_input a */\n#define net_a_W 1\n/* HMB_input b */"),
+      port_record({.port_name = "a", .W = 1}) + port_record({.port_name = "b"}) + no_vproc);
+  expect_bytes(packed("/* HMB_output a */\n/* HMB_output b */"),
+               port_record({.port_name = "a"}) + port_record({.port_name = "b"}) + no_vproc);
+}
+
+TEST(LastLineWithoutLineBreak, MayBeTheNextVariable) {
+  expect_bytes(packed("/* $x */\n#define x_bsize 1\n/* $y */"),
+               vproc_record(2, 0, 272) + variable_record("x", 0, 1) + variable_record("y", 0, 0));
+}
+
+TEST(LastLineWithoutLineBreak, MayBeTheNextSmb) {
+  expect_bytes(packed("/* SMB_input s */\n#define net_s_vbase_byte_offset 1\n/* SMB_input t */"),
+               vproc_record(0, 2, 264) + smb_record("s", 1) + smb_record("t", 0));
+}
+
+TEST(LastLineWithoutLineBreak, MayHoldTheLastMacroOfABlock) {
+  expect_bytes(packed("/* HMB_input a */\n#define net_a_W 12"),
+               port_record({.port_name = "a", .W = 12}) + no_vproc);
+  expect_bytes(packed("/* $x */\n#define x_bsize 12"),
+               vproc_record(1, 0, 136) + variable_record("x", 0, 12));
+  expect_bytes(packed("/* SMB_input s */\n#define net_s_vbase_byte_offset 12"),
+               vproc_record(0, 1, 132) + smb_record("s", 12));
+}
+
+TEST(CrLfLines, GiveTheSameRecordsWhereNoNameEndsALine) {
+  expect_bytes(packed("/* HMB_input a */\r\n#define net_a_W 1\r\n\r\n#define net_a_H 2\r\n"
+                      "/* HMB_output b */\r\n#define net_b_qubrix_demangled_name \"x/y\"\r\n"
+                      "/* $x */\r\n#define x_boffset 3\r\n#define x_bsize 4\r\n"
+                      "/* SMB_input s */\r\n#define net_s_vbase_byte_offset 5\r\n"),
+               port_record({.port_name = "a", .H = 2, .W = 1}) +
+                   port_record({.port_name = "b", .layer_name = "x/y"}) + vproc_record(1, 1, 268) +
+                   variable_record("x", 3, 4) + smb_record("s", 5));
+}
+
+}  // namespace
+}  // namespace morvane::test

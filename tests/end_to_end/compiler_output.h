@@ -1,0 +1,22 @@
+// Input folders as the compiler leaves them.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "harness/scratch_folder.h"
+
+namespace morvane::test {
+
+/// Writes a DVI, STEM.dvi, and its header, _STEM.h, into the folder "in".
+void put_dag(const scratch_folder& folder, std::string_view stem, std::string_view header,
+             std::string_view image = "");
+
+/// The lines that name a DAG and give the size of its image, which goes without saying when it
+/// is 0.
+std::string dag_lines(std::string_view dag_name, unsigned image_size = 0);
+
+/// A line of so many characters, without its line break: the text, and blanks after it.
+std::string padded(std::string_view text, std::size_t length);
+
+}  // namespace morvane::test

@@ -1,0 +1,175 @@
+// The order of the DVIs in the package, the order check, and the check for duplicate DAG names.
+#include <gtest/gtest.h>
+
+#include "end_to_end/compiler_output.h"
+#include "end_to_end/expectations.h"
+#include "end_to_end/package_records.h"
+#include "harness/run_tool.h"
+#include "harness/scratch_folder.h"
+
+namespace morvane::test {
+namespace {
+
+const std::vector<std::string> pack = {"-d", "in", "-f", "net.bin"};
+const std::vector<std::string> pack_with_vproc = {"-d", "in", "-f", "net.bin", "-c"};
+
+constexpr const char* disordered =
+    "error: files in input folder are disordered.\n"
+    "error: number of DVI files doesn't match that of Header files.\n";
+
+/// Writes DVIs of these names and packs them. Returns the dvi_id of every DVI in the package, or
+/// what the run printed when it failed.
+std::string packed_ids(const std::vector<std::string>& stems) {
+  const scratch_folder folder;
+  for (const std::string& stem : stems) {
+    put_dag(folder, stem, dag_lines("net"));
+  }
+  const run_result run = run_tool(pack, folder.path());
+  if (run.status != 0) {
+    return run.output;
+  }
+  const std::string package = folder.read("net.bin");
+  std::string ids;
+  for (std::size_t record = 12; record < package.size(); record += 156) {
+    ids += std::to_string(static_cast<unsigned char>(package[record])) + " ";
+  }
+  return ids;
+}
+
+TEST(InputOrder, FollowsTheFileIndex) {
+  EXPECT_EQ(packed_ids({"dag_split_2", "dag_split_0", "dag_split_1"}), "0 1 2 ");
+  EXPECT_EQ(packed_ids({"a_split_3", "b_split_02", "c_split_1", "d"}), "0 1 2 3 ");
+}
+
+TEST(InputOrder, PutsEveryDviInItsPlaceWithItsImage) {
+  const scratch_folder folder;
+  put_dag(folder, "a_split_2", dag_lines("a", 1), "A");
+  put_dag(folder, "b_split_0", dag_lines("b", 1), "B");
+  put_dag(folder, "c_split_1", dag_lines("c", 1), "C");
+  run_tool(pack, folder.path());
+  expect_bytes(
+      folder.read("net.bin"),
+      package_header(3) + dvi_record({.img_size = 1, .pkg_size = 1, .dag_name = "b"}) +
+          dvi_record({.dvi_id = 1, .vproc_id = 1, .img_size = 1, .pkg_size = 1, .dag_name = "c"}) +
+          dvi_record({.dvi_id = 2, .vproc_id = 2, .img_size = 1, .pkg_size = 1, .dag_name = "a"}) +
+          "BCA");
+}
+
+TEST(InputOrder, OnlyTheDigitsBeforeTheExtensionCount) {
+  EXPECT_EQ(packed_ids({"dag_split_0", "dag_split_1", "dag_split_2", "dag0_split_x3"}), "0 1 2 3 ");
+  EXPECT_EQ(packed_ids({"dag_split_9_split_0", "dag_split_0_1"}), "0 1 ");
+}
+
+TEST(InputOrder, RefusesAGreatestIndexThatDoesNotSuitTheNumberOfFiles) {
+  EXPECT_EQ(packed_ids({"net_split_2"}), disordered);
+  EXPECT_EQ(packed_ids({"dag_split_1"}), disordered);
+  EXPECT_EQ(packed_ids({"dag_split_0", "dag_split_1", "dag_split_3"}), disordered);
+  EXPECT_EQ(packed_ids({"a", "b", "c_split_1"}), disordered);
+}
+
+TEST(InputOrder, AcceptsWhateverStandsBelowTheGreatestIndex) {
+  EXPECT_EQ(packed_ids({"dag_split_0"}), "0 ");
+  EXPECT_EQ(packed_ids({"dag"}), "0 ");
+  EXPECT_EQ(packed_ids({"dag_split_0", "x_split_2", "y_split_2"}), "0 2 2 ");
+  EXPECT_EQ(packed_ids({"x_split_1", "y_split_1"}), "1 1 ");
+  EXPECT_EQ(packed_ids({"a_split_3", "b_split_3", "c_split_3", "d_split_3"}), "3 3 3 3 ");
+  EXPECT_EQ(packed_ids({"a", "b_split_0", "c"}), "0 0 0 ");
+}
+
+TEST(InputOrder, CutsTheIndexTo32BitsSigned) {
+  EXPECT_EQ(packed_ids({"dag_split_4294967296"}), "0 ");
+  EXPECT_EQ(packed_ids({"a_split_0", "b_split_4294967297"}), "0 1 ");
+  // -1 as a signed number: it comes first, and the order check does not look at it.
+  EXPECT_EQ(packed_ids({"a_split_0", "b_split_4294967295"}), "255 0 ");
+  EXPECT_EQ(packed_ids({"a_split_0", "b_split_99999999999999999999"}), "255 0 ");
+}
+
+TEST(InputOrder, DisorderedFilesWithoutHeaders) {
+  const scratch_folder folder;
+  folder.write("in/net_split_1.dvi", "");
+  expect_run(run_tool(pack, folder.path()), 255,
+             "error: files in input folder are disordered.\n"
+             "error: can't find file net_split_1.h. please check filename format between .dvi and "
+             ".h files.\n"
+             "error: can't find matched .dvi files and .h files\n");
+  EXPECT_FALSE(folder.exists("net.bin"));
+}
+
+TEST(InputOrder, KeepsTheLowByteOfIndexAndPosition) {
+  const scratch_folder folder;
+  for (int index = 0; index <= 300; ++index) {
+    put_dag(folder, "net_split_" + std::to_string(index), "");
+  }
+  EXPECT_EQ(run_tool(pack, folder.path()).status, 0);
+  const std::string package = folder.read("net.bin");
+  const auto record = [&](std::size_t position) {
+    return package.substr(12 + 156 * position, 156);
+  };
+  expect_bytes(record(255), dvi_record({.dvi_id = 255, .vproc_id = 255}));
+  expect_bytes(record(256), dvi_record({.dvi_id = 0, .vproc_id = 0}));
+  expect_bytes(record(300), dvi_record({.dvi_id = 44, .vproc_id = 44}));
+}
+
+constexpr const char* no_name = "/* HMB_input x */\n";
+
+/// Packs four DVIs with vproc records, checks that the run fails before it writes, and returns what
+/// it printed.
+std::string refusal(const std::vector<std::string>& headers) {
+  const scratch_folder folder;
+  for (std::size_t i = 0; i < headers.size(); ++i) {
+    put_dag(folder, "net_split_" + std::to_string(i), headers[i]);
+  }
+  const run_result run = run_tool(pack_with_vproc, folder.path());
+  EXPECT_EQ(run.status, 255);
+  EXPECT_FALSE(folder.exists("net.bin"));
+  return run.output;
+}
+
+TEST(DuplicateDagNames, NameTheLaterAndTheEarlierHeader) {
+  EXPECT_EQ(refusal({dag_lines("same"), dag_lines("b"), dag_lines("same"), dag_lines("b")}),
+            "error: detection duplicate DAG NAME between file in/_net_split_2.h and file "
+            "in/_net_split_0.h\n");
+}
+
+TEST(DuplicateDagNames, NameTheWrongEarlierHeaderWhenOneHasNoName) {
+  EXPECT_EQ(refusal({no_name, dag_lines("same"), dag_lines("same")}),
+            "error: detection duplicate DAG NAME between file in/_net_split_2.h and file "
+            "in/_net_split_0.h\n");
+  EXPECT_EQ(refusal({dag_lines("a"), no_name, no_name, dag_lines("b"), dag_lines("b")}),
+            "error: detection duplicate DAG NAME between file in/_net_split_4.h and file "
+            "in/_net_split_1.h\n");
+}
+
+TEST(DuplicateDagNames, AreFoundBeforeTheHeadersAreCounted) {
+  const scratch_folder folder;
+  for (const char* name : {"in/a_split_0", "in/b_split_1", "in/c_split_2"}) {
+    folder.write(std::string(name) + ".dvi", "");
+  }
+  folder.write("in/a_split_0.h", dag_lines("same"));
+  folder.write("in/b_split_1.h", dag_lines("same"));
+  expect_run(run_tool(pack_with_vproc, folder.path()), 255,
+             "error: can't find file c_split_2.h. please check filename format between .dvi and "
+             ".h files.\n"
+             "error: detection duplicate DAG NAME between file in/b_split_1.h and file "
+             "in/a_split_0.h\n");
+}
+
+TEST(DuplicateDagNames, AreComparedWholeAndInTheirCase) {
+  const scratch_folder folder;
+  put_dag(folder, "net_split_0", dag_lines("net"));
+  put_dag(folder, "net_split_1", dag_lines("Net"));
+  put_dag(folder, "net_split_2", dag_lines("net2"));
+  put_dag(folder, "net_split_3", "");
+  put_dag(folder, "net_split_4", "");
+  EXPECT_EQ(run_tool(pack_with_vproc, folder.path()).status, 0);
+}
+
+TEST(DuplicateDagNames, ArePackedWithoutVproc) {
+  const scratch_folder folder;
+  put_dag(folder, "net_split_0", dag_lines("same") + "/* HMB_input a */\n/* HMB_output b */\n");
+  put_dag(folder, "net_split_1", dag_lines("same") + "/* HMB_input a */\n/* HMB_output b */\n");
+  expect_run(run_tool(pack, folder.path()), 0, "Save to file net.bin with file size 4644.\n\n");
+}
+
+}  // namespace
+}  // namespace morvane::test

@@ -1,0 +1,101 @@
+// The program and its library as files: what the library exports, and where the pair runs.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
+
+#include "end_to_end/compiler_output.h"
+#include "end_to_end/expectations.h"
+#include "end_to_end/package_records.h"
+#include "end_to_end/usage_text.h"
+#include "harness/run_tool.h"
+#include "harness/scratch_folder.h"
+
+namespace morvane::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Starts a copy of the program as another command does, behind the prefix of run_tool.
+run_result run_copy(const std::string& program, const std::vector<std::string>& arguments,
+                    const std::string& folder) {
+  std::vector<std::string> words = run_prefix();
+  words.push_back(program);
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  return run_program(words, folder);
+}
+
+void copy_into(const scratch_folder& folder, const std::string& file) {
+  fs::copy_file(file, folder.path(fs::path(file).filename().string()));
+}
+
+TEST(Library, DefinesOneDynamicSymbol) {
+  const scratch_folder folder;
+  const run_result run = run_program(
+      {"nm", "--dynamic", "--defined-only", "--format=posix", library_path()}, folder.path());
+  if (run.status == 127) {
+    GTEST_SKIP() << "nm is not installed";
+  }
+  ASSERT_EQ(run.status, 0) << run.diagnostics;
+  EXPECT_EQ(run.output.substr(0, run.output.find_last_of('T') + 1), "morvane_main T");
+  EXPECT_EQ(std::ranges::count(run.output, '\n'), 1);
+}
+
+TEST(Pair, RunsFromAnotherFolderWhenMovedTogether) {
+  const scratch_folder folder;
+  copy_into(folder, tool_path());
+  copy_into(folder, library_path());
+  put_dag(folder, "net", dag_lines("net", 5), "image");
+  const std::string program = folder.path("morvane_gen");
+  expect_run(run_copy(program, {"--version"}, "/"), 1, version_line);
+  expect_run(run_copy(program, {"-d", "in"}, folder.path()), 0,
+             "warning: fail to find HMB input info in in/_net.h\n"
+             "warning: fail to find HMB output info in in/_net.h\n"
+             "Save to file morvane_gen.bin with file size 173.\n\n");
+}
+
+TEST(Pair, TakesItsLibraryFromItsOwnFolder) {
+  const scratch_folder folder;
+  copy_into(folder, tool_path());
+  // Without its library beside it the program does not start, so it knows no other place.
+  expect_run(run_copy(folder.path("morvane_gen"), {"--version"}, folder.path()), 127, "");
+}
+
+TEST(WorkingFolder, IsWhereRelativePathsBegin) {
+  const scratch_folder folder;
+  put_dag(folder, "net", dag_lines("net", 5), "image");
+  folder.make_folder("work/out");
+  expect_run(run_tool({"-d", "../in", "-f", "../net.bin", "-p", "out", "-v"}, folder.path("work")),
+             0,
+             "warning: fail to find HMB input info in ../in/_net.h\n"
+             "warning: fail to find HMB output info in ../in/_net.h\n"
+             "Save to file ../net.bin with file size 173.\n"
+             "\n"
+             "version 2.1.6 ( HASH b3b3814 ) dvi_num: 1\n"
+             "\n"
+             "dvi_id: 0\t dvi_img_vaddr: 0\t dvi_img_size: 5\t dvi_dag_vaddr: 0\t input_num: 0\t "
+             "output_num: 0\t dvi_pkg_size: 5\t dvi_ppv: 0\t vproc_id: 0\t dag_name: net\n"
+             "\n"
+             "dvi_id: 0 dag_name: net input_num: 0 output_num: 0\n"
+             "\n"
+             ".dvi files are parsed to folder out/parse\n"
+             "\n");
+  EXPECT_EQ(folder.read("work/out/parse/net.dvi"), "image");
+  EXPECT_TRUE(folder.exists("net.bin"));
+}
+
+TEST(WorkingFolder, DoesNotMatterToAbsolutePaths) {
+  const scratch_folder folder;
+  put_dag(folder, "net", dag_lines("net", 5), "image");
+  const std::string input = folder.path("in");
+  const std::string package = folder.path("net.bin");
+  expect_run(run_tool({"-d", input, "-f", package}, "/"), 0,
+             "warning: fail to find HMB input info in " + input + "/_net.h\n" +
+                 "warning: fail to find HMB output info in " + input + "/_net.h\n" +
+                 "Save to file " + package + " with file size 173.\n\n");
+  EXPECT_EQ(folder.read("net.bin").size(), 173U);
+}
+
+}  // namespace
+}  // namespace morvane::test

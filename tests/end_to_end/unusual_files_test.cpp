@@ -1,0 +1,163 @@
+// Input that is no regular file: folders, links, devices, and pipes that nobody writes to.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "end_to_end/compiler_output.h"
+#include "end_to_end/expectations.h"
+#include "end_to_end/package_records.h"
+#include "harness/run_tool.h"
+#include "harness/scratch_folder.h"
+
+namespace morvane::test {
+namespace {
+
+const std::vector<std::string> pack = {"-d", "in", "-f", "net.bin"};
+
+const std::string no_ports =
+    "warning: fail to find HMB input info in in/_net.h\n"
+    "warning: fail to find HMB output info in in/_net.h\n";
+
+const std::string saved_empty = "Save to file net.bin with file size 168.\n\n";
+
+TEST(UnusualHeader, AFolderReadsAsEmpty) {
+  const scratch_folder folder;
+  folder.write("in/net.dvi", "image");
+  folder.make_folder("in/_net.h");
+  expect_run(run_tool({"-d", "in", "-f", "net.bin", "-c"}, folder.path()), 0,
+             no_ports +
+                 "warning: fail to find vproc self-defined variables in in/_net.h\n"
+                 "Save to file net.bin with file size 180.\n\n");
+  expect_bytes(folder.read("net.bin"), package_header(1) + dvi_record({}) + vproc_record(0, 0, 0));
+}
+
+TEST(UnusualHeader, ADanglingLinkReadsAsEmpty) {
+  const scratch_folder folder;
+  folder.write("in/net.dvi", "image");
+  std::filesystem::create_symlink("nowhere", folder.path("in/_net.h"));
+  expect_run(run_tool(pack, folder.path()), 0, no_ports + saved_empty);
+  expect_bytes(folder.read("net.bin"), package_header(1) + dvi_record({}));
+}
+
+TEST(UnusualHeader, APipeThatNobodyWritesToReadsAsEmpty) {
+  const scratch_folder folder;
+  folder.write("in/net.dvi", "image");
+  ASSERT_EQ(::mkfifo(folder.path("in/_net.h").c_str(), 0600), 0);
+  expect_run(run_tool(pack, folder.path()), 0, no_ports + saved_empty);
+}
+
+TEST(UnusualHeader, ALinkToAHeaderIsRead) {
+  const scratch_folder folder;
+  folder.write("in/net.dvi", "");
+  folder.write("header", dag_lines("net"));
+  std::filesystem::create_symlink("../header", folder.path("in/_net.h"));
+  run_tool(pack, folder.path());
+  expect_bytes(folder.read("net.bin"), package_header(1) + dvi_record({.dag_name = "net"}));
+}
+
+TEST(UnusualImage, AFolderYieldsNoBytes) {
+  const scratch_folder folder;
+  folder.make_folder("in/net.dvi");
+  folder.write("in/_net.h", dag_lines("net", 1));
+  expect_run(run_tool(pack, folder.path()), 255,
+             no_ports + "error: fail to read 1 bytes from in/net.dvi\n");
+  expect_bytes(folder.read("net.bin"),
+               package_header(1) + dvi_record({.img_size = 1, .pkg_size = 1, .dag_name = "net"}));
+}
+
+TEST(UnusualImage, AFolderIsADviAllTheSame) {
+  const scratch_folder folder;
+  folder.make_folder("in/net.dvi");
+  folder.write("in/_net.h", dag_lines("net"));
+  expect_run(run_tool(pack, folder.path()), 0, no_ports + saved_empty);
+}
+
+TEST(UnusualImage, APipeThatNobodyWritesToYieldsNoBytes) {
+  const scratch_folder folder;
+  folder.write("in/_net.h", dag_lines("net", 4));
+  ASSERT_EQ(::mkfifo(folder.path("in/net.dvi").c_str(), 0600), 0);
+  expect_run(run_tool(pack, folder.path()), 255,
+             no_ports + "error: fail to read 4 bytes from in/net.dvi\n");
+  expect_bytes(folder.read("net.bin"),
+               package_header(1) + dvi_record({.img_size = 4, .pkg_size = 4, .dag_name = "net"}));
+}
+
+/// A pipe that holds bytes and has no writer any more.
+class filled_pipe {
+ public:
+  filled_pipe(const std::string& path, const std::string& bytes) {
+    ::mkfifo(path.c_str(), 0600);
+    reader_ = ::open(path.c_str(), O_RDONLY | O_NONBLOCK);
+    const int writer = ::open(path.c_str(), O_WRONLY | O_NONBLOCK);
+    filled_ = ::fcntl(writer, F_SETPIPE_SZ, 1 << 20) > 0 &&
+              ::write(writer, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());
+    ::close(writer);
+  }
+  filled_pipe(const filled_pipe&) = delete;
+  filled_pipe& operator=(const filled_pipe&) = delete;
+  ~filled_pipe() { ::close(reader_); }
+
+  [[nodiscard]] bool filled() const { return filled_; }
+
+ private:
+  int reader_ = -1;
+  bool filled_ = false;
+};
+
+TEST(UnusualImage, APipeIsPackedAsFarAsTheImageGoes) {
+  const scratch_folder folder;
+  folder.write("in/_net.h", dag_lines("net", 300000));
+  const filled_pipe pipe(folder.path("in/net.dvi"), std::string(300001, 'i'));
+  if (!pipe.filled()) {
+    GTEST_SKIP() << "pipes of 300001 bytes cannot be had here";
+  }
+  expect_run(run_tool(pack, folder.path()), 0,
+             no_ports + "Save to file net.bin with file size 300168.\n\n");
+  expect_bytes(folder.read("net.bin").substr(168), std::string(300000, 'i'));
+}
+
+TEST(UnusualImage, NothingOfAPipeThatEndsEarlyIsPacked) {
+  const scratch_folder folder;
+  folder.write("in/_net.h", dag_lines("net", 300001));
+  const filled_pipe pipe(folder.path("in/net.dvi"), std::string(300000, 'i'));
+  if (!pipe.filled()) {
+    GTEST_SKIP() << "pipes of 300000 bytes cannot be had here";
+  }
+  expect_run(run_tool(pack, folder.path()), 255,
+             no_ports + "error: fail to read 300001 bytes from in/net.dvi\n");
+  expect_bytes(
+      folder.read("net.bin"),
+      package_header(1) + dvi_record({.img_size = 300001, .pkg_size = 300001, .dag_name = "net"}));
+}
+
+TEST(UnusualImage, ADeviceIsReadLikeAFile) {
+  const scratch_folder folder;
+  folder.write("in/_net.h", dag_lines("net", 300000));
+  std::filesystem::create_symlink("/dev/zero", folder.path("in/net.dvi"));
+  expect_run(run_tool(pack, folder.path()), 0,
+             no_ports + "Save to file net.bin with file size 300168.\n\n");
+  expect_bytes(folder.read("net.bin").substr(168), std::string(300000, '\0'));
+}
+
+TEST(UnusualPackage, APipeOrAFolderReadsAsEmpty) {
+  const scratch_folder folder;
+  folder.make_folder("folder");
+  ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
+  for (const std::string package : {"folder", "pipe"}) {
+    expect_run(run_tool({"-f", package, "-v", "-c"}, folder.path()), 1,
+               "version 0.0.0 ( HASH 0000000 ) dvi_num: 0\n"
+               "\n"
+               "\n"
+               "error: fail to parse file " +
+                   package +
+                   "\n"
+                   ".dvi files are parsed to folder .//parse\n"
+                   "\n");
+  }
+}
+
+}  // namespace
+}  // namespace morvane::test

@@ -1,0 +1,5 @@
+#define n_DAG_NAME n
+HMB_input a
+_a_W 5                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                                         
+_a_H 5
+HMB_input b

@@ -1,0 +1,106 @@
+// Memory follows the file, not its claims. Measured as the child's greatest resident memory.
+
+#include <gtest/gtest.h>
+
+#include "harness/run_tool.h"
+#include "harness/scratch_folder.h"
+#include "trust/sample_package.h"
+#include "trust/test_size.h"
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool under_sanitizer = true;
+#elif defined(__has_feature)
+constexpr bool under_sanitizer = __has_feature(address_sanitizer);
+#else
+constexpr bool under_sanitizer = false;
+#endif
+
+namespace morvane::test {
+namespace {
+
+constexpr long allowed_kib = 64 * 1024;
+
+/// A measurement of the tool alone; empty, with the reason printed, where something else would be
+/// measured with it.
+bool can_measure() {
+  if (under_sanitizer || !run_prefix().empty()) {
+    std::printf("not measured: the memory of the %s would be counted with the tool's\n",
+                under_sanitizer ? "sanitizer" : "run prefix");
+    return false;
+  }
+  return true;
+}
+
+/// Greatest resident memory of an inspection, in KiB.
+long peak_of(const std::string& package) {
+  const scratch_folder scratch(fast_folder());
+  scratch.write("a.bin", package);
+  const run_result run = run_program({tool_path(), "-f", "a.bin", "-v", "-c"}, scratch.path());
+  EXPECT_EQ(run.status, 1);
+  EXPECT_NE(run.output.find(".dvi files are parsed to folder "), std::string::npos);
+  return run.peak_kib;
+}
+
+void expect_modest(const std::string& package) {
+  const long baseline = peak_of(header(0));
+  const long peak = peak_of(package);
+  std::printf("peak %ld KiB, baseline %ld KiB\n", peak, baseline);
+  EXPECT_LT(peak - baseline, allowed_kib);
+}
+
+TEST(MemoryFollowsTheFile, APromisedImageOfTwoGib) {
+  const std::string package = header(1) + bytes(dvi("net", 0x7FFFFFFF));
+  ASSERT_EQ(package.size(), 168U);
+  if (!can_measure()) {
+    GTEST_SKIP();
+  }
+  expect_modest(package);
+}
+
+TEST(MemoryFollowsTheFile, PromisedPortsInAKibibyte) {
+  std::string package = header(1) + bytes(dvi("net", 0, 400'000));
+  package.resize(1024, '\0');
+  if (!can_measure()) {
+    GTEST_SKIP();
+  }
+  expect_modest(package);
+}
+
+TEST(MemoryFollowsTheFile, PromisedVprocRecordsInAKibibyte) {
+  std::string package = header(1) + bytes(dvi("net", 0)) + bytes(vproc_desc{200'000, 200'000, 0});
+  package.resize(1024, '\0');
+  if (!can_measure()) {
+    GTEST_SKIP();
+  }
+  expect_modest(package);
+}
+
+TEST(MemoryFollowsTheFile, PromisedDvisInAKibibyte) {
+  std::string package = header(40'000);
+  package.resize(1024, '\0');
+  if (!can_measure()) {
+    GTEST_SKIP();
+  }
+  expect_modest(package);
+}
+
+TEST(MemoryFollowsTheFile, AnImageOfAQuarterGibIsPackedAndExtracted) {
+  if (!can_measure()) {
+    GTEST_SKIP();
+  }
+  constexpr std::uintmax_t image_size = std::uintmax_t{256} << 20;
+  const scratch_folder scratch(fast_folder());
+  scratch.write("in/a.dvi", "");
+  std::filesystem::resize_file(scratch.path("in/a.dvi"), image_size);
+  scratch.write("in/a.h", "#define a_DAG_NAME a\n#define a_image_size 268435456\n");
+  const long baseline = peak_of(header(0));
+  const run_result run =
+      run_program({tool_path(), "-d", "in", "-f", "a.bin", "-v"}, scratch.path());
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(std::filesystem::file_size(scratch.path("parse/a.dvi")), image_size);
+  std::printf("peak %ld KiB, baseline %ld KiB\n", run.peak_kib, baseline);
+  EXPECT_LT(run.peak_kib - baseline, allowed_kib);
+}
+
+}  // namespace
+}  // namespace morvane::test
