@@ -23,6 +23,10 @@ if(CMAKE_BUILD_TYPE MATCHES "Rel")
   target_compile_options(morvane_flags INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
 endif()
 
+# What nothing calls is left out, above all of a static runtime.
+target_compile_options(morvane_flags INTERFACE -ffunction-sections -fdata-sections)
+target_link_options(morvane_flags INTERFACE LINKER:--gc-sections)
+
 if(MORVANE_STATIC_RUNTIME)
   target_link_options(morvane_flags INTERFACE -static-libstdc++ -static-libgcc)
 endif()

@@ -25,7 +25,9 @@ build() {
 }
 
 step "format"
-sources '*.cpp' '*.h' '*.c' | xargs clang-format --dry-run --Werror
+# Headers that the tool reads are not ours to format.
+sources 'src/*.cpp' 'src/*.h' 'tests/*.cpp' 'tests/*.c' 'tests/*.h' ':!*/_*.h' ':!tests/fuzz/corpus' |
+  xargs clang-format --dry-run --Werror
 
 step "warnings as errors, g++"
 build release

@@ -10,9 +10,9 @@ namespace {
 
 /// Whether the line belongs to the block of the name.
 bool holds_marker(const named_line& named, std::string_view lead) {
-  return std::ranges::any_of(named.places, [&](std::size_t place) {
-    return named.line.substr(0, place).ends_with(lead) &&
-           named.line.substr(place + named.name.size()).starts_with('_');
+  return std::ranges::any_of(named.rests, [&](std::string_view rest) {
+    const std::size_t place = named.line.size() - rest.size() - named.name.size();
+    return named.line.substr(0, place).ends_with(lead) && rest.starts_with('_');
   });
 }
 
@@ -24,7 +24,7 @@ int read_block(line_reader& lines, const block_format& format, std::string_view 
     return -1;
   }
   store_text(record.subspan(format.name_offset, format.name_limit.longest + 1), name);
-  named_line named{.line = {}, .name = name, .places = {}};
+  named_line named{.line = {}, .name = name, .rests = {}};
   std::size_t after_block = lines.next;
   std::string_view line;
   while (next_line(lines, line)) {

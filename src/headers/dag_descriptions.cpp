@@ -26,7 +26,7 @@ int parse_dag_description(dvi_desc& dvi, std::string_view header) {
     return -1;
   }
   store_text(std::as_writable_bytes(std::span(dvi.dag_name)), dag_name);
-  named_line named{.line = {}, .name = dag_name, .places = {}};
+  named_line named{.line = {}, .name = dag_name, .rests = {}};
   std::string_view line;
   while (next_line(lines, line)) {
     if (holds_value(line, input_ports.keyword)) {

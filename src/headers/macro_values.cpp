@@ -7,19 +7,20 @@ namespace morvane {
 
 namespace {
 
+/// Like starts_with. Most suffixes of a table are told from the text by their last character.
+bool begins_with(std::string_view text, std::string_view suffix) {
+  return text.size() >= suffix.size() && text[suffix.size() - 1] == suffix.back() &&
+         text.starts_with(suffix);
+}
+
 /// The value of the macro NAME + suffix + tail, empty when it has none. As in find_macro_value the
 /// first place where the macro stands decides.
 std::string_view macro_value(const named_line& named, std::string_view suffix,
                              std::string_view tail, const delimiter_set& delimiters) {
   std::string_view value;
-  for (const std::size_t place : named.places) {
-    std::string_view rest = named.line.substr(place + named.name.size());
-    if (!rest.starts_with(suffix)) {
-      continue;
-    }
-    rest.remove_prefix(suffix.size());
-    if (rest.starts_with(tail)) {
-      split_line(rest.substr(tail.size()), delimiters, std::span(&value, 1));
+  for (const std::string_view rest : named.rests) {
+    if (begins_with(rest, suffix) && rest.substr(suffix.size()).starts_with(tail)) {
+      split_line(rest.substr(suffix.size() + tail.size()), delimiters, std::span(&value, 1));
       break;
     }
   }
@@ -40,10 +41,10 @@ std::string_view macro_value(const named_line& named, const macro_row& row) {
 
 void set_line(named_line& named, std::string_view line) {
   named.line = line;
-  named.places.clear();
+  named.rests.clear();
   for (std::size_t place = line.find(named.name); place != std::string_view::npos;
        place = line.find(named.name, place + 1)) {
-    named.places.push_back(place);
+    named.rests.push_back(line.substr(place + named.name.size()));
   }
 }
 

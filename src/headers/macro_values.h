@@ -10,14 +10,15 @@
 
 namespace morvane {
 
-/// A line and the places at which a name stands on it. Found once a line, they serve every macro.
+/// A line and what follows a name wherever it stands on it. Found once a line, that serves every
+/// macro.
 struct named_line {
   std::string_view line;
   std::string_view name;
-  std::vector<std::size_t> places;
+  std::vector<std::string_view> rests;
 };
 
-/// Sets the line and finds the places of the name on it.
+/// Sets the line and finds what follows the name on it.
 void set_line(named_line& named, std::string_view line);
 
 /// Finds the first macro of the table that has a value on the line and stores it in the record.

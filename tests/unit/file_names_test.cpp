@@ -26,8 +26,8 @@ TEST(GetFileType, IsInLowerCaseUnlessTheCaseIsKept) {
 }
 
 TEST(GetFileType, ReportsANameOf128Characters) {
-  const std::string longest = std::string(123, 'n') + ".dvi";
-  const std::string too_long = std::string(124, 'n') + ".dvi";
+  const std::string longest = std::string(123, 'n').append(".dvi");
+  const std::string too_long = std::string(124, 'n').append(".dvi");
   EXPECT_EQ(printed_by([&] {
               EXPECT_EQ(get_file_type(longest, false), "dvi");
               EXPECT_EQ(get_file_type(too_long, false), "");
@@ -44,8 +44,8 @@ TEST(GetFileStem, IsTheTextBeforeTheLastDot) {
 }
 
 TEST(GetFileStem, ReportsANameOf128Characters) {
-  const std::string longest = std::string(123, 'n') + ".dvi";
-  const std::string too_long = std::string(124, 'n') + ".dvi";
+  const std::string longest = std::string(123, 'n').append(".dvi");
+  const std::string too_long = std::string(124, 'n').append(".dvi");
   EXPECT_EQ(printed_by([&] {
               EXPECT_EQ(get_file_stem(longest), std::string(123, 'n'));
               EXPECT_EQ(get_file_stem(too_long), "");

@@ -85,8 +85,8 @@ TEST(ListInputFiles, LeavesOutABadlyNamedDvi) {
 }
 
 TEST(ListInputFiles, LeavesOutANameThatIsTooLong) {
-  const std::string longest = std::string(123, 'n') + ".dvi";
-  const std::string too_long = std::string(124, 'n') + ".dvi";
+  const std::string longest = std::string(123, 'n').append(".dvi");
+  const std::string too_long = std::string(124, 'n').append(".dvi");
   EXPECT_EQ(printed_by([&] {
               EXPECT_EQ(names_of(listed({longest, too_long})), names{longest});
             }),

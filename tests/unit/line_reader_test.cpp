@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -84,6 +85,40 @@ TEST(NextLine, ReadsAgainFromAnEarlierPlace) {
   EXPECT_EQ(printed_by(read_third), length_message("LINE_LEN", too_long));
   lines.next = after_first;
   EXPECT_EQ(printed_by(read_third), length_message("LINE_LEN", too_long));
+}
+
+/// The lines that hold "x" or "y".
+lines_list lines_with_x_or_y(std::string_view text) {
+  line_reader lines{text};
+  std::array keys{sought_key{.key = "x"}, sought_key{.key = "y"}};
+  lines_list found;
+  std::string_view line;
+  while (next_line_with(lines, keys, line)) {
+    found.emplace_back(line);
+  }
+  return found;
+}
+
+TEST(NextLineWith, GivesEveryLineThatHoldsOneOfTheKeys) {
+  EXPECT_EQ(lines_with_x_or_y("a\nx 1\ny 2\nb\n\ny x\nx\nx y\nc\ny"),
+            (lines_list{"x 1", "y 2", "y x", "x", "x y", "y"}));
+}
+
+TEST(NextLineWith, GivesTheLinesOfOneKeyWithoutTheOther) {
+  EXPECT_EQ(lines_with_x_or_y("a\ny\nb\ny\n"), (lines_list{"y", "y"}));
+  EXPECT_EQ(lines_with_x_or_y("x\nb\nx"), (lines_list{"x", "x"}));
+  EXPECT_EQ(lines_with_x_or_y("a\nb\n"), lines_list{});
+}
+
+TEST(NextLineWith, ReportsEachOverLongLineOnceAndPassesOverIt) {
+  const std::string with_x = line_of_length("x y", 1024);
+  const std::string with_none(1200, 'n');
+  EXPECT_EQ(printed_by([&] {
+              EXPECT_EQ(lines_with_x_or_y(with_x + "\ny\n" + with_none + "\nx\n" + with_x),
+                        (lines_list{"y", "x"}));
+            }),
+            length_message("LINE_LEN", with_x) + length_message("LINE_LEN", with_none) +
+                length_message("LINE_LEN", with_x));
 }
 
 TEST(NextValue, GivesTheValueOfEveryLineThatHasOne) {

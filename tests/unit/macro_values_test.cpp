@@ -12,10 +12,10 @@ namespace {
 using test::length_message;
 using test::printed_by;
 
-using places = std::vector<std::size_t>;
+using rests = std::vector<std::string_view>;
 
 named_line named(std::string_view line, std::string_view name) {
-  named_line found{.line = {}, .name = name, .places = {}};
+  named_line found{.line = {}, .name = name, .rests = {}};
   set_line(found, line);
   return found;
 }
@@ -38,20 +38,20 @@ port_desc stored(std::string_view line, port_desc port = {}) {
   return port;
 }
 
-TEST(SetLine, FindsEveryPlaceOfTheName) {
-  EXPECT_EQ(named("net_a_W a", "a").places, (places{4, 8}));
-  EXPECT_EQ(named("net_W", "a").places, places{});
+TEST(SetLine, FindsWhatFollowsTheNameEverywhere) {
+  EXPECT_EQ(named("net_a_W a", "a").rests, (rests{"_W a", ""}));
+  EXPECT_EQ(named("net_W", "a").rests, rests{});
 }
 
-TEST(SetLine, FindsPlacesThatOverlap) {
-  EXPECT_EQ(named("aaaa_W 5", "aa").places, (places{0, 1, 2}));
+TEST(SetLine, FindsNamesThatOverlap) {
+  EXPECT_EQ(named("aaaa_W 5", "aa").rests, (rests{"aa_W 5", "a_W 5", "_W 5"}));
 }
 
-TEST(SetLine, ForgetsThePlacesOfTheLineBefore) {
+TEST(SetLine, ForgetsTheLineBefore) {
   named_line line = named("a a a", "a");
   set_line(line, "  a");
   EXPECT_EQ(line.line, "  a");
-  EXPECT_EQ(line.places, places{2});
+  EXPECT_EQ(line.rests, rests{""});
 }
 
 TEST(StoreMacro, LeavesTheRecordAloneWithoutAMacro) {

@@ -1,0 +1,36 @@
+// Pairing DVIs with their headers, in a folder of 10,000 of each.
+
+#include <benchmark/benchmark.h>
+
+#include <string>
+#include <vector>
+
+#include "discovery/input_files.h"
+#include "harness/scratch_folder.h"
+
+namespace morvane {
+
+namespace {
+
+constexpr std::int32_t dvi_count = 10000;
+
+void pair_names(benchmark::State& state) {
+  const test::scratch_folder folder;
+  std::vector<input_entry> dvis;
+  for (std::int32_t index = 0; index < dvi_count; ++index) {
+    const std::string stem = "net_split_" + std::to_string(index);
+    folder.write("_" + stem + ".h", "");
+    dvis.push_back({.name = stem + ".dvi", .index = index});
+  }
+  for (auto _ : state) {
+    std::vector<input_entry> headers;
+    if (pair_header_files(folder.path(), dvis, headers) != dvi_count) {
+      state.SkipWithError("headers are missing");
+    }
+  }
+}
+BENCHMARK(pair_names)->Name("pair_header_files/10000 names")->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+}  // namespace morvane
