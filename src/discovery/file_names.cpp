@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "format/length_limits.h"
+#include "headers/length_check.h"
 #include "io/message.h"
 
 namespace morvane {

@@ -22,11 +22,4 @@ inline constexpr length_limit layer_name_limit{"IO_DEMNGL_NAME", MORVANE_IO_NAME
 /// The longest value of an option that names a file or a folder, in characters.
 inline constexpr std::size_t longest_setting = 2048;
 
-/// Prints the message "error: please increase length limit of MACRO [limit name] for string ..."
-/// with the text and its length. Returns -1.
-int report_length_limit(std::string_view text, std::string_view limit_name);
-
-/// Returns 0 for a text within the limit; otherwise reports it and returns -1.
-int check_length_limit(std::string_view text, const length_limit& limit);
-
 }  // namespace morvane

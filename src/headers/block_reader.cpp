@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "headers/length_check.h"
 #include "headers/macro_values.h"
 
 namespace morvane {

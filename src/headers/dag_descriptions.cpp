@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "format/length_limits.h"
+#include "headers/length_check.h"
 #include "headers/line_scanner.h"
 #include "headers/macro_values.h"
 #include "io/file.h"

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "format/length_limits.h"
+#include "headers/length_check.h"
 
 namespace morvane {
 

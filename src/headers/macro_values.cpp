@@ -1,6 +1,6 @@
 #include "headers/macro_values.h"
 
-#include "format/length_limits.h"
+#include "headers/length_check.h"
 #include "headers/line_scanner.h"
 
 namespace morvane {

@@ -1,4 +1,4 @@
-#include "format/length_limits.h"
+#include "headers/length_check.h"
 
 #include "io/message.h"
 
