@@ -37,7 +37,7 @@ cmake -B build-clang -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang -DMOR
 cmake --build build-clang --parallel "$(nproc)"
 
 step "clang-tidy"
-sources 'src/*.cpp' | xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p build-clang
+sources 'src/*.cpp' | xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p build-clang 2>/dev/null
 
 step "cppcheck"
 cppcheck --enable=warning,performance,portability --std=c++20 --inline-suppr --error-exitcode=1 \

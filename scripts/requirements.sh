@@ -43,5 +43,5 @@ require_build() {
 
 require_test() {
   require_build
-  require libgtest-dev /usr/include/gtest/gtest.h
+  require libgtest-dev /usr/include/gtest/gtest.h locales /usr/share/i18n/locales/tr_TR
 }

@@ -79,12 +79,29 @@ TEST(PortDescription, EachFlagHasItsBit) {
 }
 
 TEST(PortDescription, AFlagMacroThatGoesOnWithAnUnderscoreIsAnotherMacro) {
+  // Read as the flag's, the value would begin with "_" and clear it.
   expect_bytes(packed_ports("/* HMB_input a */\n"
+                            "#define net_a_drotate 1\n"
+                            "#define net_a_drotate_mode 1\n"
                             "#define net_a_drotate_bit_offset 3\n"
+                            "#define net_a_hflip 1\n"
                             "#define net_a_hflip_mode 1\n"
-                            "#define net_a_pflip_ 1\n"
-                            "#define net_a_vflipx 1\n"),
-               port_record({.port_name = "a", .drotate_bit_offset = 3}));
+                            "#define net_a_vflip 1\n"
+                            "#define net_a_vflip_mode 1\n"
+                            "#define net_a_dflip 1\n"
+                            "#define net_a_dflip_mode 1\n"
+                            "#define net_a_pflip 1\n"
+                            "#define net_a_pflip_mode 1\n"),
+               port_record({.port_name = "a", .flags = 0x3E, .drotate_bit_offset = 3}));
+  // With nothing after the underscore it is the flag's after all.
+  expect_bytes(packed_ports("/* HMB_input a */\n#define net_a_hflip 1\n#define net_a_hflip_\n"),
+               port_record({.port_name = "a"}));
+}
+
+TEST(PortDescription, AFlagMacroThatGoesOnOtherwiseTakesTheRestAsValue) {
+  expect_bytes(packed_ports("/* HMB_input a */\n#define net_a_hflip1 0\n"
+                            "#define net_a_vflip 1\n#define net_a_vflipx 1\n"),
+               port_record({.port_name = "a", .flags = 0x04}));
 }
 
 TEST(PortDescription, WithoutMacrosHasItsNameOnly) {

@@ -60,6 +60,11 @@ struct block_kind {
   std::string suffix;   // of the macro
 };
 
+/// Names the kind where a test is listed.
+void PrintTo(const block_kind& kind, std::ostream* out) {
+  *out << kind.name;
+}
+
 class BlockLines : public testing::TestWithParam<block_kind> {
  protected:
   static std::string begin(const std::string& name) {
