@@ -5,9 +5,11 @@ set(CMAKE_INSTALL_LIBDIR lib/${CMAKE_LIBRARY_ARCHITECTURE} CACHE PATH "Where lib
 include(GNUInstallDirs)
 file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/link)
 
-# The program and its library lie together in a private folder, as the build leaves them, and the program
-# looks nowhere else. Users start it through a link.
+# The program and its library lie together in a private folder, as the build leaves them. Users start the
+# program through a link. The folder of the Debian package stands in the run path by its name too: the
+# dynamic linker cannot tell what $ORIGIN is where /proc is not mounted.
 set(private_folder ${CMAKE_INSTALL_LIBDIR}/morvane-gen)
+set_target_properties(morvane_gen PROPERTIES INSTALL_RPATH "$ORIGIN;/usr/${private_folder}")
 install(TARGETS morvane_gen RUNTIME DESTINATION ${private_folder})
 install(TARGETS morvane LIBRARY DESTINATION ${private_folder})
 file(RELATIVE_PATH link_target "/${CMAKE_INSTALL_BINDIR}" "/${private_folder}/morvane_gen")

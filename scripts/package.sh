@@ -38,11 +38,11 @@ echo "Two builds from different folders gave the same bytes:"
 lintian --fail-on error,warning --allow-root dist/*.deb 2>/dev/null
 echo "Lintian finds no error and no warning."
 
-# An empty root gets the package and the system libraries that the tool names, nothing else.
+# An empty root gets the package and the system libraries that it names, nothing else: not even /proc.
 root="$scratch/root"
 mkdir "$root"
 dpkg-deb --extract dist/*_"$(dpkg --print-architecture)".deb "$root"
-ldd "$root/usr/bin/morvane_gen" | grep -o '/lib[^ ]*' | while read -r library; do
+ldd "$root"/usr/lib/*/morvane-gen/libmorvane.so | grep -o '/lib[^ ]*' | while read -r library; do
   install -D "$library" "$root$library"
 done
 cp -r examples/wake_word "$root/wake_word"
