@@ -6,12 +6,23 @@ include(GNUInstallDirs)
 file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/link)
 
 # The program and its library lie together in a private folder, as the build leaves them. Users start the
-# program through a link. The folder of the Debian package stands in the run path by its name too: the
-# dynamic linker cannot tell what $ORIGIN is where /proc is not mounted.
+# program through a link.
 set(private_folder ${CMAKE_INSTALL_LIBDIR}/morvane-gen)
-set_target_properties(morvane_gen PROPERTIES INSTALL_RPATH "$ORIGIN;/usr/${private_folder}")
-install(TARGETS morvane_gen RUNTIME DESTINATION ${private_folder})
 install(TARGETS morvane LIBRARY DESTINATION ${private_folder})
+
+# The installed program is linked for itself. In its run path the folder of the Debian package stands by
+# name too: where /proc is not mounted, the dynamic linker cannot tell what $ORIGIN is. An edited run path
+# would need room in the built program: empty entries, which stand for whatever folder the user is in.
+add_executable(morvane_gen_installed src/launcher/main.cpp)
+target_include_directories(morvane_gen_installed PRIVATE src)
+target_link_libraries(morvane_gen_installed PRIVATE morvane morvane_flags)
+set_target_properties(
+  morvane_gen_installed
+  PROPERTIES OUTPUT_NAME morvane_gen
+             RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/installed
+             BUILD_WITH_INSTALL_RPATH ON
+             INSTALL_RPATH "$ORIGIN;/usr/${private_folder}")
+install(TARGETS morvane_gen_installed RUNTIME DESTINATION ${private_folder})
 file(RELATIVE_PATH link_target "/${CMAKE_INSTALL_BINDIR}" "/${private_folder}/morvane_gen")
 file(CREATE_LINK ${link_target} ${PROJECT_BINARY_DIR}/link/morvane_gen SYMBOLIC)
 install(FILES ${PROJECT_BINARY_DIR}/link/morvane_gen DESTINATION ${CMAKE_INSTALL_BINDIR})

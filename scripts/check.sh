@@ -2,12 +2,10 @@
 # Everything a change must pass, in order; stops at the first failure. Installs what is missing.
 source "$(dirname "$0")/requirements.sh"
 
-require_test
-require clang clang++ clang-format clang-format clang-tidy clang-tidy cppcheck cppcheck \
-  libclang-rt-14-dev /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.fuzzer-x86_64.a \
+require_fuzz
+require clang-format clang-format clang-tidy clang-tidy cppcheck cppcheck valgrind valgrind gcovr gcovr \
   g++-aarch64-linux-gnu aarch64-linux-gnu-g++ qemu-user qemu-aarch64 \
-  googletest /usr/src/googletest/CMakeLists.txt valgrind valgrind gcovr gcovr git git \
-  mandoc mandoc zsh zsh graphviz dot nodejs node npm npm
+  googletest /usr/src/googletest/CMakeLists.txt git git nodejs node npm npm
 
 step() {
   echo

@@ -16,9 +16,7 @@ else
   targets=(header_parsers package_reader folder_names pack_inspect_pack)
 fi
 
-require_test
-require clang clang++ \
-  libclang-rt-14-dev /usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.fuzzer-x86_64.a
+require_fuzz
 cmake --preset fuzz
 cmake --build --preset fuzz --target "${targets[@]/#/fuzz_}"
 

@@ -8,13 +8,10 @@ require g++-aarch64-linux-gnu aarch64-linux-gnu-g++ lintian lintian dpkg-dev dpk
 
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
-SOURCE_DATE_EPOCH=$(dpkg-parsechangelog -l packaging/changelog -S Timestamp)
-export SOURCE_DATE_EPOCH
 
 # pack FOLDER: builds a copy of the tree in a folder and makes its four packages.
 pack() {
-  mkdir -p "$1"
-  cp -r CMakeLists.txt README.md CONTRIBUTING.md CHANGELOG.md cmake completions docs packaging src "$1"
+  copy_sources "$1"
   local toolchain
   for toolchain in "" "$1/cmake/aarch64.cmake"; do
     local build="$1/build${toolchain:+-aarch64}"

@@ -6,8 +6,7 @@ require_build
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 for copy in one another/and/deeper; do
-  mkdir -p "$scratch/$copy"
-  cp -r CMakeLists.txt README.md CONTRIBUTING.md CHANGELOG.md cmake completions docs packaging src "$scratch/$copy"
+  copy_sources "$scratch/$copy"
   cmake -S "$scratch/$copy" -B "$scratch/$copy/build" -DBUILD_TESTING=OFF >/dev/null
   cmake --build "$scratch/$copy/build" --parallel "$(nproc)" >/dev/null
 done

@@ -43,5 +43,18 @@ require_build() {
 
 require_test() {
   require_build
-  require libgtest-dev /usr/include/gtest/gtest.h locales /usr/share/i18n/locales/tr_TR
+  require libgtest-dev /usr/include/gtest/gtest.h locales /usr/share/i18n/locales/tr_TR \
+    mandoc mandoc zsh zsh graphviz dot
+}
+
+require_fuzz() {
+  require_test
+  require clang clang++ libclang-rt-14-dev \
+    "/usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.fuzzer-$(uname -m).a"
+}
+
+# copy_sources FOLDER: what the tool and its packages are built from.
+copy_sources() {
+  mkdir -p "$1"
+  cp -r CMakeLists.txt README.md CONTRIBUTING.md CHANGELOG.md cmake completions docs packaging src "$1"
 }

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "discovery/input_entry.h"
+#include "format/input_entry.h"
 
 namespace morvane {
 

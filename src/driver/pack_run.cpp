@@ -117,8 +117,9 @@ int append_vproc_section(package_writer& package, const pack_inputs& inputs, std
   return 0;
 }
 
-/// Appends all sections of the package. The size is the sum of what the records declare: it is the
-/// file's, modulo 2^32, as long as every introducing line in the headers is followed by its block.
+/// Appends all sections of the package. The size is the sum of what the records declare: the
+/// file's, modulo 2^32, as long as the counts that one parser finds in a header are the records
+/// that another finds.
 int append_sections(package_writer& package, const pack_inputs& inputs, bool vproc,
                     std::uint32_t& size) {
   const pkg_header header{.version = version_word,

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "discovery/input_entry.h"
+#include "format/input_entry.h"
 #include "format/records.h"
 #include "headers/line_reader.h"
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "discovery/input_entry.h"
+#include "format/input_entry.h"
 #include "format/records.h"
 
 namespace morvane {

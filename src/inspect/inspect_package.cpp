@@ -75,7 +75,7 @@ void inspect_vproc_block(inspection& run, const vproc_desc& vproc, const dvi_des
   print_line();
 }
 
-/// A package does not say whether it has a vproc section: anything after the last image is taken
+/// A package does not say whether it has a vproc section: one word after the last image is taken
 /// for it.
 void inspect_vproc_section(inspection& run) {
   if (!holds_more(run.package, sizeof(std::uint32_t))) {

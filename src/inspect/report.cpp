@@ -1,11 +1,20 @@
 #include "inspect/report.h"
 
+#include <string_view>
+
 #include "format/build_constants.h"
 #include "io/message.h"
 
 namespace morvane {
 
 namespace {
+
+// The labels that stand in more than one kind of line.
+constexpr std::string_view dvi_id_label = "dvi_id: ";
+constexpr std::string_view dag_name_label = " dag_name: ";
+constexpr std::string_view input_num_label = " input_num: ";
+constexpr std::string_view output_num_label = " output_num: ";
+constexpr std::string_view vproc_id_label = "vproc_id: ";
 
 int bit(const port_desc& port, unsigned mask) {
   return (port.flags & mask) != 0 ? 1 : 0;
@@ -48,22 +57,22 @@ void print_pkg_header(const pkg_header& header) {
 void print_dvi_description(const dvi_desc& dvi) {
   // clang-format off
   print_line(
-      "dvi_id: ", dvi.dvi_id,
+      dvi_id_label, dvi.dvi_id,
       "\t dvi_img_vaddr: ", dvi.dvi_img_vaddr,
       "\t dvi_img_size: ", dvi.dvi_img_size,
       "\t dvi_dag_vaddr: ", dvi.dvi_dag_vaddr,
-      "\t input_num: ", dvi.input_num,
-      "\t output_num: ", dvi.output_num,
+      "\t", input_num_label, dvi.input_num,
+      "\t", output_num_label, dvi.output_num,
       "\t dvi_pkg_size: ", dvi.dvi_pkg_size,
       "\t dvi_ppv: ", dvi.dvi_ppv,
-      "\t vproc_id: ", dvi.vproc_id,
-      "\t dag_name: ", text_of(dvi.dag_name));
+      "\t ", vproc_id_label, dvi.vproc_id,
+      "\t", dag_name_label, text_of(dvi.dag_name));
   // clang-format on
 }
 
 void print_dvi_heading(const dvi_desc& dvi) {
-  print_line("dvi_id: ", dvi.dvi_id, " dag_name: ", text_of(dvi.dag_name),
-             " input_num: ", dvi.input_num, " output_num: ", dvi.output_num);
+  print_line(dvi_id_label, dvi.dvi_id, dag_name_label, text_of(dvi.dag_name), input_num_label,
+             dvi.input_num, output_num_label, dvi.output_num);
 }
 
 void print_port_descriptions(const claimed_list<port_desc>& ports, const port_class& ports_class) {
@@ -73,7 +82,7 @@ void print_port_descriptions(const claimed_list<port_desc>& ports, const port_cl
 }
 
 void print_vproc_heading(const dvi_desc& dvi, const vproc_desc& vproc) {
-  print_line("vproc_id: ", dvi.vproc_id, " dag_name: ", text_of(dvi.dag_name),
+  print_line(vproc_id_label, dvi.vproc_id, dag_name_label, text_of(dvi.dag_name),
              " variable_num: ", vproc.variable_num, " smb_num: ", vproc.smb_num);
   print_line();
 }

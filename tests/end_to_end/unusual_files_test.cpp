@@ -142,6 +142,14 @@ TEST(UnusualImage, ADeviceIsReadLikeAFile) {
   expect_bytes(folder.read("net.bin").substr(168), std::string(300000, '\0'));
 }
 
+TEST(UnusualPackage, AFullDiskGoesUnnoticed) {
+  const scratch_folder folder;
+  folder.write("in/_net.h", dag_lines("net", 5));
+  folder.write("in/net.dvi", "image");
+  expect_run(run_tool({"-d", "in", "-f", "/dev/full"}, folder.path()), 0,
+             no_ports + "Save to file /dev/full with file size 173.\n\n");
+}
+
 TEST(UnusualPackage, APipeOrAFolderReadsAsEmpty) {
   const scratch_folder folder;
   folder.make_folder("folder");

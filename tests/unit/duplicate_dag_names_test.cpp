@@ -42,6 +42,9 @@ TEST(CheckDuplicateDagNames, NamesTheHeaderThatRepeatsANameAndTheEarlierOne) {
 TEST(CheckDuplicateDagNames, StopsAtTheFirstHeaderThatRepeatsAName) {
   EXPECT_EQ(printed_for({"_DAG_NAME a\n", "_DAG_NAME a\n", "_DAG_NAME a\n"}, 1),
             "error: detection duplicate DAG NAME between file DIR/B.h and file DIR/A.h\n");
+  const std::string would_be_reported(1024, 'x');
+  EXPECT_EQ(printed_for({"_DAG_NAME a\n", "_DAG_NAME a\n", would_be_reported}, 1),
+            "error: detection duplicate DAG NAME between file DIR/B.h and file DIR/A.h\n");
 }
 
 TEST(CheckDuplicateDagNames, NamesTheWrongEarlierFileAfterAHeaderWithoutName) {

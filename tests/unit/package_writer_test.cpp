@@ -140,5 +140,16 @@ TEST_F(PackageWriter, CutsOffAgainWhatAFileOfUnknownSizeLacks) {
   EXPECT_EQ(finished(), "xy");
 }
 
+TEST_F(PackageWriter, CutsOffWhatIsStillInItsBufferAfterTheFirstPartWasWritten) {
+  const std::string before(256 * 1024 + 1, 'b');
+  append(before);
+  std::thread writer = fill_pipe(folder.path("a.dvi"), "image");
+  EXPECT_EQ(copy("a.dvi", 6, -1),
+            "error: fail to read 6 bytes from " + folder.path("a.dvi") + "\n");
+  writer.join();
+  append("y");
+  EXPECT_EQ(finished(), before + "y");
+}
+
 }  // namespace
 }  // namespace morvane

@@ -132,7 +132,8 @@ TEST(ParsePortDescriptions, ReadsDecimalPrefixesOnly) {
   EXPECT_EQ(parsed_a("net_a_W 12abc\n").W, 12U);
   EXPECT_EQ(parsed_a("net_a_W abc\n").W, 0U);
   EXPECT_EQ(parsed_a("net_a_W -1\n").W, 4294967295U);
-  EXPECT_EQ(parsed_a("net_a_expoffset -1\n").expoffset, -1);
+  EXPECT_EQ(parsed_a("net_a_expoffset -3\n").expoffset, -3);
+  EXPECT_EQ(parsed_a("net_a_expoffset 5\nnet_a_expoffset -1\n").expoffset, -1);
 }
 
 TEST(ParsePortDescriptions, TakesTheLowestBitOfAFlag) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "sample_records.h"
@@ -138,6 +139,15 @@ TEST(SmbDesc, StandsInItsBytes) {
   expect_fields(
       record_text(test::smb_of("bias", 0x11121314)),
       {{"smb_name", 0, filled("bias", 128)}, {"vbase_byte_offset", 128, "\x14\x13\x12\x11"}});
+}
+
+TEST(Records, HoldNoPaddingBytes) {
+  EXPECT_TRUE(std::has_unique_object_representations_v<pkg_header>);
+  EXPECT_TRUE(std::has_unique_object_representations_v<dvi_desc>);
+  EXPECT_TRUE(std::has_unique_object_representations_v<port_desc>);
+  EXPECT_TRUE(std::has_unique_object_representations_v<vproc_desc>);
+  EXPECT_TRUE(std::has_unique_object_representations_v<var_desc>);
+  EXPECT_TRUE(std::has_unique_object_representations_v<smb_desc>);
 }
 
 TEST(BytesOf, WritesThroughToTheRecord) {

@@ -118,5 +118,13 @@ TEST_F(SelectRunMode, IsTheResultOfMainWhenNoPackRunFollows) {
             "version 2.1.6 ( HASH b3b3814 )\n");
 }
 
+TEST_F(SelectRunMode, BeginsWithTheSettingsThatAnEarlierCallLeft) {
+  EXPECT_EQ(select({"-f", "first.bin", "-c"}), -1);
+  optind = 0;
+  EXPECT_EQ(select({"-d", "in"}), 0);
+  EXPECT_EQ(settings.filename, "first.bin");
+  EXPECT_TRUE(settings.vproc);
+}
+
 }  // namespace
 }  // namespace morvane

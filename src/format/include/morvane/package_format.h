@@ -71,7 +71,7 @@ struct morvane_dvi_desc {
   uint32_t input_num;     /* port_desc records of input ports in the DVI's block */
   uint32_t output_num;    /* port_desc records of output ports in the DVI's block */
   uint32_t dvi_pkg_size;  /* bytes of the DVI's block, modulo 2^32 */
-  char dag_name[MORVANE_NAME_WIDTH];
+  char dag_name[MORVANE_NAME_WIDTH]; /* name of the DAG: text, as all names */
 };
 
 /* The bits of morvane_port_desc.flags. Bits 6 and 7 are 0. */
@@ -101,26 +101,26 @@ enum {
  *     +-------------------------------+-------------------------------+
  */
 struct morvane_port_desc {
-  uint32_t P;                  /* the four dims: batch, */
-  uint32_t D;                  /* depth, */
-  uint32_t H;                  /* height, */
-  uint32_t W;                  /* width, all in elements */
-  uint32_t pitch;              /* bytes from one depth plane to the next */
-  uint8_t dram_format;         /* the compiler's number for the layout in DRAM */
+  uint32_t P; /* the four dims, as the compiler gives them */
+  uint32_t D;
+  uint32_t H;
+  uint32_t W;
+  uint32_t pitch;              /* pitch of D, in bytes */
+  uint8_t dram_format;         /* the compiler's number of the format in DRAM */
   uint8_t flags;               /* MORVANE_PORT_... */
   uint8_t reserved[2];         /* 0 */
-  uint32_t drotate_bit_offset; /* the five bit offsets: where the control bit of each */
-  uint32_t hflip_bit_offset;   /* rotate or flip stands, in bits */
+  uint32_t drotate_bit_offset; /* the five bit offsets, in bits, */
+  uint32_t hflip_bit_offset;   /* that belong to the flags */
   uint32_t vflip_bit_offset;
   uint32_t dflip_bit_offset;
   uint32_t pflip_bit_offset;
-  uint8_t sign;              /* the data format: 1 for signed elements; 255 when not given, */
-  uint8_t datasize;          /* the compiler's number for the element size; 255 when not given, */
-  int8_t expoffset;          /* exponent offset; -1 when not given, */
-  uint8_t expbits;           /* exponent bits; 255 when not given */
-  uint32_t port_size;        /* bytes of the port's buffer in DRAM */
-  uint32_t port_byte_offset; /* where the port begins, in bytes */
-  char port_name[MORVANE_IO_NAME_WIDTH];
+  uint8_t sign;                           /* the data format: sign; 255 when not given, */
+  uint8_t datasize;                       /* data size; 255 when not given, */
+  int8_t expoffset;                       /* exponent offset; -1 when not given, */
+  uint8_t expbits;                        /* exponent bits; 255 when not given */
+  uint32_t port_size;                     /* size of the port in DRAM, in bytes */
+  uint32_t port_byte_offset;              /* offset of the port's base, in bytes */
+  char port_name[MORVANE_IO_NAME_WIDTH];  /* name of the port */
   char layer_name[MORVANE_IO_NAME_WIDTH]; /* demangled name of the layer; empty when not given */
 };
 
@@ -147,9 +147,9 @@ struct morvane_vproc_desc {
  *     +-----------------+-------+-------+
  */
 struct morvane_var_desc {
-  char var[MORVANE_NAME_WIDTH];
-  uint32_t boffset; /* in bits */
-  uint32_t bsize;   /* in bits */
+  char var[MORVANE_NAME_WIDTH]; /* name of the variable */
+  uint32_t boffset;             /* offset, in bits */
+  uint32_t bsize;               /* size, in bits */
 };
 
 /*
@@ -161,8 +161,8 @@ struct morvane_var_desc {
  *     +-----------------+-------+
  */
 struct morvane_smb_desc {
-  char smb_name[MORVANE_NAME_WIDTH];
-  uint32_t vbase_byte_offset; /* in bytes */
+  char smb_name[MORVANE_NAME_WIDTH]; /* name of the SMB block */
+  uint32_t vbase_byte_offset;        /* offset, in bytes */
 };
 
 /* C99 has no static assertion: an array of -1 elements stops the compiler just as well. */

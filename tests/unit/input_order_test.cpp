@@ -1,0 +1,68 @@
+// The order of the DVIs in the list, seen against the order in which the folder yields them.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "discovery/input_files.h"
+#include "harness/scratch_folder.h"
+#include "printed_text.h"
+
+namespace morvane {
+namespace {
+
+using test::printed_by;
+using test::scratch_folder;
+
+using names = std::vector<std::string>;
+
+names yielded_by(const scratch_folder& folder) {
+  names found;
+  for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
+    found.push_back(entry.path().filename().string());
+  }
+  return found;
+}
+
+names listed_in(const scratch_folder& folder) {
+  std::vector<input_entry> dvis;
+  list_input_files(folder.path(), "dvi", dvis);
+  names found;
+  for (const input_entry& dvi : dvis) {
+    found.push_back(dvi.name);
+  }
+  return found;
+}
+
+TEST(ListInputFiles, LeavesADisorderedListAsTheFolderYieldsIt) {
+  const scratch_folder folder;
+  for (const int index : {4, 0, 7, 2, 9, 5}) {
+    folder.write("net_split_" + std::to_string(index) + ".dvi", "");
+  }
+  const names yielded = yielded_by(folder);
+  printed_by([&] { EXPECT_EQ(listed_in(folder), yielded); });
+  EXPECT_FALSE(std::ranges::is_sorted(yielded)) << "this folder cannot tell";
+}
+
+TEST(ListInputFiles, OrdersManyEqualIndicesAsTheStandardSortDoes) {
+  const scratch_folder folder;
+  for (int i = 0; i < 100; ++i) {
+    folder.write("net" + std::to_string(i) + ".dvi", "");
+  }
+  const names yielded = yielded_by(folder);
+  std::vector<std::pair<int, std::string>> expected;
+  for (const std::string& name : yielded) {
+    expected.emplace_back(0, name);
+  }
+  std::sort(expected.begin(), expected.end(),
+            [](const auto& a, const auto& b) { return a.first < b.first; });
+  names sorted;
+  for (const auto& [index, name] : expected) {
+    sorted.push_back(name);
+  }
+  EXPECT_EQ(listed_in(folder), sorted);
+  EXPECT_NE(sorted, yielded) << "a stable sort would pass";
+}
+
+}  // namespace
+}  // namespace morvane
