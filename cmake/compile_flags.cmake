@@ -7,9 +7,11 @@ target_compile_options(
                           $<$<BOOL:${MORVANE_WERROR}>:-Werror>)
 
 # Two builds in different folders give the same bytes.
-target_compile_options(
-  morvane_flags INTERFACE -ffile-prefix-map=${PROJECT_BINARY_DIR}=.
-                          -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+if(CMAKE_BUILD_TYPE MATCHES "Rel")
+  target_compile_options(
+    morvane_flags INTERFACE -ffile-prefix-map=${PROJECT_BINARY_DIR}=.
+                            -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+endif()
 
 # Hardened as Debian's packages are.
 target_compile_options(morvane_flags INTERFACE -fstack-protector-strong -fstack-clash-protection)

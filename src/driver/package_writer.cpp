@@ -73,9 +73,9 @@ int read_file_bytes(package_writer& package, const std::string& path, std::int32
     return report_open_failure(path);
   }
   // A negative count asks for more than any file holds. A short file is known by its size before a
-  // byte of it is copied; one that has no size, or shrinks, is cut off again.
+  // byte of it is copied; one that tells no size, or shrinks, is cut off again.
   const std::uint64_t begin = package.written + package.waiting;
-  const bool refused = count < 0 || (file.size >= 0 && file.size < count);
+  const bool refused = count < 0 || (file.size > 0 && file.size < count);
   if (refused || copy_bytes(package, file.handle, static_cast<std::size_t>(count)) <
                      static_cast<std::size_t>(count)) {
     cut_back(package, begin);

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <thread>
 
@@ -149,6 +150,12 @@ TEST_F(PackageWriter, CutsOffWhatIsStillInItsBufferAfterTheFirstPartWasWritten) 
   writer.join();
   append("y");
   EXPECT_EQ(finished(), before + "y");
+}
+
+TEST_F(PackageWriter, CopiesAFileThatDoesNotTellItsSize) {
+  ASSERT_EQ(::symlink("/proc/self/status", folder.path("a.dvi").c_str()), 0);
+  EXPECT_EQ(copy("a.dvi", 5, 0), "");
+  EXPECT_EQ(finished(), "Name:");
 }
 
 }  // namespace
