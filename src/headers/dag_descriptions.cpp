@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "headers/length_check.h"
+#include "headers/line_reader.h"
 #include "headers/line_scanner.h"
 #include "headers/macro_values.h"
 #include "io/file.h"

@@ -3,12 +3,10 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "format/input_entry.h"
 #include "format/records.h"
-#include "headers/line_reader.h"
 
 namespace morvane {
 
