@@ -3,6 +3,7 @@
 #include <dirent.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <memory>
 #include <unordered_set>
 
@@ -15,15 +16,21 @@ namespace morvane {
 namespace {
 
 /// The names of a folder's entries, in the order in which the folder yields them; none for a folder
-/// that cannot be opened.
+/// that cannot be opened, or not read to its end.
 std::vector<std::string> list_folder(const std::string& folder) {
   std::vector<std::string> names;
   const auto close = [](DIR* open_folder) { ::closedir(open_folder); };
   const std::unique_ptr<DIR, decltype(close)> entries(::opendir(folder.c_str()), close);
-  if (entries) {
-    while (const dirent* entry = ::readdir(entries.get())) {
-      names.emplace_back(entry->d_name);
-    }
+  if (!entries) {
+    return names;
+  }
+  errno = 0;
+  while (const dirent* entry = ::readdir(entries.get())) {
+    names.emplace_back(entry->d_name);
+    errno = 0;
+  }
+  if (errno != 0) {
+    names.clear();
   }
   return names;
 }

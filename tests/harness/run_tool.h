@@ -1,6 +1,8 @@
 // Starts the built tool as its users do and tells what it printed.
 #pragma once
 
+#include <sys/types.h>
+
 #include <string>
 #include <vector>
 
@@ -18,8 +20,19 @@ struct run_result {
 /// the C locale whatever the environment says, and one that hangs is ended by SIGALRM.
 run_result run_program(const std::vector<std::string>& arguments, const std::string& folder);
 
+/// Starts a program likewise and does not wait. Its standard output is the descriptor, which the
+/// caller closes; its diagnostics are lost. Returns the process.
+pid_t start_program(const std::vector<std::string>& arguments, const std::string& folder,
+                    int output);
+
+/// Waits for the end of a started program. Returns its status as in run_result.
+int wait_for(pid_t process);
+
 /// Starts morvane_gen with arguments in a folder, behind the prefix command of this build.
 run_result run_tool(const std::vector<std::string>& arguments, const std::string& folder);
+
+/// The command of run_tool.
+std::vector<std::string> tool_words(const std::vector<std::string>& arguments);
 
 /// The words of the command that the tool is started with: an emulator, a memory checker, or none.
 /// From MORVANE_RUN_PREFIX in the environment, otherwise from the build.

@@ -29,7 +29,9 @@ class PackageReader : public testing::Test {
 
   /// What extracting so many bytes gives.
   std::string extract(package_reader& package, std::size_t count) {
-    extract_bytes(package, open_to_write(folder.path("image")), count);
+    const writable_file image = open_to_write(folder.path("image"));
+    empty_file(image.handle);
+    extract_bytes(package, image.handle, count);
     return folder.read("image");
   }
 

@@ -33,7 +33,7 @@ class PackageWriter : public testing::Test {
   }
 
   scratch_folder folder;
-  package_writer package{.file = open_to_write(folder.path("package"))};
+  package_writer package{.file = open_to_write(folder.path("package")).handle};
 };
 
 TEST_F(PackageWriter, WritesBytesInTheirOrder) {
