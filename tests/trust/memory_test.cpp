@@ -102,5 +102,33 @@ TEST(MemoryFollowsTheFile, AnImageOfAQuarterGibIsPackedAndExtracted) {
   EXPECT_LT(run.peak_kib - baseline, allowed_kib);
 }
 
+TEST(MemoryFollowsTheFile, ALongParseDirectoryIsNotKeptForEveryDvi) {
+  if (!can_measure()) {
+    GTEST_SKIP();
+  }
+  constexpr int dvis = 4000;
+  std::string package = header(dvis);
+  for (int i = 0; i < dvis; ++i) {
+    package += bytes(dvi("net" + std::to_string(i), 0));
+  }
+  const auto peak = [&](const std::string& parsedir) {
+    const scratch_folder scratch(fast_folder());
+    scratch.write("a.bin", package);
+    const run_result run =
+        run_program({tool_path(), "-f", "a.bin", "-p", parsedir, "-v"}, scratch.path());
+    EXPECT_EQ(run.status, 1);
+    EXPECT_TRUE(scratch.exists("parse/net3999.dvi"));
+    return run.peak_kib;
+  };
+  std::string long_way = ".";
+  while (long_way.size() < 2040) {
+    long_way += "/.";
+  }
+  const long near = peak(".");
+  const long far = peak(long_way);
+  std::printf("peak %ld KiB with a short path, %ld KiB with a long one\n", near, far);
+  EXPECT_LT(far - near, 1024);  // a path per DVI would be 8 MiB
+}
+
 }  // namespace
 }  // namespace morvane::test
