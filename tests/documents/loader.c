@@ -1,6 +1,6 @@
 /*
- * A loader of packages that trusts nothing in them. It prints what it finds in the words of the
- * tool's own report, and writes the images to a folder.
+ * A loader that checks everything in a package. It prints the records in the words of the tool's
+ * report, and writes the images to a folder.
  *
  *     loader PACKAGE [FOLDER]
  *
@@ -37,7 +37,7 @@ static const unsigned char* take(struct rest* rest, uint32_t count, uint32_t wid
   return front;
 }
 
-/* The record at a position of a list. Nothing in a package is aligned, so it is copied out. */
+/* Copies the record at a position of a list, as nothing in a package is aligned. */
 #define RECORD(list, position, record) \
   memcpy(&record, (list) + (size_t)(position) * sizeof record, sizeof record)
 
@@ -181,7 +181,7 @@ static void load_package(struct rest package, const char* folder) {
   }
 }
 
-/* Reads a whole file into memory, which stays until the end of the program. */
+/* Reads a whole file into memory, which is kept until the end of the program. */
 static struct rest read_file(const char* path) {
   static unsigned char* bytes;
   struct rest content = {NULL, 0};

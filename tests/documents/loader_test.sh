@@ -21,7 +21,7 @@ refuses() {
   [ "$(<reason)" = "loader: $1" ] || fail "$(<reason)"
 }
 
-# set_bytes OFFSET BYTES: the package with other bytes, written as \xHH, at an offset.
+# set_bytes OFFSET BYTES: writes the package with other bytes, given as \xHH, at an offset.
 set_bytes() {
   cp vproc.bin damaged.bin
   printf "$2" | dd of=damaged.bin bs=1 seek="$1" conv=notrunc status=none
@@ -34,7 +34,7 @@ for kept in 0 11 12 167 168 479 480 481 1559 1560 10000 $((blocks_end + 1)) $((l
   refuses "the package ends early"
 done
 
-# The one cut that leaves no trace.
+# No reader can find this cut.
 head -c "$blocks_end" vproc.bin >cut.bin
 loader cut.bin >found
 same "the report of the cut package" plain.report found

@@ -1,15 +1,15 @@
-# The tables of values, numbers and file indices in the document of the headers say what the tool reads.
+# The tables of values, numbers and file indices in the document of the headers agree with the tool.
 source "$SOURCE/tests/documents/test_folder.sh"
 
 document=$SOURCE/docs/header_macros.md
 
-# table TITLE: the cells of the table with that first title, one row a line, separated by bars, without the
-# marks of code.
+# table TITLE: the cells of the table with this first title, one row per line, separated by bars, without
+# backquotes.
 table() {
   sed -n "/^| $1 |/,/^\$/p" "$document" | sed '1,2d; /^$/d; s/^| //; s/ |$//; s/ | /|/g; s/`//g'
 }
 
-# pack_header HEADER: packs an empty DVI with that header and prints the report, a column a line.
+# pack_header HEADER: packs an empty DVI with this header and prints the report, one column per line.
 pack_header() {
   rm -rf in
   mkdir in
@@ -45,8 +45,8 @@ while IFS='|' read -r word number why; do
 done <numbers
 pack_header numbers.h | grep '^pitch' | same "the numbers" shown_numbers -
 
-# Each name of the first column is that of a DVI. It lies among as many DVIs without an index as its own asks
-# for, at least one.
+# Each name of the first column is the name of a DVI. DVIs without an index make the number of DVIs fit its
+# index; there is at least one.
 table Name >names
 [ "$(wc -l <names)" -eq 6 ] || fail "$(wc -l <names) rows of names"
 while IFS='|' read -r list index; do
