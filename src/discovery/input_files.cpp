@@ -15,8 +15,8 @@ namespace morvane {
 
 namespace {
 
-/// The names of a folder's entries, in the order in which the folder yields them; none for a folder
-/// that cannot be opened, or not read to its end.
+/// The names of a folder's entries, in the order of the folder; none if the folder cannot be opened
+/// and read to its end.
 std::vector<std::string> list_folder(const std::string& folder) {
   std::vector<std::string> names;
   const auto close = [](DIR* open_folder) { ::closedir(open_folder); };
@@ -35,8 +35,8 @@ std::vector<std::string> list_folder(const std::string& folder) {
   return names;
 }
 
-/// Looks at the greatest index only, and only when it is above 0: a gap or a repeat below it
-/// passes.
+/// Checks the greatest index only, and only if it is above 0. Gaps and repeated indices below it
+/// are accepted.
 bool in_order(const std::vector<input_entry>& files) {
   std::int32_t greatest = -1;
   for (const input_entry& file : files) {

@@ -1,6 +1,6 @@
-# The commands that the documents show print what the documents show. In a block ```console a line that
-# begins with "$ " is a command, and the lines up to the next command are what it prints. The commands of a
-# document run in one shell, one after the other, in a copy of the source tree.
+# The commands in the documents print what the documents show. In a block ```console a line that begins with
+# "$ " is a command. The lines up to the next command are its output. The commands of a document run in one
+# shell, one after the other, in a copy of the source tree.
 source "$SOURCE/tests/documents/test_folder.sh"
 
 # Runs the commands of a file as if they were typed, each after its prompt.

@@ -1,4 +1,4 @@
-// The parse folder: what an inspection makes, replaces and leaves alone, and what it says when it
+// The parse folder: what an inspection makes, replaces and does not touch, and its messages if it
 // cannot write.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -25,7 +25,7 @@ constexpr const char* header =
     "#define\tnet_image_size\t5\n"
     "#define\tnet_dagbin_start\t0\n";
 
-/// The line of the table about a DVI that only has an index, an image size and a name.
+/// The line in the table for a DVI with only an index, an image size and a name.
 std::string table_line(const std::string& index, const std::string& size, const std::string& name) {
   return "dvi_id: " + index + "\t dvi_img_vaddr: 0\t dvi_img_size: " + size +
          "\t dvi_dag_vaddr: 0\t input_num: 0\t output_num: 0\t dvi_pkg_size: 0\t dvi_ppv: 0\t "

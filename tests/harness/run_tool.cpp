@@ -21,7 +21,7 @@ namespace {
 
 constexpr unsigned longest_run = 500;  // seconds
 
-/// A program's surroundings are the same on every machine, and it leaves no memory image behind.
+/// Gives a program the same environment on every machine, and no core dump.
 void settle_surroundings() {
   for (const char* variable : {"LANG", "LANGUAGE", "LC_ALL", "LC_MESSAGES", "POSIXLY_CORRECT"}) {
     ::unsetenv(variable);

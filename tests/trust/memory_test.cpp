@@ -1,4 +1,5 @@
-// Memory follows the file, not its claims. Measured as the child's greatest resident memory.
+// The inspection takes memory for what a file holds, not for what it claims. Measured is the
+// greatest resident memory of the child process.
 
 #include <gtest/gtest.h>
 
@@ -20,8 +21,7 @@ namespace {
 
 constexpr long allowed_kib = 64 * 1024;
 
-/// A measurement of the tool alone; empty, with the reason printed, where something else would be
-/// measured with it.
+/// Whether the memory of the tool alone can be measured. If not, prints the reason.
 bool can_measure() {
   if (under_sanitizer || !run_prefix().empty()) {
     std::printf("not measured: the memory of the %s would be counted with the tool's\n",
@@ -31,7 +31,7 @@ bool can_measure() {
   return true;
 }
 
-/// Greatest resident memory of an inspection, in KiB.
+/// The greatest resident memory of an inspection, in KiB.
 long peak_of(const std::string& package) {
   const scratch_folder scratch(fast_folder());
   scratch.write("a.bin", package);

@@ -1,4 +1,4 @@
-// Nothing outside the parse folder is created, changed or removed, whatever a package says.
+// For any package, nothing outside the parse folder is created, changed or removed.
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Every file and folder outside the parse folder, with what would tell that it was touched.
+/// Every file and folder outside the parse folder, with attributes that show a change.
 std::map<std::string, std::string> surroundings(const scratch_folder& scratch) {
   std::map<std::string, std::string> found;
   auto entry = fs::recursive_directory_iterator(scratch.path());
@@ -41,7 +41,7 @@ std::map<std::string, std::string> surroundings(const scratch_folder& scratch) {
   return found;
 }
 
-/// Files that a careless path would reach, by image or header name, and the folders on its way.
+/// Files that an unchecked image or header name would reach, and the folders on the way.
 void place_sentinels(const scratch_folder& scratch) {
   for (const char* folder : {"", "work/", "work/out/"}) {
     for (const char* name : {"victim.dvi", "victim.h", "_victim.h", "_.h", ".dvi", "_...h"}) {

@@ -17,7 +17,7 @@ using test::scratch_folder;
 
 class HeaderWriter : public testing::Test {
  protected:
-  /// What the header holds.
+  /// The content of the header.
   [[nodiscard]] std::string written() const { return folder.read("_net.h"); }
 
   scratch_folder folder;
