@@ -22,15 +22,14 @@ namespace morvane {
 
 namespace {
 
-/// The files to pack: the DVI and the header at one position belong together.
+/// The files to pack. The DVI and the header at the same position belong together.
 struct pack_inputs {
   std::string folder;
   std::vector<input_entry> dvis;
   std::vector<input_entry> headers;
 };
 
-/// A size in bytes as the records declare it and the run adds it up: 32 bits, whatever the file
-/// holds.
+/// The size of a list in bytes, in 32 bits as the run adds it up.
 template <class Record>
 std::uint32_t declared_size(const std::vector<Record>& records) {
   return static_cast<std::uint32_t>(sizeof(Record) * records.size());
@@ -79,7 +78,7 @@ int append_ports(package_writer& package, const std::string& header_path, const 
   return 0;
 }
 
-/// Appends the block of every DVI and adds its declared size to the running size.
+/// Appends the block of every DVI and adds its size to the running size.
 int append_dvi_blocks(package_writer& package, const pack_inputs& inputs,
                       const std::vector<dvi_desc>& dvis, std::uint32_t& size) {
   for (std::size_t i = 0; i < inputs.dvis.size(); ++i) {
@@ -95,8 +94,7 @@ int append_dvi_blocks(package_writer& package, const pack_inputs& inputs,
   return 0;
 }
 
-/// Appends the vproc table and every vproc block, and adds their declared sizes to the running
-/// size.
+/// Appends the vproc table and every vproc block, and adds their sizes to the running size.
 int append_vproc_section(package_writer& package, const pack_inputs& inputs, std::uint32_t& size) {
   std::vector<vproc_desc> vprocs;
   parse_vproc_description(vprocs, inputs.folder, inputs.headers);
@@ -118,9 +116,8 @@ int append_vproc_section(package_writer& package, const pack_inputs& inputs, std
   return 0;
 }
 
-/// Appends all sections of the package. The size is the sum of what the records declare: the
-/// file's, modulo 2^32, as long as the counts that one parser finds in a header are the records
-/// that another finds.
+/// Appends all sections of the package. The size is the sum of the sizes in the records. It is the
+/// size of the file modulo 2^32 if the counts of one parser agree with the records of the other.
 int append_sections(package_writer& package, const pack_inputs& inputs, bool vproc,
                     std::uint32_t& size) {
   const pkg_header header{.version = version_word,
@@ -140,7 +137,7 @@ int append_sections(package_writer& package, const pack_inputs& inputs, bool vpr
   return vproc ? append_vproc_section(package, inputs, size) : 0;
 }
 
-/// Whether a file is one of the inputs, under whatever name.
+/// Whether a file is one of the inputs, under any name.
 bool is_input(const file_identity& file, const pack_inputs& inputs) {
   const auto is_file = [&](const input_entry& entry) {
     return identity_at(join_path(inputs.folder, entry.name)) == file;
@@ -148,8 +145,8 @@ bool is_input(const file_identity& file, const pack_inputs& inputs) {
   return std::ranges::any_of(inputs.dvis, is_file) || std::ranges::any_of(inputs.headers, is_file);
 }
 
-/// Creates or empties the package. The handle is closed when it cannot be opened, or is one of the
-/// inputs: that keeps its content.
+/// Creates or empties the package. The handle is closed if the file cannot be opened or is one of
+/// the inputs, which must keep their content.
 file_handle open_package_to_write(const std::string& path, const pack_inputs& inputs) {
   writable_file file = open_to_write(path);
   const bool usable = file.is_new || (!is_input(file.identity, inputs) && empty_file(file.handle));

@@ -24,8 +24,8 @@ std::span<std::byte> free_space(package_writer& package) {
   return std::span(package.buffer).subspan(package.waiting);
 }
 
-/// Drops the bytes of the package from an earlier position on. What has left through a pipe is
-/// gone.
+/// Removes the bytes of the package after a position. Bytes that went into a pipe cannot be
+/// removed.
 void cut_back(package_writer& package, std::uint64_t position) {
   if (position >= package.written) {
     package.waiting = position - package.written;
@@ -72,8 +72,8 @@ int read_file_bytes(package_writer& package, const std::string& path, std::int32
   if (!file.handle.is_open()) {
     return report_open_failure(path);
   }
-  // A negative count asks for more than any file holds. A short file is known by its size before a
-  // byte of it is copied; one that tells no size, or shrinks, is cut off again.
+  // A negative count is more than any file holds. The size of a short file is known before a byte
+  // is copied. If a file has no size, or shrinks, its bytes are removed again.
   const std::uint64_t begin = package.written + package.waiting;
   const bool refused = count < 0 || (file.size > 0 && file.size < count);
   if (refused || copy_bytes(package, file.handle, static_cast<std::size_t>(count)) <

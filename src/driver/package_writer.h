@@ -1,4 +1,4 @@
-// Writes a package front to back, through one buffer that images pass through as well.
+// Writes a package from front to back through one buffer. Images go through the same buffer.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 
 namespace morvane {
 
-/// A package on its way to its file. Bytes wait in the buffer until it is full.
+/// A package that is being written. Bytes stay in the buffer until it is full.
 struct package_writer {
   file_handle file;
   std::vector<std::byte> buffer = std::vector<std::byte>(chunk_size);
@@ -28,12 +28,11 @@ void append_records(package_writer& package, const std::vector<Record>& records)
   append_bytes(package, std::as_bytes(std::span(records)));
 }
 
-/// Appends the first count bytes of a file. Returns 0; or -1, with nothing of the file in the
-/// package, after the message "can't open file ..." or, when the file has fewer bytes, "error: fail
-/// to read ...".
+/// Appends the first count bytes of a file. Returns 0. On failure it appends nothing, prints "can't
+/// open file ..." or, if the file has fewer bytes, "error: fail to read ...", and returns -1.
 int read_file_bytes(package_writer& package, const std::string& path, std::int32_t count);
 
-/// Writes what waits in the buffer and closes the file.
+/// Writes the rest of the buffer and closes the file.
 void close_package(package_writer& package);
 
 }  // namespace morvane

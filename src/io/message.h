@@ -1,4 +1,4 @@
-// Lines on standard output. Messages and reports are this tool's interface, errors included.
+// Lines on standard output: reports and messages, including errors.
 #pragma once
 
 #include <array>
@@ -14,7 +14,7 @@ inline void append_piece(std::string& text, std::string_view piece) {
   text += piece;
 }
 
-/// Appends a literal, whose length needs no counting.
+/// Appends a literal. Its length is known at compile time.
 template <std::size_t size>
 // NOLINTNEXTLINE(*-avoid-c-arrays): that is what a literal is
 void append_piece(std::string& text, const char (&literal)[size]) {
