@@ -49,6 +49,14 @@ void settle_surroundings() {
   ::_exit(127);
 }
 
+run_result run_prefixed(const std::string& program, const std::vector<std::string>& arguments,
+                        const std::string& folder) {
+  std::vector<std::string> words = run_prefix();
+  words.push_back(program);
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  return run_program(words, folder);
+}
+
 }  // namespace
 
 run_result run_program(const std::vector<std::string>& arguments, const std::string& folder) {
@@ -72,10 +80,11 @@ run_result run_program(const std::vector<std::string>& arguments, const std::str
 }
 
 run_result run_tool(const std::vector<std::string>& arguments, const std::string& folder) {
-  std::vector<std::string> words = run_prefix();
-  words.push_back(tool_path());
-  words.insert(words.end(), arguments.begin(), arguments.end());
-  return run_program(words, folder);
+  return run_prefixed(tool_path(), arguments, folder);
+}
+
+run_result run_morvane(const std::vector<std::string>& arguments, const std::string& folder) {
+  return run_prefixed(morvane_path(), arguments, folder);
 }
 
 std::vector<std::string> run_prefix() {
@@ -86,6 +95,9 @@ std::vector<std::string> run_prefix() {
 
 std::string tool_path() {
   return MORVANE_TOOL;
+}
+std::string morvane_path() {
+  return MORVANE_COMPANION;
 }
 std::string library_path() {
   return MORVANE_LIBRARY;

@@ -21,12 +21,16 @@ run_result run_program(const std::vector<std::string>& arguments, const std::str
 /// Starts morvane_gen with arguments in a folder, behind the prefix command of this build.
 run_result run_tool(const std::vector<std::string>& arguments, const std::string& folder);
 
+/// Starts morvane in the same way.
+run_result run_morvane(const std::vector<std::string>& arguments, const std::string& folder);
+
 /// The words of the command that the tool is started with: an emulator, a memory checker, or none.
 /// From MORVANE_RUN_PREFIX in the environment, otherwise from the build.
 std::vector<std::string> run_prefix();
 
-/// Paths of the built program and library, and of the source tree.
+/// Paths of the built programs and library, and of the source tree.
 std::string tool_path();
+std::string morvane_path();
 std::string library_path();
 std::string source_folder();
 
