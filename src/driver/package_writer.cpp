@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 
 #include "io/message.h"
 
@@ -10,16 +11,10 @@ namespace morvane {
 
 namespace {
 
-void write_waiting(package_writer& package) {
-  write_bytes(package.file, std::span(package.buffer).first(package.waiting));
-  package.written += package.waiting;
-  package.waiting = 0;
-}
-
 /// The part of the buffer that takes the next bytes, never empty.
 std::span<std::byte> free_space(package_writer& package) {
   if (package.waiting == package.buffer.size()) {
-    write_waiting(package);
+    flush_package(package);
   }
   return std::span(package.buffer).subspan(package.waiting);
 }
@@ -85,8 +80,20 @@ int read_file_bytes(package_writer& package, const std::string& path, std::int32
   return 0;
 }
 
+void flush_package(package_writer& package) {
+  const auto bytes = std::span(package.buffer).first(package.waiting);
+  if (package.watch.see != nullptr) {
+    package.watch.see(package.watch.state, bytes);
+  }
+  if (write_bytes(package.file, bytes) < bytes.size() && package.write_error == 0) {
+    package.write_error = errno;
+  }
+  package.written += package.waiting;
+  package.waiting = 0;
+}
+
 void close_package(package_writer& package) {
-  write_waiting(package);
+  flush_package(package);
   package.file = file_handle();
 }
 

@@ -11,12 +11,20 @@
 
 namespace morvane {
 
+/// Sees the bytes of a package before they are written, in their order.
+struct byte_watch {
+  void (*see)(void* state, std::span<const std::byte> bytes) = nullptr;
+  void* state = nullptr;
+};
+
 /// A package that is being written. Bytes stay in the buffer until it is full.
 struct package_writer {
   file_handle file;
   std::vector<std::byte> buffer = std::vector<std::byte>(chunk_size);
   std::size_t waiting = 0;    // bytes in the buffer
   std::uint64_t written = 0;  // bytes in the file
+  int write_error = 0;        // errno of the first write that failed
+  byte_watch watch{};
 };
 
 /// Appends bytes to the package.
@@ -31,6 +39,9 @@ void append_records(package_writer& package, const std::vector<Record>& records)
 /// Appends the first count bytes of a file. Returns 0. On failure it appends nothing, prints "can't
 /// open file ..." or, if the file has fewer bytes, "error: fail to read ...", and returns -1.
 int read_file_bytes(package_writer& package, const std::string& path, std::int32_t count);
+
+/// Writes the rest of the buffer.
+void flush_package(package_writer& package);
 
 /// Writes the rest of the buffer and closes the file.
 void close_package(package_writer& package);

@@ -87,7 +87,7 @@ bool empty_file(const file_handle& file);
 std::size_t read_bytes(const file_handle& file, std::span<std::byte> bytes);
 
 /// Writes all bytes. Waits while a stream in non-blocking mode is full. Returns the number of bytes
-/// written, which is smaller after an error.
+/// written, which is smaller after an error; errno then holds the reason.
 std::size_t write_bytes(int descriptor, std::span<const std::byte> bytes);
 std::size_t write_bytes(const file_handle& file, std::span<const std::byte> bytes);
 

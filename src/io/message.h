@@ -39,6 +39,17 @@ void append_pieces(std::string& text, const Pieces&... pieces) {
 /// Writes a text to standard output at once, without a buffer between.
 void print_text(std::string_view text);
 
+/// As long as it lives, print_text appends to its text instead. One may live at a time.
+class collected_messages {
+ public:
+  collected_messages();
+  collected_messages(const collected_messages&) = delete;
+  collected_messages& operator=(const collected_messages&) = delete;
+  ~collected_messages();
+
+  std::string text{};
+};
+
 /// Prints the pieces, texts and numbers, as one line.
 template <class... Pieces>
 void print_line(const Pieces&... pieces) {

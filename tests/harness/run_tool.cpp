@@ -68,6 +68,14 @@ int wait_for(pid_t process, rusage& usage) {
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
+std::vector<std::string> prefixed(const std::string& program,
+                                  const std::vector<std::string>& arguments) {
+  std::vector<std::string> words = run_prefix();
+  words.push_back(program);
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  return words;
+}
+
 int open_stream(const std::string& path) {
   return ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
 }
@@ -106,11 +114,16 @@ run_result run_tool(const std::vector<std::string>& arguments, const std::string
   return run_program(tool_words(arguments), folder);
 }
 
+run_result run_morvane(const std::vector<std::string>& arguments, const std::string& folder) {
+  return run_program(morvane_words(arguments), folder);
+}
+
 std::vector<std::string> tool_words(const std::vector<std::string>& arguments) {
-  std::vector<std::string> words = run_prefix();
-  words.push_back(tool_path());
-  words.insert(words.end(), arguments.begin(), arguments.end());
-  return words;
+  return prefixed(tool_path(), arguments);
+}
+
+std::vector<std::string> morvane_words(const std::vector<std::string>& arguments) {
+  return prefixed(morvane_path(), arguments);
 }
 
 std::vector<std::string> run_prefix() {
@@ -121,6 +134,9 @@ std::vector<std::string> run_prefix() {
 
 std::string tool_path() {
   return MORVANE_TOOL;
+}
+std::string morvane_path() {
+  return MORVANE_COMPANION;
 }
 std::string library_path() {
   return MORVANE_LIBRARY;

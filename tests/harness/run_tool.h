@@ -31,15 +31,20 @@ int wait_for(pid_t process);
 /// Starts morvane_gen with arguments in a folder, with the run prefix.
 run_result run_tool(const std::vector<std::string>& arguments, const std::string& folder);
 
-/// The command of run_tool.
+/// Starts morvane in the same way.
+run_result run_morvane(const std::vector<std::string>& arguments, const std::string& folder);
+
+/// The commands of run_tool and run_morvane.
 std::vector<std::string> tool_words(const std::vector<std::string>& arguments);
+std::vector<std::string> morvane_words(const std::vector<std::string>& arguments);
 
 /// The run prefix: the words of a command that starts the tool, such as an emulator or a memory
 /// checker, or none. It comes from MORVANE_RUN_PREFIX in the environment, otherwise from the build.
 std::vector<std::string> run_prefix();
 
-/// Paths of the built program and library, and of the source tree.
+/// Paths of the built programs and library, and of the source tree.
 std::string tool_path();
+std::string morvane_path();
 std::string library_path();
 std::string source_folder();
 

@@ -1,0 +1,70 @@
+#include "companion/block_rules.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "companion/overlaps.h"
+#include "companion/package_walk.h"
+#include "companion/printable_text.h"
+#include "companion/record_rules.h"
+
+namespace morvane::companion {
+
+namespace {
+
+/// The name of the port at a position of the inputs and outputs together.
+record_name port_name_at(const morvane_view_dvi& dvi, std::uint32_t position) {
+  if (position < dvi.input_num) {
+    return {.dvi = dvi.position, .kind = "input", .index = position};
+  }
+  return {.dvi = dvi.position, .kind = "output", .index = position - dvi.input_num};
+}
+
+}  // namespace
+
+void check_ports(const morvane_view& view, const morvane_view_dvi& dvi, known_outputs& outputs,
+                 const finding_sink& sink) {
+  std::uint64_t position = 0;
+  for_each_port(view, dvi, [&](const morvane_view_port& port, const record_name& name) {
+    check_port(port, name, sink);
+    if (position < dvi.input_num) {
+      check_input_flow(port, name, outputs, sink);
+    } else {
+      remember_output(port, name, outputs);
+    }
+    ++position;
+  });
+}
+
+void note_port_overlaps(const morvane_view& view, const morvane_view_dvi& dvi,
+                        const finding_sink& sink) {
+  std::vector<used_range> used;
+  for_each_port(view, dvi, [&](const morvane_view_port& port, const record_name& /*name*/) {
+    const std::uint64_t begin = port.port_byte_offset;
+    used.push_back({.owner = static_cast<std::uint32_t>(used.size()),
+                    .begin = begin,
+                    .end = begin + port.port_size});
+  });
+  for (const auto& [one, other] : find_overlaps(std::move(used))) {
+    tell(sink, kind_of("ports-overlap"),
+         dvi.block + other.owner * sizeof(morvane_port_desc) +
+             offsetof(morvane_port_desc, port_byte_offset),
+         joined(str(port_name_at(dvi, other.owner)), ", ", other.end - other.begin, " bytes from ",
+                other.begin, " on, shares bytes with ", str(port_name_at(dvi, one.owner)), ", ",
+                one.end - one.begin, " bytes from ", one.begin, " on"));
+  }
+}
+
+void check_vproc(const morvane_view& view, const morvane_view_dvi& dvi, const finding_sink& sink) {
+  for_each_variable(view, dvi, [&](const morvane_view_var& variable, const record_name& name) {
+    check_variable(variable, name, sink);
+  });
+  for_each_smb(view, dvi, [&](const morvane_view_smb_block& smb, const record_name& name) {
+    check_smb(smb, name, sink);
+  });
+}
+
+}  // namespace morvane::companion

@@ -1,0 +1,71 @@
+#include "companion/check_package.h"
+
+#include <morvane/package_view.h>
+
+#include <cstddef>
+
+#include "companion/block_rules.h"
+#include "companion/damage.h"
+#include "companion/package_walk.h"
+#include "companion/port_flow.h"
+#include "companion/record_rules.h"
+#include "companion/table_rules.h"
+
+namespace morvane::companion {
+
+namespace {
+
+/// A package that is cut before its vproc part tells nothing about it.
+void check_demand(const morvane_view& view, int status, vproc_demand demand,
+                  const finding_sink& sink) {
+  const bool has_vproc = morvane_view_need_vproc(&view) == MORVANE_VIEW_OK;
+  if (demand == vproc_demand::required && status == MORVANE_VIEW_OK && !has_vproc) {
+    tell(sink, kind_of("vproc-missing"), view.size, "the package has no vproc records");
+  }
+  if (demand == vproc_demand::forbidden && has_vproc) {
+    tell(sink, kind_of("vproc-present"), view.vproc_table, "the package has vproc records");
+  }
+}
+
+void check_blocks(const morvane_view& view, bool with_notes, const finding_sink& sink) {
+  known_outputs outputs;
+  for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
+    check_ports(view, dvi, outputs, sink);
+    if (with_notes) {
+      note_port_overlaps(view, dvi, sink);
+    }
+  });
+  for_each_dvi(view, [&](const morvane_view_dvi& dvi) { check_vproc(view, dvi, sink); });
+}
+
+package_summary summarize(const morvane_view& view) {
+  package_summary summary{.has_vproc = morvane_view_need_vproc(&view) == MORVANE_VIEW_OK,
+                          .bytes = view.size};
+  for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
+    ++summary.dvis;
+    summary.ports += std::uint64_t{dvi.input_num} + dvi.output_num;
+  });
+  return summary;
+}
+
+}  // namespace
+
+package_summary check_package(std::span<const std::uint8_t> package, const check_scope& scope,
+                              const finding_sink& sink) {
+  morvane_view view{};
+  morvane_view_damage damage{};
+  const int status = morvane_view_open(&view, package.data(), package.size(), &damage);
+  if (status != MORVANE_VIEW_OK) {
+    tell_damage(damage, sink);
+  }
+  if (status != MORVANE_VIEW_HEADER_CUT && view.dvi_num == 0) {
+    tell(sink, kind_of("no-dvis"), offsetof(morvane_pkg_header, dvi_num),
+         "the package has no DVI, so nothing was checked");
+  }
+  check_demand(view, status, scope.vproc, sink);
+  check_table(view, scope.notes, sink);
+  check_blocks(view, scope.notes, sink);
+  return summarize(view);
+}
+
+}  // namespace morvane::companion

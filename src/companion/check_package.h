@@ -1,0 +1,34 @@
+// Whether a package is sound, told from the package alone.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "companion/findings.h"
+
+namespace morvane::companion {
+
+/// What a user knows about the vproc records of a package.
+enum class vproc_demand { none, required, forbidden };
+
+/// What a check looks for besides errors and warnings.
+struct check_scope {
+  bool notes = false;
+  vproc_demand vproc = vproc_demand::none;
+};
+
+/// What a package holds, as far as it can be walked.
+struct package_summary {
+  std::uint64_t dvis = 0;
+  std::uint64_t ports = 0;
+  bool has_vproc = false;
+  std::uint64_t bytes = 0;
+};
+
+/// Checks a package and hands every finding to the sink: first the damage that ends the walk, if
+/// there is one, then those of the DVI table, of the DVI blocks and of the vproc part. The file of
+/// the findings is empty. A package without an error among its findings is sound.
+package_summary check_package(std::span<const std::uint8_t> package, const check_scope& scope,
+                              const finding_sink& sink);
+
+}  // namespace morvane::companion

@@ -1,0 +1,107 @@
+#include "companion/console.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+
+#include "companion/printable_text.h"
+
+namespace morvane::companion {
+
+namespace {
+
+constexpr std::size_t most_pending = std::size_t{64} * 1024;
+
+/// Writes a part of the text; returns how much, or -1 with errno. Waits for a descriptor that takes
+/// nothing now.
+ssize_t write_some(int descriptor, std::string_view text) {
+  const ssize_t put = ::write(descriptor, text.data(), text.size());
+  if (put == 0) {
+    errno = EIO;
+    return -1;
+  }
+  if (put < 0 && errno == EINTR) {
+    return 0;
+  }
+  if (put < 0 && errno == EAGAIN) {
+    pollfd ready{.fd = descriptor, .events = POLLOUT, .revents = 0};
+    return ::poll(&ready, 1, -1) < 0 && errno != EINTR ? -1 : 0;
+  }
+  return put;
+}
+
+/// Writes the whole text. Returns 0, or the errno of the failure.
+int write_all(int descriptor, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t put = write_some(descriptor, text);
+    if (put < 0) {
+      return errno;
+    }
+    text.remove_prefix(static_cast<std::size_t>(put));
+  }
+  return 0;
+}
+
+void write_pending(console& streams) {
+  if (streams.error == 0) {
+    streams.error = write_all(STDOUT_FILENO, streams.pending);
+  }
+  streams.pending.clear();
+}
+
+bool is_set(const char* variable) {
+  const char* value = std::getenv(variable);  // NOLINT(concurrency-mt-unsafe): one thread
+  return value != nullptr && *value != '\0';
+}
+
+}  // namespace
+
+void settle_standard_streams() {
+  // A descriptor that is opened the wrong way round refuses every byte, as a closed one does.
+  constexpr std::array<int, 3> wrong_way{O_WRONLY, O_RDONLY, O_RDONLY};
+  for (int stream = 0; stream < static_cast<int>(wrong_way.size()); ++stream) {
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system's interface
+    if (::fcntl(stream, F_GETFD) < 0) {
+      // The lowest free number is this one. NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg)
+      static_cast<void>(::open("/dev/null", wrong_way.at(static_cast<std::size_t>(stream))));
+    }
+  }
+  std::signal(SIGPIPE, SIG_IGN);  // NOLINT(cert-err33-c): SIGPIPE can be ignored
+}
+
+bool has_colours() {
+  const char* terminal = std::getenv("TERM");  // NOLINT(concurrency-mt-unsafe): one thread
+  const bool is_dumb = terminal == nullptr || std::strcmp(terminal, "dumb") == 0;
+  return ::isatty(STDOUT_FILENO) == 1 && !is_dumb && !is_set("NO_COLOR");
+}
+
+void print_result(console& streams, std::string_view text) {
+  streams.pending += text;
+  if (streams.pending.size() >= most_pending) {
+    write_pending(streams);
+  }
+}
+
+int finish_results(console& streams, int status) {
+  write_pending(streams);
+  return streams.error == 0 ? status : report_file_error("standard output", streams.error);
+}
+
+void print_message(std::string_view text) {
+  // Nothing is left to complain to. NOLINTNEXTLINE(bugprone-unused-return-value)
+  static_cast<void>(write_all(STDERR_FILENO, joined("morvane: ", text, "\n")));
+}
+
+int report_file_error(std::string_view path, int error) {
+  // NOLINTNEXTLINE(concurrency-mt-unsafe): one thread
+  print_message(joined(printable(path), ": ", std::strerror(error)));
+  return status_failed;
+}
+
+}  // namespace morvane::companion

@@ -1,0 +1,46 @@
+// Results on standard output, every write checked; everything else on standard error.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace morvane::companion {
+
+/// The exit status of every command.
+enum exit_status : int {
+  status_fine = 0,
+  status_findings = 1,  // findings, or differences
+  status_failed = 2     // wrong usage, or a file that could not be read or written
+};
+
+/// Standard output with the results that are still to be written, and how to speak to the user.
+struct console {
+  std::string pending{};
+  int error = 0;        // errno of the first write that failed; what comes later is dropped
+  bool quiet = false;   // nothing but errors
+  bool colour = false;  // severities in colour
+};
+
+/// Opens the descriptors 0, 1 and 2 that are closed, so that no other file gets their numbers, but
+/// such that reading and writing them still fails. Ignores SIGPIPE: a closed pipe is an error of
+/// write.
+void settle_standard_streams();
+
+/// Whether standard output shows colours: a terminal that is not dumb, and NO_COLOR is not set.
+bool has_colours();
+
+/// Puts a text among the results.
+void print_result(console& streams, std::string_view text);
+
+/// Writes the results that are left. Returns the status; status_failed, with a message, when
+/// standard output did not take everything.
+int finish_results(console& streams, int status);
+
+/// Prints "morvane: TEXT" on standard error.
+void print_message(std::string_view text);
+
+/// Prints "morvane: PATH: " and the system's reason for an errno. Returns status_failed.
+int report_file_error(std::string_view path, int error);
+
+}  // namespace morvane::companion

@@ -1,0 +1,32 @@
+// Findings, for people and for programs.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "companion/console.h"
+#include "companion/findings.h"
+
+namespace morvane::companion {
+
+/// How findings are written.
+enum class finding_format { text };
+
+/// How many findings of each severity there were.
+struct finding_counts {
+  std::uint64_t errors = 0;
+  std::uint64_t warnings = 0;
+  std::uint64_t notes = 0;
+};
+
+/// Counts a finding.
+void count(const finding& found, finding_counts& counts);
+
+/// A finding as a line for people: "net.bin:0x1f4: error: the DVI table is cut [dvi-table-cut]".
+std::string finding_line(const finding& found, bool colour);
+
+/// Writes a finding as a result; one that is not an error only when the user did not ask for quiet.
+void write_finding(console& streams, const finding& found);
+
+}  // namespace morvane::companion

@@ -1,0 +1,109 @@
+#include "companion/package_bytes.h"
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <string_view>
+
+#include "companion/console.h"
+#include "io/file.h"
+
+namespace morvane::companion {
+
+namespace {
+
+/// Opens a file and waits for the writer of a named pipe.
+file_handle open_and_wait(const std::string& path) {
+  int descriptor = -1;
+  do {
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system's interface
+    descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  } while (descriptor < 0 && errno == EINTR);
+  return file_handle(descriptor);
+}
+
+/// Appends all that a file gives. Returns 0 or an errno.
+int read_to_end(const file_handle& file, std::vector<std::uint8_t>& bytes) {
+  std::size_t filled = 0;
+  ssize_t got = 1;
+  while (got != 0) {
+    bytes.resize(filled + chunk_size);
+    got = ::read(file.descriptor(), bytes.data() + filled, chunk_size);
+    if (got < 0 && errno != EINTR) {
+      return errno;
+    }
+    filled += got > 0 ? static_cast<std::size_t>(got) : 0;
+  }
+  bytes.resize(filled);
+  return 0;
+}
+
+extern "C" void end_at_cut_file(int /*signal*/) {
+  constexpr std::string_view text = "morvane: a file was cut while it was read\n";
+  static_cast<void>(!::write(STDERR_FILENO, text.data(), text.size()));
+  ::_exit(status_failed);
+}
+
+}  // namespace
+
+package_bytes::~package_bytes() {
+  if (is_mapped_) {
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): the system's interface
+    ::munmap(const_cast<std::uint8_t*>(data_), size_);
+  }
+}
+
+void package_bytes::swap(package_bytes& other) noexcept {
+  std::swap(data_, other.data_);
+  std::swap(size_, other.size_);
+  std::swap(is_mapped_, other.is_mapped_);
+  std::swap(read_, other.read_);
+}
+
+void package_bytes::release(std::size_t begin, std::size_t end) const {
+  const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+  const std::size_t first = begin / page * page;
+  const std::size_t last = end / page * page;
+  if (is_mapped_ && first < last) {
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): the system's interface
+    ::madvise(const_cast<std::uint8_t*>(data_ + first), last - first, MADV_DONTNEED);
+  }
+}
+
+int package_bytes::load(const std::string& path) {
+  const file_handle file = open_and_wait(path);
+  struct stat status {};
+  if (!file.is_open() || ::fstat(file.descriptor(), &status) != 0) {
+    return errno;
+  }
+  package_bytes loaded;
+  if (S_ISREG(status.st_mode) && status.st_size > 0) {
+    const auto size = static_cast<std::size_t>(status.st_size);
+    void* const mapped = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file.descriptor(), 0);
+    if (mapped != MAP_FAILED) {
+      loaded.data_ = static_cast<const std::uint8_t*>(mapped);
+      loaded.size_ = size;
+      loaded.is_mapped_ = true;
+    }
+  }
+  if (!loaded.is_mapped_) {
+    const int error = read_to_end(file, loaded.read_);
+    if (error != 0) {
+      return error;
+    }
+    loaded.data_ = loaded.read_.data();
+    loaded.size_ = loaded.read_.size();
+  }
+  swap(loaded);
+  return 0;
+}
+
+void end_at_shrinking_files() {
+  std::signal(SIGBUS, end_at_cut_file);  // NOLINT(cert-err33-c): SIGBUS can be handled
+}
+
+}  // namespace morvane::companion

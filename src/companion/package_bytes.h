@@ -1,0 +1,49 @@
+// The bytes of a package: mapped from a file, or read from a pipe.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace morvane::companion {
+
+/// Owns the bytes of a package for as long as it lives; views of the package end with it.
+class package_bytes {
+ public:
+  package_bytes() = default;
+  package_bytes(package_bytes&& other) noexcept { swap(other); }
+  package_bytes& operator=(package_bytes&& other) noexcept {
+    swap(other);
+    return *this;
+  }
+  package_bytes(const package_bytes&) = delete;
+  package_bytes& operator=(const package_bytes&) = delete;
+  ~package_bytes();
+
+  [[nodiscard]] std::span<const std::uint8_t> bytes() const { return {data_, size_}; }
+
+  /// Gives back the memory of the bytes from begin to end, the page of the end excluded. They can
+  /// still be read, at the cost of reading them from the file again.
+  void release(std::size_t begin, std::size_t end) const;
+
+  /// Reads a file, or anything else that ends, such as a pipe. Returns 0 or the errno of the
+  /// failure; the bytes are then as they were.
+  int load(const std::string& path);
+
+ private:
+  void swap(package_bytes& other) noexcept;
+
+  const std::uint8_t* data_ = nullptr;
+  std::size_t size_ = 0;
+  bool is_mapped_ = false;
+  std::vector<std::uint8_t> read_;  // of what cannot be mapped
+};
+
+/// From here on, a mapped file that is cut by somebody else ends the program with status_failed and
+/// a message.
+void end_at_shrinking_files();
+
+}  // namespace morvane::companion

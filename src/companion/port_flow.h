@@ -1,0 +1,33 @@
+// Ports that pass data on: an input gets what an earlier DVI's output of the same name left.
+#pragma once
+
+#include <morvane/package_view.h>
+
+#include <cstdint>
+#include <string_view>
+#include <unordered_map>
+
+#include "companion/findings.h"
+#include "companion/package_walk.h"
+
+namespace morvane::companion {
+
+/// An output, and where it is.
+struct known_output {
+  record_name name;
+  morvane_view_port port;
+};
+
+/// The last output of each name among the DVIs met so far. The names lie in the package.
+using known_outputs = std::unordered_map<std::string_view, known_output>;
+
+/// Adds an output, in place of an earlier one of its name.
+void remember_output(const morvane_view_port& output, const record_name& name,
+                     known_outputs& outputs);
+
+/// Tells the sink when an input differs from the known output of its name in dims, format, size or
+/// offset. Inputs without a name get data from nowhere.
+void check_input_flow(const morvane_view_port& input, const record_name& name,
+                      const known_outputs& outputs, const finding_sink& sink);
+
+}  // namespace morvane::companion
