@@ -1,0 +1,50 @@
+#include "companion/digest.h"
+
+#define XXH_INLINE_ALL  // NOLINT(cppcoreguidelines-macro-usage): how this header is asked for it
+#include <xxhash.h>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <new>
+
+namespace morvane::companion {
+
+namespace {
+
+constexpr std::size_t step = std::size_t{1} << 20U;
+
+struct state_deleter {
+  void operator()(XXH3_state_t* state) const { XXH3_freeState(state); }
+};
+
+std::string hexadecimal(const XXH128_hash_t& hash) {
+  constexpr std::string_view digits = "0123456789abcdef";
+  XXH128_canonical_t canonical;
+  XXH128_canonicalFromHash(&canonical, hash);
+  std::string text;
+  for (const unsigned char byte : canonical.digest) {
+    text += digits[byte >> 4U];
+    text += digits[byte & 0xFU];
+  }
+  return text;
+}
+
+}  // namespace
+
+std::string xxh3_128(const package_bytes& package, std::span<const std::uint8_t> bytes) {
+  const std::unique_ptr<XXH3_state_t, state_deleter> state(XXH3_createState());
+  if (!state) {
+    throw std::bad_alloc();
+  }
+  XXH3_128bits_reset(state.get());
+  while (!bytes.empty()) {
+    const auto part = bytes.first(std::min(step, bytes.size()));
+    XXH3_128bits_update(state.get(), part.data(), part.size());
+    package.release(part);
+    bytes = bytes.subspan(part.size());
+  }
+  return hexadecimal(XXH3_128bits_digest(state.get()));
+}
+
+}  // namespace morvane::companion
