@@ -27,15 +27,13 @@ record_name port_name_at(const morvane_view_dvi& dvi, std::uint32_t position) {
 
 void check_ports(const morvane_view& view, const morvane_view_dvi& dvi, known_outputs& outputs,
                  const finding_sink& sink) {
-  std::uint64_t position = 0;
-  for_each_port(view, dvi, [&](const morvane_view_port& port, const record_name& name) {
+  for_each_input(view, dvi, [&](const morvane_view_port& port, const record_name& name) {
     check_port(port, name, sink);
-    if (position < dvi.input_num) {
-      check_input_flow(port, name, outputs, sink);
-    } else {
-      remember_output(port, name, outputs);
-    }
-    ++position;
+    check_input_flow(port, name, outputs, sink);
+  });
+  for_each_output(view, dvi, [&](const morvane_view_port& port, const record_name& name) {
+    check_port(port, name, sink);
+    remember_output(port, name, outputs);
   });
 }
 

@@ -1,45 +1,50 @@
 #include "companion/check_command.h"
 
 #include <algorithm>
-#include <string_view>
 
+#include "companion/check_output.h"
 #include "companion/package_bytes.h"
-#include "companion/verdict.h"
 
 namespace morvane::companion {
 
 namespace {
 
-int check_one(const std::string& path, const check_options& options, console& streams) {
+/// Returns the exit status for one package.
+int check_one(const std::string& path, const check_options& options, check_output& output) {
   package_bytes package;
   const int error = package.load(path);
   if (error != 0) {
-    return report_file_error(path, error);
+    unread_package(output, path, error);
+    return status_failed;
   }
+  begin_package(output, path);
   finding_counts counts;
-  const package_summary summary =
-      check_package(package.bytes(), options.scope, [&](const finding& found) {
-        finding placed = found;
-        placed.file = path;
-        count(placed, counts);
-        write_finding(streams, placed);
-      });
-  if (counts.errors > 0 || (options.warnings_are_errors && counts.warnings > 0)) {
-    return status_findings;
-  }
-  if (!streams.quiet) {
-    print_result(streams, verdict_line(path, "sound", summary));
-  }
-  return status_fine;
+  progress_line& progress = output.json.streams.progress;
+  progress = begin_progress(path, package.bytes().size(), output.json.streams.quiet);
+  const package_summary summary = check_package(
+      package.bytes(), options.scope,
+      [&](finding found) {
+        found.file = path;
+        count(found, counts);
+        write_finding(output, found);
+      },
+      [&](std::uint64_t done) { show_progress(progress, done); });
+  hide_progress(progress);
+  const bool is_sound =
+      counts.errors == 0 && (counts.warnings == 0 || !options.warnings_are_errors);
+  end_package(output, path, summary, is_sound);
+  return is_sound ? status_fine : status_findings;
 }
 
 }  // namespace
 
 int run_check(const check_options& options, console& streams) {
+  check_output output = begin_check(streams, options.format);
   int status = status_fine;
   for (const std::string& path : options.packages) {
-    status = std::max(status, check_one(path, options, streams));
+    status = std::max(status, check_one(path, options, output));
   }
+  end_check(output);
   return status;
 }
 

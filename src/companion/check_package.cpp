@@ -27,13 +27,15 @@ void check_demand(const morvane_view& view, int status, vproc_demand demand,
   }
 }
 
-void check_blocks(const morvane_view& view, bool with_notes, const finding_sink& sink) {
+void check_blocks(const morvane_view& view, bool with_notes, const finding_sink& sink,
+                  const progress_sink& progress) {
   known_outputs outputs;
   for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
     check_ports(view, dvi, outputs, sink);
     if (with_notes) {
       note_port_overlaps(view, dvi, sink);
     }
+    progress(dvi.block);
   });
   for_each_dvi(view, [&](const morvane_view_dvi& dvi) { check_vproc(view, dvi, sink); });
 }
@@ -51,7 +53,7 @@ package_summary summarize(const morvane_view& view) {
 }  // namespace
 
 package_summary check_package(std::span<const std::uint8_t> package, const check_scope& scope,
-                              const finding_sink& sink) {
+                              const finding_sink& sink, const progress_sink& progress) {
   morvane_view view{};
   morvane_view_damage damage{};
   const int status = morvane_view_open(&view, package.data(), package.size(), &damage);
@@ -64,7 +66,7 @@ package_summary check_package(std::span<const std::uint8_t> package, const check
   }
   check_demand(view, status, scope.vproc, sink);
   check_table(view, scope.notes, sink);
-  check_blocks(view, scope.notes, sink);
+  check_blocks(view, scope.notes, sink, progress);
   return summarize(view);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 
 #include "companion/findings.h"
@@ -25,10 +26,13 @@ struct package_summary {
   std::uint64_t bytes = 0;
 };
 
+/// Is told how many bytes of a package were dealt with.
+using progress_sink = std::function<void(std::uint64_t done)>;
+
 /// Checks a package and hands every finding to the sink: first the damage that ends the walk, if
 /// there is one, then those of the DVI table, of the DVI blocks and of the vproc part. The file of
 /// the findings is empty. A package without an error among its findings is sound.
 package_summary check_package(std::span<const std::uint8_t> package, const check_scope& scope,
-                              const finding_sink& sink);
+                              const finding_sink& sink, const progress_sink& progress);
 
 }  // namespace morvane::companion

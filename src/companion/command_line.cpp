@@ -11,6 +11,7 @@
 #include "companion/console.h"
 #include "companion/pack_command.h"
 #include "companion/printable_text.h"
+#include "companion/show_command.h"
 #include "format/build_constants.h"
 
 namespace morvane::companion {
@@ -52,6 +53,14 @@ command_runner declare_check(CLI::App& app) {
   add_text(app, "PACKAGE", options->packages, "The packages to check")->required();
   app.add_flag("--notes", options->scope.notes, "Also tell what is harmless but good to know");
   app.add_flag("--werror", options->warnings_are_errors, "Take warnings for errors");
+  app.add_option_function<std::string>(
+         "--format",
+         [options](const std::string& name) { options->format = *finding_format_named(name); },
+         "How to write: text, json, or sarif for review tools")
+      ->check([](const std::string& name) {
+        return finding_format_named(name) ? "" : "there is no such format";
+      })
+      ->type_name("FORMAT");
   auto* const required = app.add_flag_callback(
       "--require-vproc", [options] { options->scope.vproc = vproc_demand::required; },
       "A package without vproc records is not sound");
@@ -75,10 +84,19 @@ command_runner declare_pack(CLI::App& app) {
   return [options](console& streams) { return run_pack(*options, streams); };
 }
 
+command_runner declare_show(CLI::App& app) {
+  const auto options = std::make_shared<show_options>();
+  add_text(app, "PACKAGE", options->package, "The package to show")->required();
+  app.add_flag("--json", options->json, "Write everything as JSON");
+  app.add_flag("--digest", options->digest, "Add the XXH3-128 of every image");
+  return [options](console& streams) { return run_show(*options, streams); };
+}
+
 constexpr std::array commands{
     command{"pack", "Pack a compiler output folder, safely", "morvane pack out -o net.bin",
             declare_pack},
     command{"check", "Tell whether packages are sound", "morvane check net.bin", declare_check},
+    command{"show", "Show what a package holds", "morvane show --json net.bin", declare_show},
 };
 
 /// Declares a command. The runner is kept when the command line asks for that command.
@@ -120,7 +138,8 @@ int end_parsing(const CLI::App& program, const CLI::ParseError& end, console& st
   std::ostringstream text;
   program.exit(end, text, text);
   print_result(streams, text.str());
-  return finish_results(streams, status_fine);
+  flush_results(streams);
+  return status_fine;
 }
 
 }  // namespace
@@ -148,7 +167,9 @@ int run_command_line(const std::vector<std::string>& arguments) {
   } catch (const CLI::ParseError& end) {
     return end_parsing(program, end, streams);
   }
-  return finish_results(streams, chosen(streams));
+  const int status = chosen(streams);
+  flush_results(streams);
+  return status;
 }
 
 }  // namespace morvane::companion

@@ -9,6 +9,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <system_error>
 
 #include "companion/printable_text.h"
 
@@ -48,13 +49,6 @@ int write_all(int descriptor, std::string_view text) {
   return 0;
 }
 
-void write_pending(console& streams) {
-  if (streams.error == 0) {
-    streams.error = write_all(STDOUT_FILENO, streams.pending);
-  }
-  streams.pending.clear();
-}
-
 bool is_set(const char* variable) {
   const char* value = std::getenv(variable);  // NOLINT(concurrency-mt-unsafe): one thread
   return value != nullptr && *value != '\0';
@@ -84,13 +78,17 @@ bool has_colours() {
 void print_result(console& streams, std::string_view text) {
   streams.pending += text;
   if (streams.pending.size() >= most_pending) {
-    write_pending(streams);
+    flush_results(streams);
   }
 }
 
-int finish_results(console& streams, int status) {
-  write_pending(streams);
-  return streams.error == 0 ? status : report_file_error("standard output", streams.error);
+void flush_results(console& streams) {
+  hide_progress(streams.progress);
+  const int error = write_all(STDOUT_FILENO, streams.pending);
+  streams.pending.clear();
+  if (error != 0) {
+    throw std::system_error(error, std::generic_category(), "standard output");
+  }
 }
 
 void print_message(std::string_view text) {

@@ -1,9 +1,10 @@
 // Results on standard output, every write checked; everything else on standard error.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
+
+#include "companion/progress.h"
 
 namespace morvane::companion {
 
@@ -17,9 +18,9 @@ enum exit_status : int {
 /// Standard output with the results that are still to be written, and how to speak to the user.
 struct console {
   std::string pending{};
-  int error = 0;        // errno of the first write that failed; what comes later is dropped
   bool quiet = false;   // nothing but errors
   bool colour = false;  // severities in colour
+  progress_line progress{};
 };
 
 /// Opens the descriptors 0, 1 and 2 that are closed, so that no other file gets their numbers, but
@@ -30,12 +31,12 @@ void settle_standard_streams();
 /// Whether standard output shows colours: a terminal that is not dumb, and NO_COLOR is not set.
 bool has_colours();
 
-/// Puts a text among the results.
+/// Puts a text among the results. Throws std::system_error when standard output does not take them,
+/// and so ends the command; so below.
 void print_result(console& streams, std::string_view text);
 
-/// Writes the results that are left. Returns the status; status_failed, with a message, when
-/// standard output did not take everything.
-int finish_results(console& streams, int status);
+/// Writes the results that are left.
+void flush_results(console& streams);
 
 /// Prints "morvane: TEXT" on standard error.
 void print_message(std::string_view text);

@@ -38,21 +38,29 @@ constexpr std::array<refusal, 10> refusals{{
      "bytes are left over after the last record", false},
 }};
 
+const refusal& refusal_of(int status) {
+  return *std::ranges::find(refusals, status, &refusal::status);
+}
+
 }  // namespace
 
+const finding_kind& kind_of_damage(int status) {
+  return *refusal_of(status).kind;
+}
+
 void tell_damage(const morvane_view_damage& damage, const finding_sink& sink) {
-  const auto* const row = std::ranges::find(refusals, damage.status, &refusal::status);
+  const refusal& row = refusal_of(damage.status);
   std::string text;
-  if (row->is_of_a_dvi) {
+  if (row.is_of_a_dvi) {
     append_pieces(text, str(record_name{.dvi = damage.dvi}), ": ");
   }
-  append_pieces(text, row->text);
+  append_pieces(text, row.text);
   if (damage.status == MORVANE_VIEW_BYTES_LEFT_OVER) {
     append_pieces(text, ": ", damage.present);
   } else {
     append_pieces(text, ": it says ", damage.claimed, " bytes, and there are ", damage.present);
   }
-  tell(sink, row->kind, damage.offset, std::move(text));
+  tell(sink, row.kind, damage.offset, std::move(text));
 }
 
 }  // namespace morvane::companion

@@ -7,6 +7,9 @@
 
 namespace morvane::companion {
 
+/// The kind of finding that a status of opening stands for.
+const finding_kind& kind_of_damage(int status);
+
 /// Tells the sink why opening a package failed.
 void tell_damage(const morvane_view_damage& damage, const finding_sink& sink);
 

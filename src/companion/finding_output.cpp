@@ -1,19 +1,14 @@
 #include "companion/finding_output.h"
 
+#include <algorithm>
 #include <array>
-#include <charconv>
+#include <utility>
 
 #include "companion/printable_text.h"
 
 namespace morvane::companion {
 
 namespace {
-
-std::string hexadecimal(std::uint64_t number) {
-  std::array<char, 16> digits{};
-  const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), number, 16);
-  return joined("0x", std::string_view(digits.data(), result.ptr));
-}
 
 /// "12:26" or "0x1f4"
 std::string str(const finding_place& place) {
@@ -32,6 +27,16 @@ std::string shown_severity(severity level, bool colour) {
 }
 
 }  // namespace
+
+std::optional<finding_format> finding_format_named(std::string_view name) {
+  constexpr std::array<std::pair<std::string_view, finding_format>, 3> formats{
+      {{"text", finding_format::text},
+       {"json", finding_format::json},
+       {"sarif", finding_format::sarif}}};
+  const auto* const found =
+      std::ranges::find(formats, name, &std::pair<std::string_view, finding_format>::first);
+  return found == formats.end() ? std::nullopt : std::optional(found->second);
+}
 
 void count(const finding& found, finding_counts& counts) {
   switch (found.kind->level) {
@@ -52,10 +57,25 @@ std::string finding_line(const finding& found, bool colour) {
                 "]\n");
 }
 
-void write_finding(console& streams, const finding& found) {
+void write_finding_line(console& streams, const finding& found) {
   if (!streams.quiet || found.kind->level == severity::error) {
     print_result(streams, finding_line(found, streams.colour));
   }
+}
+
+void write_finding_object(json_writer& json, const finding& found) {
+  begin_object(json);
+  write_member(json, "severity", name_of(found.kind->level));
+  write_member(json, "code", found.kind->code);
+  write_member(json, "file", found.file);
+  if (found.place.line == 0) {
+    write_member(json, "offset", found.place.offset);
+  } else {
+    write_member(json, "line", found.place.line);
+    write_member(json, "column", found.place.column);
+  }
+  write_member(json, "text", found.text);
+  end_object(json);
 }
 
 }  // namespace morvane::companion

@@ -1,17 +1,22 @@
-// Findings, for people and for programs.
+// Findings as lines for people and as JSON.
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "companion/console.h"
 #include "companion/findings.h"
+#include "companion/json_writer.h"
 
 namespace morvane::companion {
 
 /// How findings are written.
-enum class finding_format { text };
+enum class finding_format { text, json, sarif };
+
+/// The format of a name: "text", "json" or "sarif".
+std::optional<finding_format> finding_format_named(std::string_view name);
 
 /// How many findings of each severity there were.
 struct finding_counts {
@@ -27,6 +32,9 @@ void count(const finding& found, finding_counts& counts);
 std::string finding_line(const finding& found, bool colour);
 
 /// Writes a finding as a result; one that is not an error only when the user did not ask for quiet.
-void write_finding(console& streams, const finding& found);
+void write_finding_line(console& streams, const finding& found);
+
+/// Writes a finding as an element of an array.
+void write_finding_object(json_writer& json, const finding& found);
 
 }  // namespace morvane::companion

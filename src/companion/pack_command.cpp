@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "companion/byte_digest.h"
 #include "companion/depfile.h"
+#include "companion/digest.h"
 #include "companion/input_states.h"
 #include "companion/pack_messages.h"
 #include "companion/pack_verification.h"
@@ -31,6 +31,7 @@ struct packing {
   file_states before{};              // what the inputs were like at the begin
   replacement_file package{};
   byte_digest digest{};  // of all bytes that were written
+  std::uint64_t written = 0;
   package_summary summary{};
 };
 
@@ -62,8 +63,21 @@ int create_package(packing& run) {
   return error == 0 ? status_fine : report_file_error(run.options.package, error);
 }
 
-void add_to_digest(void* digest, std::span<const std::byte> bytes) {
-  static_cast<byte_digest*>(digest)->add(bytes);
+/// Sees all bytes on their way to the file.
+void see_bytes(void* state, std::span<const std::byte> bytes) {
+  auto& run = *static_cast<packing*>(state);
+  run.digest.add(bytes);
+  run.written += bytes.size();
+  show_progress(run.streams.progress, run.written);
+}
+
+/// About as many bytes as the package will have: those of the inputs.
+std::uint64_t expected_size(const packing& run) {
+  std::uint64_t size = 0;
+  for (const file_state& state : run.before.states) {
+    size += static_cast<std::uint64_t>(state.size);
+  }
+  return size;
 }
 
 /// The first input that cannot be opened now; empty when all can be.
@@ -79,12 +93,14 @@ std::string unreadable_input(const packing& run, int& error) {
 
 int write_package(packing& run) {
   package_writer writer{.file = std::move(run.package.handle),
-                        .watch = {.see = add_to_digest, .state = &run.digest}};
+                        .watch = {.see = see_bytes, .state = &run}};
+  run.streams.progress = begin_progress(run.options.package, expected_size(run), run.streams.quiet);
   std::uint32_t size = 0;
   const int status = tell_messages(run.streams, run.options.warnings_are_errors, [&] {
     return append_sections(writer, run.inputs, run.options.vproc, size);
   });
   flush_package(writer);
+  hide_progress(run.streams.progress);
   if (writer.write_error != 0) {
     return report_file_error(run.package.path(), writer.write_error);
   }

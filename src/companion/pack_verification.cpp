@@ -2,9 +2,7 @@
 
 #include <morvane/package_view.h>
 
-#include <algorithm>
-
-#include "companion/byte_digest.h"
+#include "companion/digest.h"
 #include "companion/finding_output.h"
 #include "companion/header_records.h"
 #include "companion/package_bytes.h"
@@ -15,30 +13,18 @@ namespace morvane::companion {
 
 namespace {
 
-std::string digest_of(const package_bytes& package) {
-  constexpr std::size_t step = std::size_t{1} << 20U;
-  byte_digest digest;
-  const auto bytes = std::as_bytes(package.bytes());
-  for (std::size_t begin = 0; begin < bytes.size(); begin += step) {
-    const std::size_t size = std::min(step, bytes.size() - begin);
-    digest.add(bytes.subspan(begin, size));
-    package.release(begin, begin + size);
-  }
-  return digest.text();
-}
-
 /// Writes the findings about a package. Returns whether it may take its place.
 bool is_sound(const package_bytes& package, const verification_request& request, console& streams,
               package_summary& summary) {
   finding_counts counts;
   const check_scope scope{.vproc =
                               request.vproc ? vproc_demand::required : vproc_demand::forbidden};
-  summary = check_package(package.bytes(), scope, [&](const finding& found) {
-    finding placed = found;
-    placed.file = request.package;
-    count(placed, counts);
-    write_finding(streams, placed);
-  });
+  const auto tell = [&](finding found) {
+    found.file = request.package;
+    count(found, counts);
+    write_finding_line(streams, found);
+  };
+  summary = check_package(package.bytes(), scope, tell, [](std::uint64_t /*done*/) {});
   return counts.errors == 0 && !(request.warnings_are_errors && counts.warnings > 0);
 }
 
@@ -68,7 +54,7 @@ int compare_records(const package_bytes& package, const pack_inputs& inputs) {
         !holds_records_of(view, dvi, characters(text.bytes()), header.index)) {
       return report_change(path);
     }
-    package.release(dvi.block, dvi.block + dvi.dvi_pkg_size);
+    package.release(package.bytes().subspan(dvi.block, dvi.dvi_pkg_size));
     walk = morvane_view_next(&view, &dvi);
   }
   return status_fine;
@@ -82,7 +68,7 @@ int verify(const verification_request& request, const pack_inputs& inputs, conso
   if (const int error = package.load(request.temporary); error != 0) {
     return report_file_error(request.temporary, error);
   }
-  if (digest_of(package) != request.digest) {
+  if (xxh3_128(package, package.bytes()) != request.digest) {
     print_message(joined(printable(request.temporary), ": does not hold what was written to it"));
     return status_failed;
   }

@@ -64,10 +64,11 @@ void package_bytes::swap(package_bytes& other) noexcept {
   std::swap(read_, other.read_);
 }
 
-void package_bytes::release(std::size_t begin, std::size_t end) const {
+void package_bytes::release(std::span<const std::uint8_t> part) const {
   const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+  const auto begin = static_cast<std::size_t>(part.data() - data_);
   const std::size_t first = begin / page * page;
-  const std::size_t last = end / page * page;
+  const std::size_t last = (begin + part.size()) / page * page;
   if (is_mapped_ && first < last) {
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): the system's interface
     ::madvise(const_cast<std::uint8_t*>(data_ + first), last - first, MADV_DONTNEED);

@@ -25,9 +25,9 @@ class package_bytes {
 
   [[nodiscard]] std::span<const std::uint8_t> bytes() const { return {data_, size_}; }
 
-  /// Gives back the memory of the bytes from begin to end, the page of the end excluded. They can
+  /// Gives back the memory of a part of the bytes, the page excluded in which it ends. They can
   /// still be read, at the cost of reading them from the file again.
-  void release(std::size_t begin, std::size_t end) const;
+  void release(std::span<const std::uint8_t> part) const;
 
   /// Reads a file, or anything else that ends, such as a pipe. Returns 0 or the errno of the
   /// failure; the bytes are then as they were.

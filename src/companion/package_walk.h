@@ -34,19 +34,32 @@ void for_each_dvi(const morvane_view& view, Function function) {
   }
 }
 
-/// Calls a function with each port of a DVI, inputs first, and the name of each.
+/// Calls a function with each input port of a DVI, and how messages name it; so below.
 template <class Function>
-void for_each_port(const morvane_view& view, const morvane_view_dvi& dvi, Function function) {
+void for_each_input(const morvane_view& view, const morvane_view_dvi& dvi, Function function) {
   morvane_view_port port{};
   for (std::uint32_t i = 0; morvane_view_input(&view, &dvi, i, &port) == MORVANE_VIEW_OK; ++i) {
     function(std::as_const(port), record_name{.dvi = dvi.position, .kind = "input", .index = i});
   }
+}
+
+/// Each output port.
+template <class Function>
+void for_each_output(const morvane_view& view, const morvane_view_dvi& dvi, Function function) {
+  morvane_view_port port{};
   for (std::uint32_t i = 0; morvane_view_output(&view, &dvi, i, &port) == MORVANE_VIEW_OK; ++i) {
     function(std::as_const(port), record_name{.dvi = dvi.position, .kind = "output", .index = i});
   }
 }
 
-/// Calls a function with each variable of a DVI.
+/// Each port, inputs first.
+template <class Function>
+void for_each_port(const morvane_view& view, const morvane_view_dvi& dvi, Function function) {
+  for_each_input(view, dvi, function);
+  for_each_output(view, dvi, function);
+}
+
+/// Each variable.
 template <class Function>
 void for_each_variable(const morvane_view& view, const morvane_view_dvi& dvi, Function function) {
   morvane_view_var variable{};
@@ -57,7 +70,7 @@ void for_each_variable(const morvane_view& view, const morvane_view_dvi& dvi, Fu
   }
 }
 
-/// Calls a function with each SMB block of a DVI.
+/// Each SMB block.
 template <class Function>
 void for_each_smb(const morvane_view& view, const morvane_view_dvi& dvi, Function function) {
   morvane_view_smb_block smb{};

@@ -1,8 +1,8 @@
 #include "companion/printable_text.h"
 
 #include <array>
+#include <charconv>
 #include <cstddef>
-#include <cstdint>
 
 namespace morvane::companion {
 
@@ -81,6 +81,12 @@ std::string printable(std::string_view text) {
     text.remove_prefix(length == 0 ? 1 : length);
   }
   return shown;
+}
+
+std::string hexadecimal(std::uint64_t number) {
+  std::array<char, 16> digits{};
+  const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), number, 16);
+  return joined("0x", std::string_view(digits.data(), result.ptr));
 }
 
 std::string quoted(std::string_view text) {

@@ -1,6 +1,7 @@
 // Texts from packages and headers, made safe for a terminal.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -25,6 +26,9 @@ std::string joined(const Pieces&... pieces) {
   append_pieces(text, pieces...);
   return text;
 }
+
+/// "0x1f4"
+std::string hexadecimal(std::uint64_t number);
 
 /// The printable text between double quotes, for messages.
 std::string quoted(std::string_view text);

@@ -29,7 +29,8 @@ check_result check(std::string_view package, const check_scope& scope = {}) {
       {reinterpret_cast<const std::uint8_t*>(characters.data()), characters.size()}, scope,
       [&](const companion::finding& found) {
         result.findings.push_back(finding_line(found, false));
-      });
+      },
+      [](std::uint64_t) {});
   return result;
 }
 

@@ -128,11 +128,10 @@ TEST_F(Pack, TreatsWarningsAsErrorsOnRequest) {
 
 TEST_F(Pack, TreatsWarningsOfTheCheckAsErrorsOnRequest) {
   folder.write("in/net.h", std::string(header) + "#define net_dagbin_start 9\n");
-  expect_refused(
-      {"--werror"}, 1,
-      "net.bin:0x18: warning: dvi_dag_vaddr 0x9 of DVI 0 lies outside its image from 0x0 "
-      "to 0x5 [dagbin-outside-image]\n",
-      "");
+  expect_refused({"--werror"}, 1,
+                 "net.bin:0x18: warning: DVI 0: dvi_dag_vaddr is 9, outside the image, which has 5 "
+                 "bytes from 0 on [dagbin-outside-image]\n",
+                 "");
 }
 
 TEST_F(Pack, RefusesAFolderWithoutImages) {

@@ -1,0 +1,97 @@
+#include "companion/show_tables.h"
+
+#include "companion/package_walk.h"
+#include "companion/printable_text.h"
+#include "companion/text_table.h"
+#include "format/build_constants.h"
+
+namespace morvane::companion {
+
+namespace {
+
+constexpr std::string_view indent = "  ";
+
+std::string package_line(const shown_package& shown) {
+  if (!has_header(shown)) {
+    return joined(printable(shown.path), ": ", shown.view.size, " bytes\n");
+  }
+  const bool has_vproc = morvane_view_need_vproc(&shown.view) == MORVANE_VIEW_OK;
+  return joined(printable(shown.path), ": ", shown.view.size, " bytes, ",
+                version_text(shown.view.version, shown.view.HASH), ", dvi_num ", shown.view.dvi_num,
+                has_vproc ? ", with" : ", without", " vproc records\n");
+}
+
+std::string dvi_lines(const shown_package& shown, const morvane_view_dvi& dvi) {
+  const auto image = image_of(shown, dvi);
+  std::string text = joined(
+      "\n", str(record_name{.dvi = dvi.position}), ": ", printable(str(dvi.dag_name)), "\n", indent,
+      "dvi_id ", dvi.dvi_id, ", vproc_id ", dvi.vproc_id, ", dvi_ppv ", dvi.dvi_ppv, "\n", indent,
+      "image: offset ", hexadecimal(static_cast<std::uint64_t>(image.data() - shown.view.bytes)),
+      ", ", image.size(), " bytes, address ", hexadecimal(dvi.dvi_img_vaddr), ", DAG binary at ",
+      hexadecimal(dvi.dvi_dag_vaddr), "\n");
+  if (shown.with_digests) {
+    append_pieces(text, indent, "xxh3_128: ", digest_of(shown, image), "\n");
+  }
+  return text;
+}
+
+/// "0,8,-5,0", or "-" when the compiler gave no data format.
+std::string data_format(const morvane_view_port& port) {
+  const bool is_given =
+      port.sign != 0xFF || port.datasize != 0xFF || port.expoffset != -1 || port.expbits != 0xFF;
+  return is_given ? joined(port.sign, ",", port.datasize, ",", port.expoffset, ",", port.expbits)
+                  : "-";
+}
+
+std::string port_table(const morvane_view& view, const morvane_view_dvi& dvi) {
+  text_table table{
+      .is_number = {false, false, true, true, true, true, true, false, true, true},
+      .rows = {{"port", "name", "P", "D", "H", "W", "format", "data", "size", "offset"}}};
+  for_each_port(view, dvi, [&](const morvane_view_port& port, const record_name& name) {
+    table.rows.push_back({joined(name.kind, " ", name.index), printable(str(port.port_name)),
+                          joined(port.P), joined(port.D), joined(port.H), joined(port.W),
+                          joined(port.dram_format), data_format(port), joined(port.port_size),
+                          joined(port.port_byte_offset)});
+  });
+  return str(table, indent);
+}
+
+std::string variable_table(const morvane_view& view, const morvane_view_dvi& dvi) {
+  text_table table{.is_number = {false, false, true, true},
+                   .rows = {{"variable", "name", "bit offset", "bits"}}};
+  for_each_variable(view, dvi, [&](const morvane_view_var& variable, const record_name& name) {
+    table.rows.push_back({joined(name.index), printable(str(variable.var)),
+                          joined(variable.boffset), joined(variable.bsize)});
+  });
+  return str(table, indent);
+}
+
+std::string smb_table(const morvane_view& view, const morvane_view_dvi& dvi) {
+  text_table table{.is_number = {false, false, true}, .rows = {{"SMB", "name", "offset"}}};
+  for_each_smb(view, dvi, [&](const morvane_view_smb_block& smb, const record_name& name) {
+    table.rows.push_back(
+        {joined(name.index), printable(str(smb.smb_name)), joined(smb.vbase_byte_offset)});
+  });
+  return str(table, indent);
+}
+
+}  // namespace
+
+void show_tables(const shown_package& shown, console& streams) {
+  print_result(streams, package_line(shown));
+  for_each_dvi(shown.view, [&](const morvane_view_dvi& dvi) {
+    print_result(streams, dvi_lines(shown, dvi));
+    if (dvi.input_num != 0 || dvi.output_num != 0) {
+      print_result(streams, port_table(shown.view, dvi));
+    }
+    if (dvi.variable_num != 0) {
+      print_result(streams, variable_table(shown.view, dvi));
+    }
+    if (dvi.smb_num != 0) {
+      print_result(streams, smb_table(shown.view, dvi));
+    }
+    leave_dvi(shown, dvi, streams);
+  });
+}
+
+}  // namespace morvane::companion

@@ -1,0 +1,24 @@
+// Tables in columns, for people.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace morvane::companion {
+
+/// A table with as many columns as its first row, the heads, has cells.
+struct text_table {
+  std::vector<bool> is_number;  // of each column: numbers stand on the right
+  std::vector<std::vector<std::string>> rows;
+};
+
+/// The characters of a UTF-8 text.
+std::size_t width_of(std::string_view text);
+
+/// The table as lines, each behind an indent, with two blanks between the columns and none at the
+/// end of a line.
+std::string str(const text_table& table, std::string_view indent);
+
+}  // namespace morvane::companion
