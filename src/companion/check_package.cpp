@@ -18,7 +18,7 @@ namespace {
 /// A package that is cut before its vproc part tells nothing about it.
 void check_demand(const morvane_view& view, int status, vproc_demand demand,
                   const finding_sink& sink) {
-  const bool has_vproc = morvane_view_need_vproc(&view) == MORVANE_VIEW_OK;
+  const bool has_vproc = view.vproc_table != 0;
   if (demand == vproc_demand::required && status == MORVANE_VIEW_OK && !has_vproc) {
     tell(sink, kind_of("vproc-missing"), view.size, "the package has no vproc records");
   }
@@ -27,27 +27,24 @@ void check_demand(const morvane_view& view, int status, vproc_demand demand,
   }
 }
 
-void check_blocks(const morvane_view& view, bool with_notes, const finding_sink& sink,
-                  const progress_sink& progress) {
+/// Checks the ports, variables and SMB blocks. Returns the number of ports.
+std::uint64_t check_blocks(const morvane_view& view, bool with_notes, const finding_sink& sink,
+                           const progress_sink& progress) {
+  std::uint64_t ports = 0;
   known_outputs outputs;
+  outputs.reserve(view.sound_dvis);
   for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
     check_ports(view, dvi, outputs, sink);
     if (with_notes) {
       note_port_overlaps(view, dvi, sink);
     }
+    ports += std::uint64_t{dvi.input_num} + dvi.output_num;
     progress(dvi.block);
   });
-  for_each_dvi(view, [&](const morvane_view_dvi& dvi) { check_vproc(view, dvi, sink); });
-}
-
-package_summary summarize(const morvane_view& view) {
-  package_summary summary{.has_vproc = morvane_view_need_vproc(&view) == MORVANE_VIEW_OK,
-                          .bytes = view.size};
-  for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
-    ++summary.dvis;
-    summary.ports += std::uint64_t{dvi.input_num} + dvi.output_num;
-  });
-  return summary;
+  if (view.vproc_table != 0) {
+    for_each_dvi(view, [&](const morvane_view_dvi& dvi) { check_vproc(view, dvi, sink); });
+  }
+  return ports;
 }
 
 }  // namespace
@@ -66,8 +63,10 @@ package_summary check_package(std::span<const std::uint8_t> package, const check
   }
   check_demand(view, status, scope.vproc, sink);
   check_table(view, scope.notes, sink);
-  check_blocks(view, scope.notes, sink, progress);
-  return summarize(view);
+  return {.dvis = view.sound_dvis,
+          .ports = check_blocks(view, scope.notes, sink, progress),
+          .has_vproc = view.vproc_table != 0,
+          .bytes = view.size};
 }
 
 }  // namespace morvane::companion

@@ -30,7 +30,7 @@ void begin_element(json_writer& json) {
 }
 
 void begin_member(json_writer& json, std::string_view name) {
-  append_pieces(json.streams.pending, json.is_first ? "" : ", ", json_string(name), ": ");
+  append_pieces(json.streams.pending, json.is_first ? "\"" : ", \"", name, "\": ");
   json.is_first = false;
 }
 

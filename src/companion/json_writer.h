@@ -28,7 +28,7 @@ struct json_null {};
 /// Writes the comma and the line that an element of an array needs.
 void begin_element(json_writer& json);
 
-/// Writes the comma and the name of a member of an object.
+/// Writes the comma and the name of a member of an object. Names need no escapes; so below.
 void begin_member(json_writer& json, std::string_view name);
 
 /// Opens and closes the document, an element of an array or a member.

@@ -32,6 +32,16 @@ void write_header(json_writer& json, const shown_package& shown) {
   end_object(json);
 }
 
+/// A package that is damaged before its vproc section does not tell.
+void write_vproc_presence(json_writer& json, const shown_package& shown) {
+  const bool is_known = shown.damage.status == MORVANE_VIEW_OK || shown.view.vproc_table != 0;
+  if (is_known) {
+    write_member(json, "has_vproc", shown.view.vproc_table != 0);
+  } else {
+    write_member(json, "has_vproc", json_null{});
+  }
+}
+
 void write_port(json_writer& json, const morvane_view_port& port) {
   begin_object(json);
   write_member(json, "offset", port.offset);
@@ -143,7 +153,7 @@ void show_json(const shown_package& shown, console& streams) {
   write_member(json, "size", shown.view.size);
   write_damage(json, shown.damage);
   write_header(json, shown);
-  write_member(json, "has_vproc", morvane_view_need_vproc(&shown.view) == MORVANE_VIEW_OK);
+  write_vproc_presence(json, shown);
   begin_array(json, "dvis");
   for_each_dvi(shown.view, [&](const morvane_view_dvi& dvi) {
     write_dvi(json, shown, dvi);

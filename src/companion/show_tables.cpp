@@ -15,10 +15,13 @@ std::string package_line(const shown_package& shown) {
   if (!has_header(shown)) {
     return joined(printable(shown.path), ": ", shown.view.size, " bytes\n");
   }
-  const bool has_vproc = morvane_view_need_vproc(&shown.view) == MORVANE_VIEW_OK;
+  const bool is_whole = shown.damage.status == MORVANE_VIEW_OK;
+  const std::string_view vproc = shown.view.vproc_table != 0 ? ", with vproc records"
+                                 : is_whole                  ? ", without vproc records"
+                                                             : "";
   return joined(printable(shown.path), ": ", shown.view.size, " bytes, ",
                 version_text(shown.view.version, shown.view.HASH), ", dvi_num ", shown.view.dvi_num,
-                has_vproc ? ", with" : ", without", " vproc records\n");
+                vproc, "\n");
 }
 
 std::string dvi_lines(const shown_package& shown, const morvane_view_dvi& dvi) {

@@ -74,6 +74,7 @@ void note_image_overlaps(std::vector<used_range> images, const finding_sink& sin
 
 void check_table(const morvane_view& view, bool with_notes, const finding_sink& sink) {
   known_dag_names names;
+  names.reserve(view.sound_dvis);
   std::vector<used_range> images;
   for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
     check_dvi(dvi, sink);
