@@ -9,6 +9,8 @@
 
 #include "companion/check_command.h"
 #include "companion/console.h"
+#include "companion/diff_command.h"
+#include "companion/extract_command.h"
 #include "companion/pack_command.h"
 #include "companion/printable_text.h"
 #include "companion/show_command.h"
@@ -92,11 +94,35 @@ command_runner declare_show(CLI::App& app) {
   return [options](console& streams) { return run_show(*options, streams); };
 }
 
+command_runner declare_diff(CLI::App& app) {
+  const auto options = std::make_shared<diff_options>();
+  add_text(app, "OLD", options->old_package, "The package to compare with")->required();
+  add_text(app, "NEW", options->new_package, "The package to compare")->required();
+  app.add_flag("--json", options->json, "Write the differences as JSON");
+  return [options](console& streams) { return run_diff(*options, streams); };
+}
+
+command_runner declare_extract(CLI::App& app) {
+  const auto options = std::make_shared<extract_options>();
+  add_text(app, "PACKAGE", options->package, "The package to extract from")->required();
+  add_text(app, "DAG_NAME", options->dag_names, "The images to extract; all when no name is given");
+  add_text(app, "-o,--output", options->folder,
+           "The folder for the images, the current one by default; - writes one image to standard "
+           "output")
+      ->type_name("FOLDER");
+  app.add_flag("--force", options->force, "Replace existing files");
+  app.add_flag("--list", options->list, "Print the names of the images, and extract nothing");
+  return [options](console& streams) { return run_extract(*options, streams); };
+}
+
 constexpr std::array commands{
     command{"pack", "Pack a compiler output folder, safely", "morvane pack out -o net.bin",
             declare_pack},
     command{"check", "Tell whether packages are sound", "morvane check net.bin", declare_check},
     command{"show", "Show what a package holds", "morvane show --json net.bin", declare_show},
+    command{"diff", "Tell how two packages differ", "morvane diff old.bin new.bin", declare_diff},
+    command{"extract", "Write the images of a package to files",
+            "morvane extract net.bin -o images", declare_extract},
 };
 
 /// Declares a command. The runner is kept when the command line asks for that command.

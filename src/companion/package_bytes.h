@@ -29,6 +29,9 @@ class package_bytes {
   /// still be read, at the cost of reading them from the file again.
   void release(std::span<const std::uint8_t> part) const;
 
+  /// Asks the system for a part of the bytes at once, instead of page by page where they are read.
+  void fetch(std::span<const std::uint8_t> part) const;
+
   /// Reads a file, or anything else that ends, such as a pipe. Returns 0 or the errno of the
   /// failure; the bytes are then as they were.
   int load(const std::string& path);

@@ -64,65 +64,66 @@ TEST(CheckPackage, FindsNothingInASoundPackage) {
 }
 
 TEST(CheckPackage, FindsACutHeader) {
-  EXPECT_EQ(findings(""), lines{":0x0: error: the header is cut: it says 12 bytes, and there are 0 "
-                                "[header-cut]\n"});
-  EXPECT_EQ(findings(sound_package().substr(0, 11)),
-            lines{":0x0: error: the header is cut: it says 12 bytes, and there are 11 "
-                  "[header-cut]\n"});
+  EXPECT_EQ(
+      findings(""),
+      lines{":0x0: error: the header is cut: 12 bytes are needed, and 0 are left [header-cut]\n"});
+  EXPECT_EQ(
+      findings(sound_package().substr(0, 11)),
+      lines{":0x0: error: the header is cut: 12 bytes are needed, and 11 are left [header-cut]\n"});
 }
 
 TEST(CheckPackage, FindsACutDviTable) {
   EXPECT_EQ(findings(sound_package().substr(0, 323)),
-            lines{":0xc: error: the DVI table is cut: it says 312 bytes, and there are 311 "
+            lines{":0xc: error: the DVI table is cut: 312 bytes are needed, and 311 are left "
                   "[dvi-table-cut]\n"});
 }
 
 TEST(CheckPackage, FindsABlockSizeThatDisagrees) {
   EXPECT_EQ(findings(changed(sound_package(), 0x24, word(2225))),
-            lines{":0x24: error: DVI 0: dvi_pkg_size disagrees with the ports and the image: it "
-                  "says 2225 bytes, and there are 2224 [block-size-disagrees]\n"});
+            lines{":0x24: error: DVI 0: dvi_pkg_size is 2225, but the ports and the image have "
+                  "2224 bytes [block-size-disagrees]\n"});
 }
 
 TEST(CheckPackage, FindsCutPorts) {
   EXPECT_EQ(findings(sound_package().substr(0, 0x12A4 - 65)),
-            lines{":0x9f4: error: DVI 1: the ports are cut: it says 2160 bytes, and there are 2159 "
-                  "[ports-cut]\n"});
+            lines{":0x9f4: error: DVI 1: the ports are cut: 2160 bytes are needed, and 2159 are "
+                  "left [ports-cut]\n"});
 }
 
 TEST(CheckPackage, FindsACutImage) {
   EXPECT_EQ(findings(sound_package().substr(0, 0x12A4 - 1)),
-            lines{":0x1264: error: DVI 1: the image is cut: it says 64 bytes, and there are 63 "
+            lines{":0x1264: error: DVI 1: the image is cut: 64 bytes are needed, and 63 are left "
                   "[image-cut]\n"});
 }
 
 TEST(CheckPackage, FindsACutVprocTable) {
   EXPECT_EQ(findings(sound_package() + "1"),
-            lines{":0x12a4: error: the vproc table is cut: it says 24 bytes, and there are 1 "
+            lines{":0x12a4: error: the vproc table is cut: 24 bytes are needed, and 1 is left "
                   "[vproc-table-cut]\n"});
 }
 
 TEST(CheckPackage, FindsAVprocSizeThatDisagrees) {
   EXPECT_EQ(findings(changed(sound_package_with_vproc(), 0x12AC, word(269))),
-            lines{":0x12ac: error: DVI 0: vproc_records_size disagrees with the variables and SMB "
-                  "blocks: it says 269 bytes, and there are 268 [vproc-size-disagrees]\n"});
+            lines{":0x12ac: error: DVI 0: vproc_records_size is 269, but the variables and SMB "
+                  "blocks have 268 bytes [vproc-size-disagrees]\n"});
 }
 
 TEST(CheckPackage, FindsCutVariables) {
   EXPECT_EQ(findings(sound_package_with_vproc().substr(0, 0x1343)),
-            lines{":0x12bc: error: DVI 0: the variables are cut: it says 136 bytes, and there are "
-                  "135 [variables-cut]\n"});
+            lines{":0x12bc: error: DVI 0: the variables are cut: 136 bytes are needed, and 135 are "
+                  "left [variables-cut]\n"});
 }
 
 TEST(CheckPackage, FindsCutSmbBlocks) {
   EXPECT_EQ(findings(sound_package_with_vproc().substr(0, 0x13C7)),
-            lines{":0x1344: error: DVI 0: the SMB blocks are cut: it says 132 bytes, and there are "
-                  "131 [smbs-cut]\n"});
+            lines{":0x1344: error: DVI 0: the SMB blocks are cut: 132 bytes are needed, and 131 "
+                  "are left [smbs-cut]\n"});
 }
 
 TEST(CheckPackage, FindsBytesThatAreLeftOver) {
-  EXPECT_EQ(findings(sound_package_with_vproc() + "12"),
-            lines{":0x13c8: error: bytes are left over after the last record: 2 "
-                  "[bytes-left-over]\n"});
+  EXPECT_EQ(
+      findings(sound_package_with_vproc() + "12"),
+      lines{":0x13c8: error: 2 bytes are left over after the last record [bytes-left-over]\n"});
 }
 
 TEST(CheckPackage, DoesNotTakeAPackageWithoutDvisForSound) {
@@ -153,12 +154,14 @@ TEST(CheckPackage, FindsTextsWithoutANul) {
   EXPECT_EQ(findings(changed(sound_package(), 0xE2C + 568, std::string(512, 'n'))),
             lines{":0x1064: error: output 0 of DVI 1: layer_name has no NUL in its field "
                   "[text-without-nul]\n"});
-  EXPECT_EQ(findings(changed(sound_package_with_vproc(), 0x12BC, std::string(128, 'n'))),
-            lines{":0x12bc: error: variable 0 of DVI 0: var has no NUL in its field "
-                  "[text-without-nul]\n"});
-  EXPECT_EQ(findings(changed(sound_package_with_vproc(), 0x1344, std::string(128, 'n'))),
-            lines{":0x1344: error: SMB 0 of DVI 0: smb_name has no NUL in its field "
-                  "[text-without-nul]\n"});
+  EXPECT_EQ(
+      findings(changed(sound_package_with_vproc(), 0x12BC, std::string(128, 'n'))),
+      lines{
+          ":0x12bc: error: variable 0 of DVI 0: var has no NUL in its field [text-without-nul]\n"});
+  EXPECT_EQ(
+      findings(changed(sound_package_with_vproc(), 0x1344, std::string(128, 'n'))),
+      lines{
+          ":0x1344: error: SMB 0 of DVI 0: smb_name has no NUL in its field [text-without-nul]\n"});
 }
 
 TEST(CheckPackage, TakesTextsThatFillTheirFieldsButForTheNul) {
@@ -170,12 +173,14 @@ TEST(CheckPackage, TakesTextsThatFillTheirFieldsButForTheNul) {
 TEST(CheckPackage, FindsBytesAfterANul) {
   EXPECT_EQ(findings(changed(sound_package(), 0xA7, "x")),
             lines{":0xa7: error: DVI 0: dag_name goes on after its NUL [bytes-after-nul]\n"});
-  EXPECT_EQ(findings(changed(sound_package(), 0x144 + 56 + 5, "x")),
-            lines{":0x181: error: input 0 of DVI 0: port_name goes on after its NUL "
-                  "[bytes-after-nul]\n"});
-  EXPECT_EQ(findings(changed(sound_package(), 0x144 + 1079, "x")),
-            lines{":0x57b: error: input 0 of DVI 0: layer_name goes on after its NUL "
-                  "[bytes-after-nul]\n"});
+  EXPECT_EQ(
+      findings(changed(sound_package(), 0x144 + 56 + 5, "x")),
+      lines{
+          ":0x181: error: input 0 of DVI 0: port_name goes on after its NUL [bytes-after-nul]\n"});
+  EXPECT_EQ(
+      findings(changed(sound_package(), 0x144 + 1079, "x")),
+      lines{
+          ":0x57b: error: input 0 of DVI 0: layer_name goes on after its NUL [bytes-after-nul]\n"});
 }
 
 TEST(CheckPackage, FindsEmptyNames) {
@@ -216,11 +221,11 @@ TEST(CheckPackage, TakesDagNamesThatAreOddButSafe) {
 TEST(CheckPackage, FindsReservedBytesThatAreNotZero) {
   EXPECT_EQ(findings(changed(sound_package(), 0xF, "\x07")),
             lines{":0xf: error: DVI 0: a reserved byte is 7, not 0 [reserved-not-zero]\n"});
-  EXPECT_EQ(findings(changed(sound_package(), 0x144 + 22, "\x01\xFF")),
-            (lines{":0x15a: error: input 0 of DVI 0: a reserved byte is 1, not 0 "
-                   "[reserved-not-zero]\n",
-                   ":0x15b: error: input 0 of DVI 0: a reserved byte is 255, not 0 "
-                   "[reserved-not-zero]\n"}));
+  EXPECT_EQ(
+      findings(changed(sound_package(), 0x144 + 22, "\x01\xFF")),
+      (lines{
+          ":0x15a: error: input 0 of DVI 0: a reserved byte is 1, not 0 [reserved-not-zero]\n",
+          ":0x15b: error: input 0 of DVI 0: a reserved byte is 255, not 0 [reserved-not-zero]\n"}));
 }
 
 TEST(CheckPackage, FindsFlagsThatMeanNothing) {
@@ -250,9 +255,10 @@ TEST(CheckPackage, TakesTheLowByteOfAPositionForItsVprocId) {
 }
 
 TEST(CheckPackage, WarnsOfADagNameThatRepeats) {
-  EXPECT_EQ(findings(changed(sound_package(), 0xA8 + 28, {"first\0", 6})),
-            lines{":0xc4: warning: DVI 1: dag_name \"first\" is that of DVI 0 too "
-                  "[repeated-dag-name]\n"});
+  EXPECT_EQ(
+      findings(changed(sound_package(), 0xA8 + 28, {"first\0", 6})),
+      lines{
+          ":0xc4: warning: DVI 1: dag_name \"first\" is that of DVI 0 too [repeated-dag-name]\n"});
 }
 
 TEST(CheckPackage, WarnsOfControlCharactersInOtherNames) {
@@ -350,7 +356,7 @@ TEST(CheckPackage, NotesPortsThatShareBytesWhenAsked) {
 TEST(CheckPackage, ChecksWhatCanBeReachedOfADamagedPackage) {
   const std::string package = changed(sound_package(), 0x28, "a/b");
   EXPECT_EQ(findings(package.substr(0, 0x12A3)),
-            (lines{":0x1264: error: DVI 1: the image is cut: it says 64 bytes, and there are 63 "
+            (lines{":0x1264: error: DVI 1: the image is cut: 64 bytes are needed, and 63 are left "
                    "[image-cut]\n",
                    ":0x28: error: DVI 0: dag_name \"a/bst\" holds a slash [unsafe-dag-name]\n"}));
 }

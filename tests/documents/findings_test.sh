@@ -1,0 +1,24 @@
+# The document of the findings has an entry for each code that the programs know, in their order, under the
+# heading of its severity, with its meaning and an example.
+source "$SOURCE/tests/documents/test_folder.sh"
+
+# finding_kind{"code", severity::error, "Meaning."}, also over several lines.
+tr -s ' \n' ' ' <"$SOURCE/src/companion/findings.h" |
+  grep -o 'finding_kind{"[a-z0-9-]*", severity::[a-z]*, "[^"]*"}' |
+  sed 's/finding_kind{"\(.*\)", severity::\(.*\), "\(.*\)"}/\2 \1 \3/' >known
+# "## Errors" begins a severity, "### `code`" an entry; its first paragraph is the meaning.
+awk '
+  /^## / { severity = tolower(substr($2, 1, length($2) - 1)) }
+  /^### / { code = $2; gsub("`", "", code); meaning = ""; told = 0; next }
+  code != "" && !told && $0 != "" { meaning = meaning (meaning == "" ? "" : " ") $0 }
+  code != "" && !told && $0 == "" && meaning != "" { print severity, code, meaning; told = 1 }
+' "$SOURCE/docs/findings.md" >shown
+[ "$(wc -l <known)" -gt 25 ] || fail "too few codes in findings.h"
+same "the findings" known shown
+
+# The example of an entry has its severity and its code, and something follows it.
+while read -r severity code rest; do
+  sed -n "/^### \`$code\`\$/,/^##/p" "$SOURCE/docs/findings.md" >entry
+  grep -q "^    [^ :]*:[0-9a-fx:]*: $severity: .* \[$code\]\$" entry || fail "no example of $code"
+  sed '1,/^    /d' entry | grep -q '^[A-Z`]' || fail "no advice on $code"
+done <known
