@@ -12,8 +12,6 @@ namespace morvane::companion {
 
 namespace {
 
-constexpr mode_t created_mode = 0666;  // less what the umask takes
-
 /// Some file systems tell only when a descriptor is closed that they lost what was written.
 int close_error(const file_handle& file) {
   const int copy = ::dup(file.descriptor());
@@ -35,11 +33,6 @@ int rename_to_free_name(int folder, const char* from, const char* to) {
 
 }  // namespace
 
-file_handle open_folder_of_files(const std::string& path) {
-  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system's interface
-  return file_handle(::open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-}
-
 emerging_file::~emerging_file() {
   if (!temporary_name_.empty()) {
     ::unlinkat(folder_.descriptor(), temporary_name_.c_str(), 0);
@@ -50,9 +43,7 @@ int emerging_file::create(const std::string& name) {
   constexpr int most_attempts = 100;
   for (int attempt = 0; attempt < most_attempts; ++attempt) {
     const std::string temporary = joined(".", name, ".tmp", ::getpid(), ".", attempt);
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system's interface
-    file_ = file_handle(::openat(folder_.descriptor(), temporary.c_str(),
-                                 O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, created_mode));
+    file_ = open_at(folder_.descriptor(), temporary, O_WRONLY | O_CREAT | O_EXCL);
     if (file_.is_open()) {
       name_ = name;
       temporary_name_ = temporary;

@@ -3,13 +3,9 @@
 
 #include <string>
 
-#include "io/file.h"
+#include "io/output_file.h"
 
 namespace morvane::companion {
-
-/// Opens a folder for the files below, which stay in it even when its path names another one later.
-/// The handle is closed when the folder cannot be opened.
-file_handle open_folder_of_files(const std::string& path);
 
 /// A file under a temporary name, beside the name that it is to get. Removed at the end of the
 /// scope when it did not get that name.
@@ -25,6 +21,9 @@ class emerging_file {
   int create(const std::string& name);
 
   [[nodiscard]] int descriptor() const { return file_.descriptor(); }
+
+  /// The name that the file has until it is put in place.
+  [[nodiscard]] const std::string& temporary_name() const { return temporary_name_; }
 
   /// Gives the file its name. Whatever had the name is replaced, a link itself and not what it
   /// leads to; but only on request: otherwise EEXIST.

@@ -72,7 +72,7 @@ int write_file(const opened_package& package, const morvane_view_dvi& dvi,
 
 int extract_to_folder(const opened_package& package, const std::vector<morvane_view_dvi>& selected,
                       const extract_options& options, console& streams) {
-  const file_handle folder = open_folder_of_files(options.folder);
+  const file_handle folder = open_folder(options.folder);
   if (!folder.is_open()) {
     return report_file_error(options.folder, errno);
   }

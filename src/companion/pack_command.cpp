@@ -1,6 +1,7 @@
 #include "companion/pack_command.h"
 
 #include <fcntl.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <string_view>
@@ -8,6 +9,7 @@
 
 #include "companion/depfile.h"
 #include "companion/digest.h"
+#include "companion/held_signals.h"
 #include "companion/input_states.h"
 #include "companion/pack_messages.h"
 #include "companion/pack_verification.h"
@@ -20,12 +22,16 @@ namespace morvane::companion {
 
 namespace {
 
+/// Ends a pack run early, so that a signal can end the program.
+struct interruption {};
+
 /// A pack run on its way.
 struct packing {
   packing(const pack_options& chosen, console& output) : options(chosen), streams(output) {}
 
   const pack_options& options;
   console& streams;
+  held_signals signals{};  // until the temporary file is gone
   pack_inputs inputs{};
   std::vector<std::string> paths{};  // of the inputs
   file_states before{};              // what the inputs were like at the begin
@@ -66,6 +72,9 @@ int create_package(packing& run) {
 /// Sees all bytes on their way to the file.
 void see_bytes(void* state, std::span<const std::byte> bytes) {
   auto& run = *static_cast<packing*>(state);
+  if (run.signals.is_waiting()) {
+    throw interruption();
+  }
   run.digest.add(bytes);
   run.written += bytes.size();
   show_progress(run.streams.progress, run.written);
@@ -92,7 +101,7 @@ std::string unreadable_input(const packing& run, int& error) {
 }
 
 int write_package(packing& run) {
-  package_writer writer{.file = std::move(run.package.handle),
+  package_writer writer{.file = file_handle(::dup(run.package.descriptor())),
                         .watch = {.see = see_bytes, .state = &run}};
   run.streams.progress = begin_progress(run.options.package, expected_size(run), run.streams.quiet);
   std::uint32_t size = 0;
@@ -109,7 +118,7 @@ int write_package(packing& run) {
     const std::string path = unreadable_input(run, error);
     return path.empty() ? status : report_file_error(path, error);
   }
-  const int error = run.options.sync ? sync_file(writer.file) : 0;
+  const int error = run.options.sync ? sync_file(run.package.descriptor()) : 0;
   return error == 0 ? status_fine : report_file_error(run.package.path(), error);
 }
 
@@ -157,7 +166,7 @@ int put_in_place(packing& run) {
 
 }  // namespace
 
-int run_pack(const pack_options& options, console& streams) {
+int run_pack(const pack_options& options, console& streams) try {
   packing run(options, streams);
   for (const auto step : {find_all_inputs, create_package, write_package, verify_package}) {
     if (const int status = step(run); status != status_fine) {
@@ -166,6 +175,8 @@ int run_pack(const pack_options& options, console& streams) {
   }
   const int status = write_depfile(run);
   return status == status_fine ? put_in_place(run) : status;
+} catch (const interruption&) {
+  return status_failed;  // for a signal that does not end the program
 }
 
 }  // namespace morvane::companion

@@ -17,7 +17,6 @@ namespace {
 
 using companion::emerging_file;
 using companion::held_signals;
-using companion::open_folder_of_files;
 using file_contents = std::map<std::string, std::string>;
 
 /// How a process ends that runs a function: the signal that ended it, or its status.
@@ -35,7 +34,7 @@ int ending_of(Function function) {
 
 TEST(EmergingFile, HasItsNameOnlyWhenItIsPutInPlace) {
   const scratch_folder folder;
-  const file_handle handle = open_folder_of_files(folder.path());
+  const file_handle handle = open_folder(folder.path());
   emerging_file file(handle);
   EXPECT_EQ(file.create("net.dvi"), 0);
   EXPECT_EQ(::write(file.descriptor(), "AAAA", 4), 4);
@@ -46,7 +45,7 @@ TEST(EmergingFile, HasItsNameOnlyWhenItIsPutInPlace) {
 
 TEST(EmergingFile, IsRemovedWhenItIsNotPutInPlace) {
   const scratch_folder folder;
-  const file_handle handle = open_folder_of_files(folder.path());
+  const file_handle handle = open_folder(folder.path());
   {
     emerging_file file(handle);
     EXPECT_EQ(file.create("net.dvi"), 0);
@@ -58,7 +57,7 @@ TEST(EmergingFile, IsRemovedWhenItIsNotPutInPlace) {
 TEST(EmergingFile, ReplacesAFileOnlyOnRequest) {
   const scratch_folder folder;
   folder.write("net.dvi", "mine");
-  const file_handle handle = open_folder_of_files(folder.path());
+  const file_handle handle = open_folder(folder.path());
   {
     emerging_file file(handle);
     EXPECT_EQ(file.create("net.dvi"), 0);
@@ -71,7 +70,7 @@ TEST(EmergingFile, ReplacesAFileOnlyOnRequest) {
 
 TEST(EmergingFile, TakesAnotherNameWhenAFileWasLeftBehind) {
   const scratch_folder folder;
-  const file_handle handle = open_folder_of_files(folder.path());
+  const file_handle handle = open_folder(folder.path());
   emerging_file left_behind(handle);
   emerging_file file(handle);
   EXPECT_EQ(left_behind.create("net.dvi"), 0);
@@ -82,7 +81,7 @@ TEST(EmergingFile, TakesAnotherNameWhenAFileWasLeftBehind) {
 TEST(EmergingFile, IsRemovedBeforeASignalEndsTheProgram) {
   for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
     const scratch_folder folder;
-    const file_handle handle = open_folder_of_files(folder.path());
+    const file_handle handle = open_folder(folder.path());
     EXPECT_EQ(ending_of([&] {
                 const held_signals signals;
                 emerging_file file(handle);

@@ -161,7 +161,7 @@ TEST_F(SafePack, HasTheOldOrTheNewPackageWhenItIsKilled) {
     replaced += package == new_bytes ? 1 : 0;
     EXPECT_EQ(folder.files("in"), inputs);
     for (const auto& entry : fs::directory_iterator(folder.path())) {
-      if (entry.path().filename().string().starts_with("net.bin.tmp")) {
+      if (entry.path().filename().string().starts_with(".net.bin.tmp")) {
         fs::remove(entry.path());  // nobody can clean up after SIGKILL
       }
     }
