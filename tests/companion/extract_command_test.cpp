@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <map>
 
-#include "companion/expect_run.h"
+#include "companion/outcome.h"
 #include "companion/sound_package.h"
 #include "harness/scratch_folder.h"
 
@@ -48,15 +48,15 @@ TEST(ExtractCommand, WritesEveryImageToItsFile) {
   const scratch_folder folder;
   folder.write("net.bin", two_images());
   folder.make_folder("out");
-  expect_run(run_morvane({"extract", "net.bin", "-o", "out"}, folder.path()), 0,
-             "out/first.dvi: 4 bytes\nout/second.dvi: 4 bytes\n");
+  expect_outcome(run_morvane({"extract", "net.bin", "-o", "out"}, folder.path()), 0,
+                 "out/first.dvi: 4 bytes\nout/second.dvi: 4 bytes\n");
   EXPECT_EQ(folder.files("out"), (file_contents{{"first.dvi", "AAAA"}, {"second.dvi", "BBBB"}}));
 }
 
 TEST(ExtractCommand, WritesToTheCurrentFolder) {
   const scratch_folder folder;
   folder.write("net.bin", two_images());
-  expect_run(run_morvane({"extract", "--quiet", "net.bin"}, folder.path()), 0, "");
+  expect_outcome(run_morvane({"extract", "--quiet", "net.bin"}, folder.path()), 0, "");
   EXPECT_EQ(
       folder.files(),
       (file_contents{{"first.dvi", "AAAA"}, {"net.bin", two_images()}, {"second.dvi", "BBBB"}}));
@@ -66,24 +66,24 @@ TEST(ExtractCommand, WritesOnlyTheImagesThatAreNamed) {
   const scratch_folder folder;
   folder.write("net.bin", two_images());
   folder.make_folder("out");
-  expect_run(run_morvane({"extract", "-o", "out", "net.bin", "second"}, folder.path()), 0,
-             "out/second.dvi: 4 bytes\n");
+  expect_outcome(run_morvane({"extract", "-o", "out", "net.bin", "second"}, folder.path()), 0,
+                 "out/second.dvi: 4 bytes\n");
   EXPECT_EQ(folder.files("out"), (file_contents{{"second.dvi", "BBBB"}}));
 }
 
 TEST(ExtractCommand, TellsOfANameThatNoDviHas) {
   const scratch_folder folder;
   folder.write("net.bin", two_images());
-  expect_run(run_morvane({"extract", "net.bin", "third\n", "second"}, folder.path()), 2,
-             "second.dvi: 4 bytes\n", "morvane: net.bin: no DVI has the name \"third\\x0a\"\n");
-  expect_run(run_morvane({"extract", "-o", "-", "net.bin", "third"}, folder.path()), 2, "",
-             "morvane: net.bin: no DVI has the name \"third\"\n");
+  expect_outcome(run_morvane({"extract", "net.bin", "third\n", "second"}, folder.path()), 2,
+                 "second.dvi: 4 bytes\n", "morvane: net.bin: no DVI has the name \"third\\x0a\"\n");
+  expect_outcome(run_morvane({"extract", "-o", "-", "net.bin", "third"}, folder.path()), 2, "",
+                 "morvane: net.bin: no DVI has the name \"third\"\n");
 }
 
 TEST(ExtractCommand, GivesAFileThePermissionsThatTheUserWants) {
   const scratch_folder folder;
   folder.write("net.bin", two_images());
-  expect_run(run_shell("umask 027; $morvane extract -q net.bin first", folder.path()), 0, "");
+  expect_outcome(run_shell("umask 027; $morvane extract -q net.bin first", folder.path()), 0, "");
   EXPECT_EQ(fs::status(folder.path("first.dvi")).permissions(), static_cast<fs::perms>(0640));
 }
 
@@ -91,11 +91,11 @@ TEST(ExtractCommand, ReplacesNoFileUnlessItIsTold) {
   const scratch_folder folder;
   folder.write("net.bin", two_images());
   folder.write("out/first.dvi", "mine");
-  expect_run(run_morvane({"extract", "net.bin", "-o", "out"}, folder.path()), 2,
-             "out/second.dvi: 4 bytes\n", "morvane: out/first.dvi: File exists\n");
+  expect_outcome(run_morvane({"extract", "net.bin", "-o", "out"}, folder.path()), 2,
+                 "out/second.dvi: 4 bytes\n", "morvane: out/first.dvi: File exists\n");
   EXPECT_EQ(folder.files("out"), (file_contents{{"first.dvi", "mine"}, {"second.dvi", "BBBB"}}));
-  expect_run(run_morvane({"extract", "--force", "net.bin", "-o", "out"}, folder.path()), 0,
-             "out/first.dvi: 4 bytes\nout/second.dvi: 4 bytes\n");
+  expect_outcome(run_morvane({"extract", "--force", "net.bin", "-o", "out"}, folder.path()), 0,
+                 "out/first.dvi: 4 bytes\nout/second.dvi: 4 bytes\n");
   EXPECT_EQ(folder.files("out"), (file_contents{{"first.dvi", "AAAA"}, {"second.dvi", "BBBB"}}));
 }
 
@@ -106,10 +106,10 @@ TEST(ExtractCommand, NeverWritesThroughALink) {
   folder.make_folder("out");
   fs::create_symlink("../mine", folder.path("out/first.dvi"));
   fs::create_symlink("../missing", folder.path("out/second.dvi"));
-  expect_run(run_morvane({"extract", "net.bin", "-o", "out"}, folder.path()), 2, "",
-             "morvane: out/first.dvi: File exists\nmorvane: out/second.dvi: File exists\n");
-  expect_run(run_morvane({"extract", "-q", "--force", "net.bin", "-o", "out"}, folder.path()), 0,
-             "");
+  expect_outcome(run_morvane({"extract", "net.bin", "-o", "out"}, folder.path()), 2, "",
+                 "morvane: out/first.dvi: File exists\nmorvane: out/second.dvi: File exists\n");
+  expect_outcome(run_morvane({"extract", "-q", "--force", "net.bin", "-o", "out"}, folder.path()),
+                 0, "");
   EXPECT_EQ(folder.read("mine"), "mine");
   EXPECT_FALSE(folder.exists("missing"));
   EXPECT_EQ(folder.files("out"), (file_contents{{"first.dvi", "AAAA"}, {"second.dvi", "BBBB"}}));
@@ -120,13 +120,13 @@ TEST(ExtractCommand, RefusesNamesThatAreUnsafeAsFileNames) {
   folder.write("net.bin", package_of({"../up", "", "a\tb", "safe", ".."},
                                      {"AAAA", "BBBB", "CCCC", "DDDD", "EEEE"}));
   folder.make_folder("out");
-  expect_run(run_morvane({"extract", "net.bin", "-o", "out", "--force"}, folder.path()), 1,
-             "out/safe.dvi: 4 bytes\n",
-             "morvane: net.bin: not extracted: DVI 0: dag_name \"../up\" holds a slash\n"
-             "morvane: net.bin: not extracted: DVI 1: dag_name is empty\n"
-             "morvane: net.bin: not extracted: DVI 2: dag_name \"a\\x09b\" holds a control "
-             "character\n"
-             "morvane: net.bin: not extracted: DVI 4: dag_name \"..\" stands for a folder\n");
+  expect_outcome(run_morvane({"extract", "net.bin", "-o", "out", "--force"}, folder.path()), 1,
+                 "out/safe.dvi: 4 bytes\n",
+                 "morvane: net.bin: not extracted: DVI 0: dag_name \"../up\" holds a slash\n"
+                 "morvane: net.bin: not extracted: DVI 1: dag_name is empty\n"
+                 "morvane: net.bin: not extracted: DVI 2: dag_name \"a\\x09b\" holds a control "
+                 "character\n"
+                 "morvane: net.bin: not extracted: DVI 4: dag_name \"..\" stands for a folder\n");
   EXPECT_EQ(folder.files("out"), (file_contents{{"safe.dvi", "DDDD"}}));
   EXPECT_FALSE(folder.exists("up.dvi"));
 }
@@ -135,17 +135,17 @@ TEST(ExtractCommand, WritesTheFirstOfTheImagesWithOneName) {
   const scratch_folder folder;
   folder.write("net.bin", package_of({"net", "net"}, {"AAAA", "BBBB"}));
   folder.make_folder("out");
-  expect_run(run_morvane({"extract", "net.bin", "-o", "out", "--force"}, folder.path()), 1,
-             "out/net.dvi: 4 bytes\n",
-             "morvane: net.bin: not extracted: DVI 1: dag_name \"net\" is that of DVI 0 too\n");
+  expect_outcome(run_morvane({"extract", "net.bin", "-o", "out", "--force"}, folder.path()), 1,
+                 "out/net.dvi: 4 bytes\n",
+                 "morvane: net.bin: not extracted: DVI 1: dag_name \"net\" is that of DVI 0 too\n");
   EXPECT_EQ(folder.files("out"), (file_contents{{"net.dvi", "AAAA"}}));
 }
 
 TEST(ExtractCommand, ListsTheNames) {
   const scratch_folder folder;
   folder.write("net.bin", package_of({"../up", "second", "first"}, {"AAAA", "BBBB", "CCCC"}));
-  expect_run(run_morvane({"extract", "--list", "net.bin"}, folder.path()), 1, "second\nfirst\n",
-             "morvane: net.bin: not extracted: DVI 0: dag_name \"../up\" holds a slash\n");
+  expect_outcome(run_morvane({"extract", "--list", "net.bin"}, folder.path()), 1, "second\nfirst\n",
+                 "morvane: net.bin: not extracted: DVI 0: dag_name \"../up\" holds a slash\n");
   EXPECT_EQ(folder.files().size(), 1U);
 }
 
@@ -153,9 +153,10 @@ TEST(ExtractCommand, WritesOneImageToStandardOutput) {
   const scratch_folder folder;
   folder.write("net.bin", two_images());
   folder.write("one.bin", package_of({"../up"}, {std::string("A\0\nA", 4)}));
-  expect_run(run_morvane({"extract", "-o", "-", "net.bin", "second"}, folder.path()), 0, "BBBB");
-  expect_run(run_morvane({"extract", "-o", "-", "one.bin"}, folder.path()), 0,
-             std::string("A\0\nA", 4));
+  expect_outcome(run_morvane({"extract", "-o", "-", "net.bin", "second"}, folder.path()), 0,
+                 "BBBB");
+  expect_outcome(run_morvane({"extract", "-o", "-", "one.bin"}, folder.path()), 0,
+                 std::string("A\0\nA", 4));
   EXPECT_EQ(folder.files().size(), 2U);
 }
 
@@ -166,9 +167,9 @@ TEST(ExtractCommand, RefusesToWriteSeveralImagesToStandardOutput) {
   const std::string_view refusal =
       "morvane: standard output takes one image, not 2; name one that morvane extract --list "
       "tells\n";
-  expect_run(run_morvane({"extract", "-o", "-", "net.bin"}, folder.path()), 2, "", refusal);
-  expect_run(run_morvane({"extract", "-o", "-", "twice.bin", "net"}, folder.path()), 2, "",
-             refusal);
+  expect_outcome(run_morvane({"extract", "-o", "-", "net.bin"}, folder.path()), 2, "", refusal);
+  expect_outcome(run_morvane({"extract", "-o", "-", "twice.bin", "net"}, folder.path()), 2, "",
+                 refusal);
 }
 
 TEST(ExtractCommand, WritesImagesThatComeBeforeTheDamage) {
@@ -177,26 +178,27 @@ TEST(ExtractCommand, WritesImagesThatComeBeforeTheDamage) {
   const std::string_view warning =
       "morvane: net.bin: the package is damaged; extracted is what comes before the damage, and "
       "morvane check tells more\n";
-  expect_run(run_morvane({"extract", "net.bin"}, folder.path()), 1, "first.dvi: 4 bytes\n",
-             warning);
-  expect_run(run_morvane({"extract", "-o", "-", "net.bin", "first"}, folder.path()), 1, "AAAA",
-             warning);
+  expect_outcome(run_morvane({"extract", "net.bin"}, folder.path()), 1, "first.dvi: 4 bytes\n",
+                 warning);
+  expect_outcome(run_morvane({"extract", "-o", "-", "net.bin", "first"}, folder.path()), 1, "AAAA",
+                 warning);
   EXPECT_FALSE(folder.exists("second.dvi"));
 }
 
 TEST(ExtractCommand, TellsWhyAFileCannotBeWritten) {
   const scratch_folder folder;
   folder.write("net.bin", two_images());
-  expect_run(run_morvane({"extract", "net.bin", "-o", "missing"}, folder.path()), 2, "",
-             "morvane: missing: No such file or directory\n");
-  expect_run(run_morvane({"extract", "net.bin", "-o", "net.bin"}, folder.path()), 2, "",
-             "morvane: net.bin: Not a directory\n");
+  expect_outcome(run_morvane({"extract", "net.bin", "-o", "missing"}, folder.path()), 2, "",
+                 "morvane: missing: No such file or directory\n");
+  expect_outcome(run_morvane({"extract", "net.bin", "-o", "net.bin"}, folder.path()), 2, "",
+                 "morvane: net.bin: Not a directory\n");
   folder.make_folder("out/first.dvi");
-  expect_run(run_morvane({"extract", "--force", "net.bin", "-o", "out", "first"}, folder.path()), 2,
-             "", "morvane: out/first.dvi: Is a directory\n");
+  expect_outcome(
+      run_morvane({"extract", "--force", "net.bin", "-o", "out", "first"}, folder.path()), 2, "",
+      "morvane: out/first.dvi: Is a directory\n");
   EXPECT_EQ(folder.files("out"), file_contents{});
-  expect_run(run_shell("$morvane extract -o - net.bin first >/dev/full", folder.path()), 2, "",
-             "morvane: standard output: No space left on device\n");
+  expect_outcome(run_shell("$morvane extract -o - net.bin first >/dev/full", folder.path()), 2, "",
+                 "morvane: standard output: No space left on device\n");
 }
 
 TEST(ExtractCommand, LeavesNothingOfAFileThatBecomesTooLarge) {
@@ -204,8 +206,8 @@ TEST(ExtractCommand, LeavesNothingOfAFileThatBecomesTooLarge) {
   folder.write("net.bin", header(1) + bytes(dvi("net", 65536)) + std::string(65536, 'A'));
   folder.make_folder("out");
   const std::string extract = "ulimit -f 8; $morvane extract net.bin -o ";
-  expect_run(run_shell(extract + "out", folder.path()), 2, "",
-             "morvane: out/net.dvi: File too large\n");
+  expect_outcome(run_shell(extract + "out", folder.path()), 2, "",
+                 "morvane: out/net.dvi: File too large\n");
   EXPECT_TRUE(fs::is_empty(folder.path("out")));
 }
 
