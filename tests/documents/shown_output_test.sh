@@ -1,7 +1,7 @@
-# The commands that the documents show print what the documents show. In a block ```console a line that
-# begins with "$ " is a command, and the lines up to the next command are what it prints. The commands of a
-# document run in one shell, one after the other, in a copy of the folder of the documents. That is the argument,
-# the source tree by default.
+# The commands in the documents print what the documents show. In a block ```console a line that begins with
+# "$ " is a command. The lines up to the next command are its output. The commands of a document run in one
+# shell, one after the other, in a copy of the folder of the documents. The argument names that folder; the
+# default is the source tree.
 source "$SOURCE/tests/documents/test_folder.sh"
 
 tree=${1:-$SOURCE}
