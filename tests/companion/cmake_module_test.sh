@@ -1,20 +1,11 @@
-#!/usr/bin/env bash
-# A project that packs with morvane_add_package, built by Make and by Ninja: the package is made once, and
-# again when an input changes, and not when anything else does.
+# A project that packs with morvane_add_package: Make and Ninja pack again when an input changes, and only then.
 #
-#     cmake_module_test.sh SOURCE_FOLDER MORVANE GENERATOR
-set -euo pipefail
-source_folder=$1 morvane=$2 generator=$3
+#     cmake_module_test.sh GENERATOR
+source "$SOURCE/tests/documents/test_folder.sh"
 
-if [ "$generator" = Ninja ] && ! command -v ninja >/dev/null; then
-  echo "SKIPPED: ninja is not installed"
-  exit 77
-fi
-scratch=$(mktemp -d)
-trap 'rm -rf "$scratch"' EXIT
-mkdir "$scratch/a project"
-cd "$scratch/a project"
-cp -r "$source_folder/examples/wake_word" "out put"
+generator=$1
+morvane=$BUILD/morvane
+cp -r "$SOURCE/examples/wake_word" "out put"
 cp -r "out put" own
 echo "not packed" >"out put/notes"
 cat >CMakeLists.txt <<'PROJECT'
@@ -24,12 +15,7 @@ find_package(morvane REQUIRED)
 morvane_add_package(TARGET net FOLDER "out put" PACKAGE net.bin VPROC)
 morvane_add_package(TARGET own FOLDER own PACKAGE "${CMAKE_CURRENT_SOURCE_DIR}/own/own.bin")
 PROJECT
-cmake -B build -G "$generator" -Dmorvane_DIR="$source_folder/cmake" -DMORVANE_PROGRAM="$morvane" >/dev/null
-
-fail() {
-  echo "$generator: $*" >&2
-  exit 1
-}
+cmake -B build -G "$generator" -Dmorvane_DIR="$SOURCE/cmake" -DMORVANE_PROGRAM="$morvane" >/dev/null
 
 # expect_build PACKAGE made|left AFTER-WHAT
 expect_build() {

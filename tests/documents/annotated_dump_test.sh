@@ -1,9 +1,9 @@
-# The dump in the document of the format shows the package that the tool makes from the folder tiny/.
+# The dump in the document of the format shows the package that the tool makes from the folder examples/tiny/.
 source "$SOURCE/tests/documents/test_folder.sh"
 
 document=$SOURCE/docs/package_format.md
 
-morvane_gen -d "$SOURCE/tests/documents/tiny" -f tiny.bin -c >printed
+morvane_gen -d "$SOURCE/examples/tiny" -f tiny.bin -c >printed
 echo "Save to file tiny.bin with file size $(stat -c %s tiny.bin)." | same "the size" - <(head -n 1 printed)
 
 sed -n '/^```dump$/,/^```$/p' "$document" | sed '1d;$d' >shown

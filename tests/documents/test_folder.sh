@@ -18,7 +18,8 @@ for program in $NEEDS; do
   command -v "$program" >/dev/null || skip "$program is missing"
 done
 
-scratch=$(mktemp -d)
+# A name that finds every path without quotes.
+scratch=$(mktemp -d "${TMPDIR:-/tmp}/ş folder.XXXXXX")
 trap 'rm -rf "$scratch"' EXIT
 cd "$scratch"
 
