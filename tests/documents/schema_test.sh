@@ -1,5 +1,5 @@
-# The schema, compiled to JavaScript, reads the sample package without and with vproc records, and what it
-# finds is what the report shows. The argument is the folder of the node packages, which are fetched once.
+# The schema, compiled to JavaScript, reads the sample package without and with vproc records, and finds what
+# the report shows. The argument is the folder of the node packages, which are fetched once.
 source "$SOURCE/tests/documents/test_folder.sh"
 source "$SOURCE/tests/documents/sample_packages.sh"
 
