@@ -69,9 +69,6 @@ install_program(morvane_gen)
 install_manual(morvane_gen.1)
 install_completions(morvane_gen)
 
-install(FILES src/format/include/morvane/package_format.h
-        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/morvane)
-
 # The documents and the examples lie as in the source tree, so that links and commands work there too.
 install(FILES README.md CONTRIBUTING.md CHANGELOG.md packaging/copyright
         DESTINATION ${CMAKE_INSTALL_DOCDIR})
@@ -81,7 +78,8 @@ install(
   FILES_MATCHING
   PATTERN "*.md"
   PATTERN "*.svg"
-  PATTERN "*.ksy")
+  PATTERN "*.ksy"
+  PATTERN "*.schema.json")
 install(
   DIRECTORY examples
   DESTINATION ${CMAKE_INSTALL_DOCDIR}

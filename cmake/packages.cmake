@@ -30,6 +30,22 @@ endif()
 
 set(CPACK_SYSTEM_NAME ${CMAKE_SYSTEM_PROCESSOR}-linux)
 
+# Two Debian packages: the tool with everything that belongs to no component, and the library of loaders,
+# which is static and needs nothing.
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_ALL Unspecified view)
+set(CPACK_COMPONENTS_GROUPING IGNORE)
+set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_NAME morvane-gen)
+set(CPACK_COMPONENT_UNSPECIFIED_DESCRIPTION "${CPACK_DEBIAN_PACKAGE_DESCRIPTION}")
+set(CPACK_DEBIAN_VIEW_PACKAGE_NAME libmorvane-view-dev)
+set(CPACK_DEBIAN_VIEW_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_VIEW_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_VIEW_DESCRIPTION
+    "reader of morvane_gen packages for loaders
+libmorvane_view.a opens a package that lies in memory, checks it once and
+hands out its DAGs, ports and images without a copy. It is freestanding C99
+and is proved to read nothing outside of the package.")
+
 # The bytes of a package are the same wherever it is made.
 set(CPACK_POST_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/normalise_package.cmake)
 

@@ -29,7 +29,7 @@ class byte_digest {
   std::unique_ptr<sums> sums_;
 };
 
-/// The digest of bytes of a package. Gives back the memory of the bytes as it goes on.
+/// The digest of a part of a package's bytes. Gives back the memory of the bytes as it goes on.
 std::string xxh3_128(const package_bytes& package, std::span<const std::uint8_t> bytes);
 
 }  // namespace morvane::companion

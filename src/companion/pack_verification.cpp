@@ -54,7 +54,7 @@ int compare_records(const package_bytes& package, const pack_inputs& inputs) {
         !holds_records_of(view, dvi, characters(text.bytes()), header.index)) {
       return report_change(path);
     }
-    package.release(package.bytes().subspan(dvi.block, dvi.dvi_pkg_size));
+    package.release(dvi.block, dvi.dvi_pkg_size);
     walk = morvane_view_next(&view, &dvi);
   }
   return status_fine;

@@ -6,8 +6,14 @@ cmake --install "$BUILD" --prefix prefix >log 2>&1 || fail "$(<log)"
 cat >expected <<'END'
 bin/morvane_gen
 include/morvane/package_format.h
+include/morvane/package_view.h
+lib/ARCHITECTURE/cmake/morvane_view/morvane_viewConfig-release.cmake
+lib/ARCHITECTURE/cmake/morvane_view/morvane_viewConfig.cmake
+lib/ARCHITECTURE/cmake/morvane_view/morvane_viewConfigVersion.cmake
+lib/ARCHITECTURE/libmorvane_view.a
 lib/ARCHITECTURE/morvane-gen/libmorvane.so
 lib/ARCHITECTURE/morvane-gen/morvane_gen
+lib/ARCHITECTURE/pkgconfig/morvane-view.pc
 share/bash-completion/completions/morvane_gen
 share/man/man1/morvane_gen.1.gz
 share/zsh/site-functions/_morvane_gen
