@@ -45,7 +45,7 @@ std::string xxh3_128(const package_bytes& package, std::span<const std::uint8_t>
   while (!bytes.empty()) {
     const auto part = bytes.first(std::min(step, bytes.size()));
     digest.add(std::as_bytes(part));
-    package.release(static_cast<std::size_t>(part.data() - package.bytes().data()), part.size());
+    package.release(part);
     bytes = bytes.subspan(part.size());
   }
   return digest.text();
