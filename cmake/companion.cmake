@@ -1,5 +1,14 @@
-# morvane, the companion program: a second executable on what morvane_gen is made of. It needs headers
-# that morvane_gen does not need, and is left out where they are missing.
+# morvane, the companion program: a second executable, made of the same code as morvane_gen and of more. It
+# needs headers that morvane_gen does not need, and is left out where they are missing.
+
+# Installs the program and its manual, if it is built.
+function(install_companion)
+  if(TARGET morvane_companion)
+    install(TARGETS morvane_companion RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+    install_manual(morvane.1)
+    add_dependencies(shipped morvane_companion)
+  endif()
+endfunction()
 
 set(MORVANE_COMPANION "" CACHE STRING "Build morvane: ON, OFF, or empty for where its headers are")
 if(NOT MORVANE_COMPANION AND NOT MORVANE_COMPANION STREQUAL "")

@@ -1,17 +1,17 @@
 # morvane_flags: how every file of the project is compiled and linked.
 
 add_library(morvane_flags INTERFACE)
+# Compared without case, as CMake itself compares build types.
+set(optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
 
 target_compile_options(
   morvane_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
                           $<$<BOOL:${MORVANE_WERROR}>:-Werror>)
 
 # Two builds in different folders give the same bytes.
-if(CMAKE_BUILD_TYPE MATCHES "Rel")
-  target_compile_options(
-    morvane_flags INTERFACE -ffile-prefix-map=${PROJECT_BINARY_DIR}=.
-                            -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
-endif()
+target_compile_options(
+  morvane_flags INTERFACE $<${optimised}:-ffile-prefix-map=${PROJECT_BINARY_DIR}=.>
+                          $<${optimised}:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>)
 
 # Hardened as Debian's packages are.
 target_compile_options(morvane_flags INTERFACE -fstack-protector-strong -fstack-clash-protection)
@@ -21,9 +21,7 @@ if(CMAKE_SYSTEM_PROCESSOR MATCHES "aarch64|arm64")
 else()
   target_compile_options(morvane_flags INTERFACE -fcf-protection)
 endif()
-if(CMAKE_BUILD_TYPE MATCHES "Rel")
-  target_compile_options(morvane_flags INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
-endif()
+target_compile_options(morvane_flags INTERFACE "$<${optimised}:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
 
 # What nothing calls is left out, above all of a static runtime.
 target_compile_options(morvane_flags INTERFACE -ffunction-sections -fdata-sections)

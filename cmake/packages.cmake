@@ -10,6 +10,12 @@ one binary package that a loader on an AArch64 Linux board reads. It also
 inspects such a package: it prints a report, extracts the images and
 regenerates the headers.")
 set(CPACK_DEBIAN_PACKAGE_SECTION devel)
+# Programs of one architecture serve packages of every other one.
+set(CPACK_DEBIAN_PACKAGE_MULTIARCH foreign)
+if(CMAKE_VERSION VERSION_LESS 3.31)
+  # This cpack does not know that field yet. It writes the value of a known one as it is.
+  set(CPACK_DEBIAN_PACKAGE_PRIORITY "optional\nMulti-Arch: ${CPACK_DEBIAN_PACKAGE_MULTIARCH}")
+endif()
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_STRIP_FILES ON)
 
@@ -24,9 +30,23 @@ endif()
 
 set(CPACK_SYSTEM_NAME ${CMAKE_SYSTEM_PROCESSOR}-linux)
 
-# Every file in a package bears the time of the release, and the rights that Debian asks for.
-set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/normalise_package.cmake)
-set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ
-                                                GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+# Two Debian packages: the tool with everything that belongs to no component, and the library of loaders,
+# which is static and needs nothing.
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_ALL Unspecified view)
+set(CPACK_COMPONENTS_GROUPING IGNORE)
+set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_NAME morvane-gen)
+set(CPACK_COMPONENT_UNSPECIFIED_DESCRIPTION "${CPACK_DEBIAN_PACKAGE_DESCRIPTION}")
+set(CPACK_DEBIAN_VIEW_PACKAGE_NAME libmorvane-view-dev)
+set(CPACK_DEBIAN_VIEW_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_VIEW_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_VIEW_DESCRIPTION
+    "reader of morvane_gen packages for loaders
+libmorvane_view.a opens a package that lies in memory, checks it once and
+hands out its DAGs, ports and images without a copy. It is freestanding C99
+and is proved to read nothing outside of the package.")
+
+# The bytes of a package are the same wherever it is made.
+set(CPACK_POST_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/normalise_package.cmake)
 
 include(CPack)

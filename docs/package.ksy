@@ -7,12 +7,9 @@ meta:
   bit-endian: le
   encoding: UTF-8
 doc: |
-  Images compiled from a neural network's DAGs, with the descriptions of their ports. Nothing in the file
-  says whether its vproc records are there, so the caller does.
-params:
-  - id: has_vproc
-    type: bool
-    doc: whether the package was written with vproc records
+  Images compiled from a neural network's DAGs, with the descriptions of their ports. Texts are UTF-8; the
+  tool does not check them. Bytes after the DVI blocks are the vproc section. A package that was cut exactly
+  after its DVI blocks therefore looks like one without a vproc section. Refuse bytes after the last record.
 seq:
   - id: header
     type: pkg_header
@@ -24,16 +21,9 @@ seq:
     type: dvi_block(dvis[_index])
     repeat: expr
     repeat-expr: header.dvi_num
-  - id: vprocs
-    type: vproc_desc
-    repeat: expr
-    repeat-expr: header.dvi_num
-    if: has_vproc
-  - id: vproc_blocks
-    type: vproc_block(vprocs[_index])
-    repeat: expr
-    repeat-expr: header.dvi_num
-    if: has_vproc
+  - id: vproc_section
+    type: vproc_section(header.dvi_num)
+    if: not _io.eof
 types:
   pkg_header:
     doc: 12 bytes
@@ -46,7 +36,7 @@ types:
         type: u1
       - id: hash
         type: u4
-        doc: source revision of the tool that wrote the package
+        doc: source revision of the tool that wrote the package, as a number
       - id: dvi_num
         type: u4
 
@@ -79,7 +69,7 @@ types:
         type: u4
       - id: dvi_pkg_size
         type: u4
-        doc: bytes of the DVI's block, modulo 2^32
+        doc: size of the DVI's block in bytes, modulo 2^32
       - id: dag_name
         type: strz
         size: 128
@@ -169,6 +159,21 @@ types:
         size: 512
         doc: empty when not given
 
+  vproc_section:
+    doc: the vproc records of all DVIs, in the order of the DVI table
+    params:
+      - id: dvi_num
+        type: u4
+    seq:
+      - id: vprocs
+        type: vproc_desc
+        repeat: expr
+        repeat-expr: dvi_num
+      - id: vproc_blocks
+        type: vproc_block(vprocs[_index])
+        repeat: expr
+        repeat-expr: dvi_num
+
   vproc_desc:
     doc: 12 bytes, one per DVI
     seq:
@@ -178,7 +183,7 @@ types:
         type: u4
       - id: vproc_records_size
         type: u4
-        doc: bytes of the vproc block, modulo 2^32
+        doc: size of the vproc block in bytes, modulo 2^32
 
   vproc_block:
     doc: the self-defined variables and the SMB blocks of a DVI

@@ -38,7 +38,7 @@ build() {
   if [ ! -e "$1/CMakeCache.txt" ]; then
     cmake -B "$@" -DBUILD_TESTING=OFF >/dev/null
   fi
-  cmake --build "$1" --parallel "$(nproc)" --target morvane_gen >/dev/null
+  cmake --build "$1" --parallel "$(nproc)" --target shipped >/dev/null
 }
 
 require_build

@@ -1,68 +1,116 @@
 #!/usr/bin/env bash
-# Everything a change must pass, in order; stops at the first failure. Installs what is missing.
+# Everything a change must pass. Ends with the suite as README.md runs it; before that, two steps run at a time.
+# What a step prints stays in build-check/, and is shown when it fails. Installs what is missing.
 source "$(dirname "$0")/requirements.sh"
 
 require_fuzz
+require_package
 require clang-format clang-format clang-tidy clang-tidy cppcheck cppcheck valgrind valgrind gcovr gcovr \
-  g++-aarch64-linux-gnu aarch64-linux-gnu-g++ qemu-user qemu-aarch64 \
-  googletest /usr/src/googletest/CMakeLists.txt git git nodejs node npm npm
-
-step() {
-  echo
-  echo "== $* (${SECONDS} s)"
-}
+  qemu-user qemu-aarch64 googletest /usr/src/googletest/CMakeLists.txt git git
 
 sources() {
   git ls-files -co --exclude-standard -- "$@"
 }
 
-# build PRESET: configures and builds with warnings as errors.
-build() {
-  cmake --preset "$1" -DMORVANE_WERROR=ON
-  cmake --build --preset "$1"
+check_format() {
+  # Headers that the tool reads are not ours to format.
+  sources 'src/*.cpp' 'src/*.h' 'tests/*.cpp' 'tests/*.c' 'tests/*.h' ':!*/_*.h' ':!tests/fuzz/corpus' |
+    xargs clang-format --dry-run --Werror
 }
 
-step "format"
-# Headers that the tool reads are not ours to format.
-sources 'src/*.cpp' 'src/*.h' 'tests/*.cpp' 'tests/*.c' 'tests/*.h' ':!*/_*.h' ':!tests/fuzz/corpus' |
-  xargs clang-format --dry-run --Werror
+check_cppcheck() {
+  cppcheck --enable=warning,performance,portability --std=c++20 --inline-suppr --error-exitcode=1 \
+    --quiet -I src -I src/format/include src
+}
 
-step "warnings as errors, g++"
-build release
+# The build of g++ without warnings is also measured, run under valgrind and tested at the end.
+check_release() {
+  cmake -B build -DCMAKE_BUILD_TYPE=Release -DBUILD_TESTING=ON -DMORVANE_WERROR=ON
+  cmake --build build --parallel "$(nproc)"
+}
 
-step "warnings as errors, clang++"
-cmake -B build-clang -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang -DMORVANE_WERROR=ON
-cmake --build build-clang --parallel "$(nproc)"
+check_clang() {
+  cmake -B build-clang -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang -DMORVANE_WERROR=ON
+  cmake --build build-clang --parallel "$(nproc)"
+  sources 'src/*.cpp' | xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p build-clang
+}
 
-step "clang-tidy"
-sources 'src/*.cpp' | xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p build-clang 2>/dev/null
+# suite PRESET: builds with warnings as errors and runs the tests.
+suite() {
+  cmake --preset "$1" -DMORVANE_WERROR=ON
+  cmake --build --preset "$1"
+  ctest --preset "$1"
+}
 
-step "cppcheck"
-cppcheck --enable=warning,performance,portability --std=c++20 --inline-suppr --error-exitcode=1 \
-  --quiet -I src -I src/format/include src
+check_asan() { suite asan; }
+check_aarch64() { suite aarch64; }
+check_coverage() { scripts/coverage.sh; }
+check_fuzz() { scripts/fuzz.sh 20; }
+check_package() { scripts/package.sh; }
+check_bench() { scripts/bench.sh --quick; }
 
-step "the suite, release"
-ctest --preset release --progress
+check_valgrind() {
+  export MORVANE_RUN_PREFIX="valgrind --quiet --leak-check=full --errors-for-leak-kinds=all --error-exitcode=99"
+  ctest --test-dir build --label-regex end_to_end --output-on-failure --no-tests=error --parallel "$(nproc)"
+}
 
-step "the suite under sanitizers"
-build asan
-ctest --preset asan --progress
+declare -A running  # the step of each process
+failed=no
+# Every step has a process group of its own, which ends with this script.
+set -m
+trap 'for process in "${!running[@]}"; do kill -- "-$process"; done' EXIT
+trap 'exit 130' INT
+trap 'exit 143' TERM
 
-step "the suite for aarch64, under an emulator"
-build aarch64
-ctest --preset aarch64 --progress
+# start STEP: runs a step in the background.
+start() {
+  (
+    TIMEFORMAT="%0R s, %0U s of processor time"
+    time "check_$1" >"build-check/$1.log" 2>&1
+  ) 2>"build-check/$1.time" &
+  running[$!]=$1
+}
 
-step "end-to-end tests under valgrind"
-MORVANE_RUN_PREFIX="valgrind --quiet --leak-check=full --errors-for-leak-kinds=all --error-exitcode=99" \
-  ctest --preset release --label-regex end_to_end --progress
+# finish: waits for a step to end and tells how it ended.
+finish() {
+  local process status=0 step
+  wait -n -p process "${!running[@]}" || status=$?
+  step=${running[$process]}
+  unset "running[$process]"
+  echo
+  if [ "$status" -eq 0 ]; then
+    echo "== $step passed in $(<"build-check/$step.time")"
+    tail -n 4 "build-check/$step.log"
+  else
+    echo "== $step failed and printed"
+    cat "build-check/$step.log"
+    failed=yes
+  fi
+}
 
-step "fuzz targets, 20 seconds each"
-scripts/fuzz.sh 20
+finish_all() {
+  while [ ${#running[@]} -gt 0 ]; do
+    finish
+  done
+  [ $failed = no ] || exit 1
+}
 
-step "coverage"
-scripts/coverage.sh
+mkdir -p build-check
 
-step "reproducible build"
-scripts/reproducible.sh
+start format
+start cppcheck
+finish_all
+start release
+finish_all
 
-step "all passed"
+# The slowest first, so that both lanes end together.
+for step in aarch64 asan clang coverage package fuzz valgrind bench; do
+  [ ${#running[@]} -lt 2 ] || finish
+  [ $failed = no ] || break
+  start $step
+done
+finish_all
+
+echo
+echo "== the suite (after $SECONDS s)"
+scripts/test.sh

@@ -6,7 +6,7 @@ require_build
 if [ ! -e build/CMakeCache.txt ]; then
   cmake -B build -DBUILD_TESTING=OFF >/dev/null
 fi
-cmake --build build --parallel "$(nproc)" --target morvane_gen
+cmake --build build --parallel "$(nproc)" --target shipped
 
 out=build/demo
 rm -rf "$out"

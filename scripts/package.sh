@@ -1,44 +1,89 @@
 #!/usr/bin/env bash
-# Makes the .deb and .tar.gz packages for this host and for arm64 in dist/, and checks them. Installs
-# what is missing.
+# Makes the .deb and .tar.gz packages for this host and for arm64 in dist/, after they passed every check
+# below. Installs what is missing.
 source "$(dirname "$0")/requirements.sh"
 
-require_build
-require g++-aarch64-linux-gnu aarch64-linux-gnu-g++ lintian lintian dpkg-dev dpkg-shlibdeps file file
+require_package
 
-scratch=$(mktemp -d)
-trap 'rm -rf "$scratch"' EXIT
-
-# pack FOLDER: builds a copy of the tree in a folder and makes its four packages.
-pack() {
-  copy_sources "$1"
-  local toolchain
-  for toolchain in "" "$1/cmake/aarch64.cmake"; do
-    local build="$1/build${toolchain:+-aarch64}"
-    cmake -S "$1" -B "$build" -DBUILD_TESTING=OFF ${toolchain:+-DCMAKE_TOOLCHAIN_FILE="$toolchain"}
-    cmake --build "$build" --parallel "$(nproc)"
-    (cd "$build" && cpack -B "$1/packages")
-  done >"$1/log" 2>&1 || { cat "$1/log" >&2; exit 1; }
+fail() {
+  echo "package.sh: $*" >&2
+  exit 1
 }
 
-pack "$scratch/one"
-pack "$scratch/another/and/deeper"
 rm -rf dist
-mkdir dist
-for package in "$scratch"/one/packages/*.{deb,tar.gz}; do
-  cmp "$package" "$scratch/another/and/deeper/packages/$(basename "$package")"
-  cp "$package" dist
-done
-echo "Two builds from different folders gave the same bytes:"
-(cd dist && sha256sum *)
+scratch=$(mktemp -d)
+# On another file system, when there is one: folders are listed in another order there.
+elsewhere=$(mktemp -d -p "$([ -w /dev/shm ] && echo /dev/shm || echo /tmp)")
+trap 'rm -rf "$scratch" "$elsewhere"' EXIT
 
-lintian --fail-on error,warning --allow-root dist/*.deb 2>/dev/null
+# logged COMMAND ...: shows what the command printed only when it fails.
+logged() {
+  "$@" >"$scratch/log" 2>&1 || { cat "$scratch/log" >&2; fail "$* failed"; }
+}
+
+# build FOLDER: builds a copy of the tree in a folder, for this host and for arm64.
+build() {
+  copy_sources "$1"
+  logged cmake -S "$1" -B "$1/build" -DBUILD_TESTING=OFF
+  logged cmake -S "$1" -B "$1/build-aarch64" -DBUILD_TESTING=OFF --toolchain "$1/cmake/aarch64.cmake"
+  logged cmake --build "$1/build" --parallel "$(nproc)" --target shipped
+  logged cmake --build "$1/build-aarch64" --parallel "$(nproc)" --target shipped
+}
+
+# pack FOLDER PACKAGES: makes the packages of both builds.
+pack() {
+  local build
+  for build in build build-aarch64; do
+    rm -rf "$1/$build/_CPack_Packages"
+    (cd "$1/$build" && logged cpack -B "$2")
+    rm -rf "$2/_CPack_Packages"
+  done
+}
+
+# The same tree twice, in surroundings that differ in everything that could find its way into a file.
+one=$scratch/one
+another="$elsewhere/another/ş folder/deeper"
+localedef -i tr_TR -f UTF-8 "$scratch/tr_TR.UTF-8"
+(
+  umask 022
+  export LC_ALL=C TZ=UTC0
+  build "$one"
+  pack "$one" "$scratch/packages"
+)
+(
+  umask 077
+  export LOCPATH="$scratch" LC_ALL=tr_TR.UTF-8 TZ=NPT-5:45
+  build "$another"
+  pack "$another" "$scratch/packages_077"
+)
+for mask in 002 027; do
+  (
+    umask $mask
+    pack "$one" "$scratch/packages_$mask"
+  )
+done
+
+for binary in build{,-aarch64}/{morvane_gen,libmorvane.so}; do
+  cmp "$one/$binary" "$another/$binary"
+done
+for mask in 002 027 077; do
+  diff -r "$scratch/packages" "$scratch/packages_$mask"
+done
+echo "Builds in different folders, locales, time zones and under four umasks gave the same bytes:"
+(cd "$scratch/packages" && sha256sum ./*)
+
+lintian --fail-on error,warning --allow-root "$scratch"/packages/*.deb 2>/dev/null
 echo "Lintian finds no error and no warning."
+for package in "$scratch"/packages/*.deb; do
+  dpkg-deb --field "$package" >"$scratch/fields"
+  grep -q '^Multi-Arch: ' "$scratch/fields" || fail "$package has no field Multi-Arch"
+  ! grep '^Homepage:' "$scratch/fields" || fail "$package has a homepage"
+done
 
 # An empty root gets the package and the system libraries that it names, nothing else: not even /proc.
 root="$scratch/root"
 mkdir "$root"
-dpkg-deb --extract dist/*_"$(dpkg --print-architecture)".deb "$root"
+dpkg-deb --extract "$scratch"/packages/morvane-gen_*_"$(dpkg --print-architecture)".deb "$root"
 ldd "$root"/usr/lib/*/morvane-gen/libmorvane.so | grep -o '/lib[^ ]*' | while read -r library; do
   install -D "$library" "$root$library"
 done
@@ -49,3 +94,10 @@ as_root=(chroot "$root")
 grep '^Save to file' "$scratch/report"
 cmp "$root/parse/wake_word_split_0.dvi" examples/wake_word/wake_word_split_0.dvi
 echo "Installed into an empty root, the tool packs and inspects the sample folder."
+
+[ -e "$root/usr/share/zsh/vendor-completions/_morvane_gen" ] || fail "Debian's zsh finds no completion"
+SOURCE=$PWD NEEDS="" bash tests/packaging/installed_documents_test.sh "$root/usr"
+echo "The links and the commands of the installed documents work."
+
+mkdir dist
+cp "$scratch"/packages/* dist

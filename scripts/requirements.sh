@@ -44,7 +44,7 @@ require_build() {
 require_test() {
   require_build
   require libgtest-dev /usr/include/gtest/gtest.h locales /usr/share/i18n/locales/tr_TR \
-    mandoc mandoc zsh zsh graphviz dot
+    mandoc mandoc zsh zsh graphviz dot nodejs node npm npm
 }
 
 require_fuzz() {
@@ -53,8 +53,14 @@ require_fuzz() {
     "/usr/lib/llvm-14/lib/clang/14.0.6/lib/linux/libclang_rt.fuzzer-$(uname -m).a"
 }
 
+require_package() {
+  require_build
+  require g++-aarch64-linux-gnu aarch64-linux-gnu-g++ lintian lintian dpkg-dev dpkg-shlibdeps file file \
+    locales /usr/share/i18n/locales/tr_TR
+}
+
 # copy_sources FOLDER: what the tool and its packages are built from.
 copy_sources() {
   mkdir -p "$1"
-  cp -r CMakeLists.txt README.md CONTRIBUTING.md CHANGELOG.md cmake completions docs packaging src "$1"
+  cp -r CMakeLists.txt README.md CONTRIBUTING.md CHANGELOG.md cmake completions docs examples packaging src "$1"
 }

@@ -41,7 +41,7 @@ std::string xxh3_128(const package_bytes& package, std::span<const std::uint8_t>
   while (!bytes.empty()) {
     const auto part = bytes.first(std::min(step, bytes.size()));
     XXH3_128bits_update(state.get(), part.data(), part.size());
-    package.release(part);
+    package.release(static_cast<std::size_t>(part.data() - package.bytes().data()), part.size());
     bytes = bytes.subspan(part.size());
   }
   return hexadecimal(XXH3_128bits_digest(state.get()));

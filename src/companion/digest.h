@@ -9,8 +9,8 @@
 
 namespace morvane::companion {
 
-/// The XXH3-128 of bytes of a package, as `xxhsum -H2` prints it: 32 hexadecimal digits. Gives back
-/// the memory of the bytes as it goes on.
+/// The XXH3-128 of a part of a package's bytes, as `xxhsum -H2` prints it: 32 hexadecimal digits.
+/// Gives back the memory of the bytes as it goes on.
 std::string xxh3_128(const package_bytes& package, std::span<const std::uint8_t> bytes);
 
 }  // namespace morvane::companion

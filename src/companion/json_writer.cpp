@@ -81,11 +81,12 @@ void write_value(json_writer& json, json_null /*null*/) {
   json.streams.pending += "null";
 }
 
-void write_bytes(json_writer& json, std::string_view name, std::span<const std::uint8_t> bytes) {
+void write_numbers(json_writer& json, std::string_view name,
+                   std::span<const std::uint32_t> numbers) {
   begin_member(json, name);
   std::string_view before = "[";
-  for (const std::uint8_t byte : bytes) {
-    append_pieces(json.streams.pending, before, byte);
+  for (const std::uint32_t number : numbers) {
+    append_pieces(json.streams.pending, before, number);
     before = ", ";
   }
   json.streams.pending += ']';

@@ -60,6 +60,7 @@ void write_member(json_writer& json, std::string_view name, const Value& value) 
 }
 
 /// Writes a member that is an array of numbers.
-void write_bytes(json_writer& json, std::string_view name, std::span<const std::uint8_t> bytes);
+void write_numbers(json_writer& json, std::string_view name,
+                   std::span<const std::uint32_t> numbers);
 
 }  // namespace morvane::companion

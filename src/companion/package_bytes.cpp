@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <string_view>
@@ -64,11 +65,13 @@ void package_bytes::swap(package_bytes& other) noexcept {
   std::swap(read_, other.read_);
 }
 
-void package_bytes::release(std::span<const std::uint8_t> part) const {
+void package_bytes::release(std::size_t offset, std::uint64_t count) const {
   const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
-  const auto begin = static_cast<std::size_t>(part.data() - data_);
+  const std::size_t begin = std::min(offset, size_);
+  const std::size_t end =
+      begin + static_cast<std::size_t>(std::min<std::uint64_t>(count, size_ - begin));
   const std::size_t first = begin / page * page;
-  const std::size_t last = (begin + part.size()) / page * page;
+  const std::size_t last = end / page * page;
   if (is_mapped_ && first < last) {
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): the system's interface
     ::madvise(const_cast<std::uint8_t*>(data_ + first), last - first, MADV_DONTNEED);

@@ -25,9 +25,10 @@ class package_bytes {
 
   [[nodiscard]] std::span<const std::uint8_t> bytes() const { return {data_, size_}; }
 
-  /// Gives back the memory of a part of the bytes, the page excluded in which it ends. They can
-  /// still be read, at the cost of reading them from the file again.
-  void release(std::span<const std::uint8_t> part) const;
+  /// Gives back the memory of so many bytes from an offset on, except the page in which they end.
+  /// They can still be read, at the cost of reading them from the file again. Bytes that do not
+  /// exist are ignored: another program may have changed the counts in the file.
+  void release(std::size_t offset, std::uint64_t count) const;
 
   /// Asks the system for a part of the bytes at once, instead of page by page where they are read.
   void fetch(std::span<const std::uint8_t> part) const;

@@ -106,7 +106,7 @@ void check_dag_name(const placed_text& placed, const finding_sink& sink) {
 }
 
 /// A byte that must be 0. The offset is the byte's in the package.
-void check_reserved(std::uint8_t byte, std::size_t offset, const record_name& name,
+void check_reserved(std::uint32_t byte, std::size_t offset, const record_name& name,
                     const finding_sink& sink) {
   if (byte != 0) {
     tell(sink, kind_of("reserved-not-zero"), offset,
@@ -116,7 +116,7 @@ void check_reserved(std::uint8_t byte, std::size_t offset, const record_name& na
 
 void check_vproc_id(const morvane_view_dvi& dvi, const record_name& name,
                     const finding_sink& sink) {
-  const auto expected = static_cast<std::uint8_t>(dvi.position);
+  const std::uint32_t expected = dvi.position & 0xFFU;
   if (dvi.vproc_id != expected) {
     tell(sink, kind_of("wrong-vproc-id"), dvi.offset + offsetof(morvane_dvi_desc, vproc_id),
          joined(str(name), ": vproc_id is ", dvi.vproc_id, ", not ", expected));

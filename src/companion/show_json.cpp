@@ -52,7 +52,7 @@ void write_port(json_writer& json, const morvane_view_port& port) {
   write_member(json, "pitch", port.pitch);
   write_member(json, "dram_format", port.dram_format);
   write_member(json, "flags", port.flags);
-  write_bytes(json, "reserved", port.reserved);
+  write_numbers(json, "reserved", port.reserved);
   write_member(json, "drotate_bit_offset", port.drotate_bit_offset);
   write_member(json, "hflip_bit_offset", port.hflip_bit_offset);
   write_member(json, "vflip_bit_offset", port.vflip_bit_offset);

@@ -9,9 +9,9 @@ bool has_header(const shown_package& shown) {
 }
 
 std::span<const std::uint8_t> image_of(const shown_package& shown, const morvane_view_dvi& dvi) {
-  morvane_bytes image{.bytes = shown.view.bytes, .size = 0};
-  static_cast<void>(morvane_view_image(&shown.view, &dvi, &image));
-  return {image.bytes, image.size};
+  morvane_bytes image{};
+  const bool is_there = morvane_view_image(&shown.view, &dvi, &image) == MORVANE_VIEW_OK;
+  return {is_there ? image.bytes : shown.view.bytes, is_there ? image.size : 0};
 }
 
 std::string digest_of(const shown_package& shown, std::span<const std::uint8_t> image) {
@@ -19,14 +19,11 @@ std::string digest_of(const shown_package& shown, std::span<const std::uint8_t> 
 }
 
 void leave_dvi(const shown_package& shown, const morvane_view_dvi& dvi, console& streams) {
-  const auto image = image_of(shown, dvi);
-  const auto bytes = shown.bytes.bytes();
-  const auto end = static_cast<std::size_t>(image.data() + image.size() - bytes.data());
-  shown.bytes.release(bytes.subspan(dvi.block, end - dvi.block));
-  if (dvi.vproc_offset != 0) {
-    shown.bytes.release(bytes.subspan(dvi.vproc_block, dvi.vproc_records_size));
-  }
-  show_progress(streams.progress, end);
+  const std::uint64_t ports = std::uint64_t{dvi.input_num} + dvi.output_num;
+  const std::uint64_t count = ports * sizeof(morvane_port_desc) + dvi.dvi_img_size;
+  shown.bytes.release(dvi.block, count);
+  shown.bytes.release(dvi.vproc_block, dvi.vproc_records_size);
+  show_progress(streams.progress, dvi.block + count);
 }
 
 }  // namespace morvane::companion

@@ -10,8 +10,8 @@
 namespace morvane {
 
 int check_duplicate_dag_names(const std::string& folder, const std::vector<input_entry>& headers) {
-  // How many names came before each. That number also finds the earlier file, deliberately: it is
-  // the wrong one when a header before it has no name, and scripts compare the message.
+  // The position of each name among the names. The message takes it as the position of the header,
+  // which is wrong if an earlier header has no name. It stays so, as scripts compare the message.
   std::unordered_map<std::string, std::size_t> positions;
   for (const input_entry& header : headers) {
     const std::string path = join_path(folder, header.name);

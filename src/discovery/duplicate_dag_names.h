@@ -1,5 +1,5 @@
-// Whether every header of a folder names a DAG of its own, which a package with vproc records asks
-// for.
+// Checks that all headers of a folder have different DAG names. A package with vproc records needs
+// that.
 #pragma once
 
 #include <string>
@@ -9,9 +9,9 @@
 
 namespace morvane {
 
-/// Returns 0 when the headers of the folder name different DAGs; or, at the first header that
+/// Returns 0 if all headers of the folder have different DAG names. At the first header that
 /// repeats a name, prints "error: detection duplicate DAG NAME between file ..." and returns 1. A
-/// header without a DAG name is passed over.
+/// header without a DAG name is ignored.
 int check_duplicate_dag_names(const std::string& folder, const std::vector<input_entry>& headers);
 
 }  // namespace morvane

@@ -16,7 +16,7 @@ bool is_digit(char c) {
   return c >= '0' && c <= '9';
 }
 
-/// By bytes: the locale has no say in what a DVI is.
+/// By bytes: the result does not depend on the locale.
 char to_lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
@@ -62,7 +62,8 @@ int parse_file_index(std::string_view name, std::int32_t& index) {
     print_line("error: filename format is incorrect, can't find file index for file ", name);
     return -1;
   }
-  // The digits don't reach back over the mark, not even when the first extension stands before it.
+  // The digits end at the first place of the extension, which may be before the mark. Digits before
+  // the mark do not count.
   std::size_t digits = extension;
   while (digits > mark + index_mark.size() && is_digit(name[digits - 1])) {
     --digits;

@@ -3,6 +3,7 @@
 #include <dirent.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <memory>
 #include <unordered_set>
 
@@ -14,22 +15,28 @@ namespace morvane {
 
 namespace {
 
-/// The names of a folder's entries, in the order in which the folder yields them; none for a folder
-/// that cannot be opened.
+/// The names of a folder's entries, in the order of the folder; none if the folder cannot be opened
+/// and read to its end.
 std::vector<std::string> list_folder(const std::string& folder) {
   std::vector<std::string> names;
   const auto close = [](DIR* open_folder) { ::closedir(open_folder); };
   const std::unique_ptr<DIR, decltype(close)> entries(::opendir(folder.c_str()), close);
-  if (entries) {
-    while (const dirent* entry = ::readdir(entries.get())) {
-      names.emplace_back(entry->d_name);
-    }
+  if (!entries) {
+    return names;
+  }
+  errno = 0;
+  while (const dirent* entry = ::readdir(entries.get())) {
+    names.emplace_back(entry->d_name);
+    errno = 0;
+  }
+  if (errno != 0) {
+    names.clear();
   }
   return names;
 }
 
-/// Looks at the greatest index only, and only when it is above 0: a gap or a repeat below it
-/// passes.
+/// Checks the greatest index only, and only if it is above 0. Gaps and repeated indices below it
+/// are accepted.
 bool in_order(const std::vector<input_entry>& files) {
   std::int32_t greatest = -1;
   for (const input_entry& file : files) {

@@ -1,5 +1,6 @@
 #include "driver/pack_run.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <utility>
 #include <vector>
@@ -139,6 +140,22 @@ int append_sections(package_writer& package, const pack_inputs& inputs, bool vpr
   return vproc ? append_vproc_section(package, inputs, size) : 0;
 }
 
+/// Whether a file is one of the inputs, under whatever name.
+bool is_input(const file_identity& file, const pack_inputs& inputs) {
+  const auto is_file = [&](const input_entry& entry) {
+    return identity_at(join_path(inputs.folder, entry.name)) == file;
+  };
+  return std::ranges::any_of(inputs.dvis, is_file) || std::ranges::any_of(inputs.headers, is_file);
+}
+
+/// Creates or empties the package. The handle is closed when it cannot be opened, or is one of the
+/// inputs: that keeps its content.
+file_handle open_package_to_write(const std::string& path, const pack_inputs& inputs) {
+  writable_file file = open_to_write(path);
+  const bool usable = file.is_new || (!is_input(file.identity, inputs) && empty_file(file.handle));
+  return usable ? std::move(file.handle) : file_handle();
+}
+
 }  // namespace
 
 int run_pack() {
@@ -146,7 +163,7 @@ int run_pack() {
   if (find_inputs(inputs, settings.vproc) != 0) {
     return -1;
   }
-  package_writer package{.file = open_to_write(settings.filename)};
+  package_writer package{.file = open_package_to_write(settings.filename, inputs)};
   if (!package.file.is_open()) {
     print_line("error: ", open_failure_text, settings.filename);
     return -1;

@@ -4,6 +4,7 @@
 #include "driver/pack_run.h"
 #include "driver/usage.h"
 #include "inspect/inspect_package.h"
+#include "io/standard_streams.h"
 
 namespace morvane {
 
@@ -34,6 +35,9 @@ int select_run_mode(int argc, char** argv) {
 }  // namespace morvane
 
 int morvane_main(int argc, char** argv) {
+  if (!morvane::open_closed_streams()) {
+    return -1;
+  }
   const int status = morvane::select_run_mode(argc, argv);
   return status == 0 ? morvane::run_pack() : status;
 }

@@ -11,6 +11,7 @@ int select_run_mode(int argc, char** argv);
 }  // namespace morvane
 
 /// The library's one exported function: runs the tool on a command line. Returns -1 for a usage
-/// error or a failed pack run, 1 after version, help or inspection, 0 after a pack run. Meant to be
+/// error or a failed pack run, 1 after version, help or inspection, 0 after a pack run. First opens
+/// closed standard streams on the null device; when that fails it does no more. Meant to be
 /// called once per process: the settings and getopt_long keep what they have seen.
 extern "C" [[gnu::visibility("default")]] int morvane_main(int argc, char** argv);

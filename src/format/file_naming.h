@@ -1,4 +1,4 @@
-// How the compiler names its files, and so the inspection those that it writes.
+// How the compiler names its files. The inspection names its output in the same way.
 #pragma once
 
 #include <string>
@@ -17,7 +17,7 @@ inline std::string header_name(std::string_view stem) {
   return std::string(stem).append(".h");
 }
 
-/// A header's name in a folder in which every header's begins with an underscore.
+/// The name of a header in a folder in which all headers have a leading underscore.
 inline std::string marked_header_name(std::string_view stem) {
   return std::string("_").append(header_name(stem));
 }

@@ -1,4 +1,4 @@
-// How long a text may be, and the name under which a longer one is reported.
+// The length limits of texts, and the names of the limits in messages.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@ namespace morvane {
 
 struct length_limit {
   std::string_view name;
-  std::size_t longest;  // characters
+  std::size_t longest;  // bytes
 };
 
 inline constexpr length_limit line_limit{"LINE_LEN", 1023};
@@ -19,7 +19,7 @@ inline constexpr length_limit var_name_limit{"VAR_NAME", MORVANE_NAME_WIDTH - 1}
 inline constexpr length_limit io_name_limit{"IO_NAME", MORVANE_IO_NAME_WIDTH - 1};
 inline constexpr length_limit layer_name_limit{"IO_DEMNGL_NAME", MORVANE_IO_NAME_WIDTH - 1};
 
-/// The longest value of an option that names a file or a folder, in characters.
+/// The longest name of a file or folder in an option, in bytes.
 inline constexpr std::size_t longest_setting = 2048;
 
 }  // namespace morvane

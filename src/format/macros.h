@@ -1,5 +1,5 @@
-// The macro vocabulary of the compiler's headers: keywords, and for every macro the field that it
-// fills. The header parsers and the header regeneration both walk these tables.
+// The macros of the compiler's headers: keywords, and the field that each macro fills. The header
+// parsers and the header regeneration both use these tables.
 #pragma once
 
 #include <array>
@@ -15,14 +15,13 @@ namespace morvane {
 /// Names a DAG: "#define net_DAG_NAME net".
 inline constexpr std::string_view dag_name_macro = "_DAG_NAME";
 
-/// A line that holds this word and a name begins the block of an SMB.
+/// A line with this keyword and a name introduces an SMB.
 inline constexpr std::string_view smb_keyword = "SMB_input";
 
-/// A line that holds this sign and a name begins the block of a variable.
+/// A line with this keyword and a name introduces a variable.
 inline constexpr std::string_view variable_keyword = "$";
 
-/// One of the two kinds of HMB ports. A line that holds its keyword and a name begins a port's
-/// block.
+/// One of the two kinds of HMB ports. A line with its keyword and a name introduces a port.
 struct port_class {
   std::string_view direction;
   std::string_view keyword;
@@ -35,8 +34,8 @@ enum class macro_kind {
   word,         // u32: the low 32 bits of the macro's number
   byte,         // u8: the low 8 bits
   signed_byte,  // s8: the low 8 bits
-  bit,          // the lowest bit, stored in one bit of a byte
-  guarded_bit,  // the same; the macro counts only when SUFFIX + "_" has no value on its line
+  bit,          // one bit of a byte: the lowest bit
+  guarded_bit,  // the same, but ignored if SUFFIX + "_" has a value on the same line
   text,         // a layer name
 };
 
@@ -45,11 +44,11 @@ struct macro_row {
   std::string_view suffix;
   macro_kind kind;
   std::size_t offset;     // of the field in its record, in bytes
-  unsigned line;          // its place among the lines of a regenerated block, from 1
+  unsigned line;          // its line in a regenerated block, from 1
   std::uint8_t mask = 0;  // of a bit, in the byte at the offset
 };
 
-/// The macros of a DAG, NAME being the DAG's name. Tried in this order; so below.
+/// The macros of a DAG. NAME is the DAG's name. Here and below, macros are tried in table order.
 inline constexpr std::array<macro_row, 4> dag_macros{{
     {"_use_ping_pong_vmem", macro_kind::byte, offsetof(dvi_desc, dvi_ppv), 1},
     {"_image_start", macro_kind::word, offsetof(dvi_desc, dvi_img_vaddr), 2},
@@ -57,7 +56,7 @@ inline constexpr std::array<macro_row, 4> dag_macros{{
     {"_dagbin_start", macro_kind::word, offsetof(dvi_desc, dvi_dag_vaddr), 4},
 }};
 
-/// The macros of a port, NAME being the port's name.
+/// The macros of a port. NAME is the port's name.
 inline constexpr std::array<macro_row, 24> port_macros{{
     {"_dbase_byte_offset", macro_kind::word, offsetof(port_desc, port_byte_offset), 3},
     {"_is_bitvector", macro_kind::bit, offsetof(port_desc, flags), 2, MORVANE_PORT_BITVECTOR},
@@ -85,27 +84,27 @@ inline constexpr std::array<macro_row, 24> port_macros{{
     {"_qubrix_demangled_name", macro_kind::text, offsetof(port_desc, layer_name), 1},
 }};
 
-/// The macros of a variable, NAME being the variable's name.
+/// The macros of a variable. NAME is the variable's name.
 inline constexpr std::array<macro_row, 2> variable_macros{{
     {"_boffset", macro_kind::word, offsetof(var_desc, boffset), 1},
     {"_bsize", macro_kind::word, offsetof(var_desc, bsize), 2},
 }};
 
-/// The macros of an SMB, NAME being the SMB's name.
+/// The macros of an SMB. NAME is the SMB's name.
 inline constexpr std::array<macro_row, 1> smb_macros{{
     {"_vbase_byte_offset", macro_kind::word, offsetof(smb_desc, vbase_byte_offset), 1},
 }};
 
-/// Stores a macro's number in its field, cut to the field's width. The row is not a text.
+/// Stores a macro's number in its field, cut to the width of the field. The row must not be a text.
 void store_number(std::span<std::byte> record, const macro_row& row, long number);
 
-/// The number in a macro's field. The row is not a text.
+/// Returns the number in a macro's field. The row must not be a text.
 long load_number(std::span<const std::byte> record, const macro_row& row);
 
-/// The layer name in a macro's field. The row is a text.
+/// Returns the layer name in a macro's field. The row must be a text.
 std::string_view load_text(std::span<const std::byte> record, const macro_row& row);
 
-/// Stores a text, which must fit, and fills the rest of its field with NULs.
+/// Stores a text in its field and fills the rest with NULs. The text must fit.
 void store_text(std::span<std::byte> field, std::string_view text);
 
 }  // namespace morvane

@@ -1,4 +1,4 @@
-// The package records under the names that the tool uses, and the texts inside them.
+// The short names of the package records, and the texts inside the records.
 #pragma once
 
 #include <morvane/package_format.h>
@@ -12,7 +12,7 @@
 namespace morvane {
 
 static_assert(std::endian::native == std::endian::little,
-              "records are written as they stand in memory, and a package is little-endian");
+              "records are written as they are in memory, and a package is little-endian");
 
 using pkg_header = morvane_pkg_header;  // 12 bytes
 using dvi_desc = morvane_dvi_desc;      // 156 bytes
@@ -21,14 +21,14 @@ using vproc_desc = morvane_vproc_desc;  // 12 bytes
 using var_desc = morvane_var_desc;      // 136 bytes
 using smb_desc = morvane_smb_desc;      // 132 bytes
 
-/// A record as the bytes that stand for it in a package.
+/// The bytes of a record in a package.
 template <class Record>
 std::span<std::byte> bytes_of(Record& record) {
   static_assert(std::is_trivially_copyable_v<Record>);
   return std::as_writable_bytes(std::span(&record, 1));
 }
 
-/// The text of a record's field: up to its first NUL, or the whole field when it has none.
+/// The text of a record's field: up to the first NUL, or the whole field if it has none.
 inline std::string_view text_of(std::span<const char> field) {
   const std::string_view whole(field.data(), field.size());
   return whole.substr(0, whole.find('\0'));

@@ -9,7 +9,7 @@ namespace morvane {
 
 namespace {
 
-/// Whether the line belongs to the block of the name.
+/// Whether the line contains the marker of the block of the name.
 bool holds_marker(const named_line& named, std::string_view lead) {
   return std::ranges::any_of(named.rests, [&](std::string_view rest) {
     const std::size_t place = named.line.size() - rest.size() - named.name.size();

@@ -1,6 +1,6 @@
-// Reads the blocks of a header into records. A block is a line that introduces it by a keyword and
-// a name, and the lines after it that hold its marker. Ports, SMBs and variables are all written
-// so.
+// Reads the blocks of a header into records. A line with a keyword and a name introduces a block.
+// The lines after it that contain the block's marker belong to the block. Ports, SMBs and variables
+// have this form.
 #pragma once
 
 #include <cstddef>
@@ -14,24 +14,25 @@
 
 namespace morvane {
 
-/// What tells one kind of block from another.
+/// The differences between the kinds of blocks.
 struct block_format {
   std::string_view keyword;      // introduces a block: the token after it is the block's name
-  std::string_view marker_lead;  // a line of the block holds this, the name and "_"
+  std::string_view marker_lead;  // the marker is this, the name and "_"
   length_limit name_limit;
-  std::size_t name_offset;  // of the record's name field, which is as wide as the limit tells
+  std::size_t name_offset;  // of the record's name field, one byte wider than the limit
   std::span<const macro_row> macros;
 };
 
-/// Reads the block of a name into its record; the reader stands after the introducing line. The
-/// line that ends the block, and blank lines before it, are left to be read again, as that line may
-/// introduce the next block. Returns 0; or -1 for a name or a layer name that is too long, with its
-/// message.
+/// Reads the block of a name into its record. The reader must stand after the introducing line. It
+/// then stands before the line that ends the block, and before blank lines above it, as that line
+/// may introduce the next block. Returns 0; for a name or a layer name that is too long, prints a
+/// message and returns -1.
 int read_block(line_reader& lines, const block_format& format, std::string_view name,
                std::span<std::byte> record);
 
-/// Appends a record for every block of a header; each begins as the empty record. Returns 0; or -1,
-/// with its message, at a name that is too long, whose record is not appended.
+/// Appends a record for every block of a header. Each record begins as a copy of the empty one.
+/// Returns 0. At a name that is too long, prints a message, does not append its record, and
+/// returns -1.
 template <class Record>
 int read_blocks(std::string_view header, const block_format& format, const Record& empty,
                 std::vector<Record>& records) {

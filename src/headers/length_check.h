@@ -1,4 +1,4 @@
-// Reports a text that is longer than its limit.
+// Reports texts that are longer than their limits.
 #pragma once
 
 #include <string_view>
@@ -11,7 +11,7 @@ namespace morvane {
 /// with the text and its length. Returns -1.
 int report_length_limit(std::string_view text, std::string_view limit_name);
 
-/// Returns 0 for a text within the limit; otherwise reports it and returns -1.
+/// Returns 0 if the text is not longer than the limit; otherwise reports it and returns -1.
 int check_length_limit(std::string_view text, const length_limit& limit);
 
 }  // namespace morvane

@@ -19,10 +19,10 @@ bool cut_line(line_reader& lines, std::string_view& line) {
   return true;
 }
 
-/// Moves on to the line that holds a position, or to the end of the text when there is none, and
-/// reports the over-long lines passed. It need not look at every line for that: where a newline
-/// stands within one line's length, no over-long line begins before it.
-void pass_lines_before(line_reader& lines, std::size_t position) {
+/// Moves to the line that contains a position, or to the end of the text for npos, and reports the
+/// over-long lines on the way. It does not look at every line: if a newline follows within the
+/// length limit, no over-long line begins before it.
+void skip_lines_before(line_reader& lines, std::size_t position) {
   const std::string_view before = lines.text.substr(0, position);
   while (before.size() - lines.next > line_limit.longest) {
     const std::string_view window = before.substr(lines.next, line_limit.longest + 1);
@@ -32,7 +32,7 @@ void pass_lines_before(line_reader& lines, std::size_t position) {
       continue;
     }
     if (position < lines.text.find('\n', lines.next)) {
-      return;  // the over-long line holds the position
+      return;  // the over-long line contains the position
     }
     std::string_view line;
     cut_line(lines, line);
@@ -67,7 +67,7 @@ bool next_line_with(line_reader& lines, std::span<sought_key> keys, std::string_
       }
       nearest = std::min(nearest, key.place);
     }
-    pass_lines_before(lines, nearest);
+    skip_lines_before(lines, nearest);
     if (!cut_line(lines, line)) {
       return false;
     }

@@ -22,7 +22,7 @@ std::string_view skip_delimiters(std::string_view text, const delimiter_set& del
   return text.substr(begin);
 }
 
-/// Takes the next token off the front of the text; empty at its end.
+/// Removes the next token from the front of the text and returns it; empty at the end.
 std::string_view take_token(std::string_view& text, const delimiter_set& delimiters) {
   text = skip_delimiters(text, delimiters);
   std::size_t end = 0;
@@ -75,7 +75,7 @@ int check_line_not_blank(std::string_view line) {
 }
 
 long decimal_value(std::string_view value) {
-  // Where from_chars finds a number, strtol finds the same, but takes longer.
+  // If from_chars finds a number, strtol finds the same one, but more slowly.
   long number = 0;
   const auto result = std::from_chars(value.data(), value.data() + value.size(), number);
   return result.ec == std::errc() ? number : std::strtol(std::string(value).c_str(), nullptr, 10);

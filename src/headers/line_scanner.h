@@ -1,5 +1,5 @@
-// Cuts a header line into tokens and finds macro values on it. Nothing here parses C: a macro's
-// name is found as a plain substring, and the first token after it is its value.
+// Cuts a header line into tokens and finds macro values on it. This is no parser for C: the name of
+// a macro is found as a plain substring, and the first token after it is its value.
 #pragma once
 
 #include <array>
@@ -9,7 +9,7 @@
 
 namespace morvane {
 
-/// A set of single characters, any run of which stands between two tokens.
+/// A set of characters. One or more of them separate two tokens.
 struct delimiter_set {
   std::array<bool, 256> holds{};
 
@@ -20,35 +20,35 @@ struct delimiter_set {
   }
 };
 
-/// Cuts the text after a macro's name. A carriage return is no delimiter: in a header with CR LF
+/// Cut the text after a macro's name. A carriage return is not among them: in a header with CR LF
 /// line ends it stays at the end of a value.
 inline constexpr delimiter_set macro_delimiters{" /*\t\",;:="};
 
-/// The same without the slash, which may stand in a layer's name.
+/// The same without the slash, which may be part of a layer's name.
 inline constexpr delimiter_set layer_name_delimiters{" *\t\",;:="};
 
-/// What a blank line is made of.
+/// The characters of a blank line.
 inline constexpr delimiter_set blank_delimiters{" \t\r\n"};
 
 inline constexpr std::size_t no_value = std::string_view::npos;
 
-/// Cuts a line into tokens and puts them into the slots, in order, until either runs out; further
-/// slots stay as they are. Like strtok_r on a copy of the line: a NUL ends it. Returns 0; or, for a
-/// line that is too long, reports the limit LINE_LEN, leaves the slots alone and returns -1.
+/// Cuts a line into tokens and stores them in the slots, in order, until there are no more tokens
+/// or slots. Other slots keep their values. A NUL ends the line, as with strtok_r. Returns 0. For a
+/// line that is too long, reports the limit LINE_LEN, keeps all slots and returns -1.
 int split_line(std::string_view line, const delimiter_set& delimiters,
                std::span<std::string_view> slots);
 
 /// Sets value to the first token after the first occurrence of the key on the line and returns the
-/// position of the key; returns no_value, and leaves value alone, when the key or a token after it
-/// is missing.
+/// position of the key. If the key or a token after it is missing, keeps value and returns
+/// no_value.
 std::size_t find_macro_value(std::string_view line, std::string_view key, std::string_view& value,
                              const delimiter_set& delimiters);
 
-/// Returns 0 for a line that holds a token and -1 for a blank one. A line that is too long is
-/// reported and counts as blank, so that every parser passes over it.
+/// Returns 0 for a line with a token and -1 for a blank one. A line that is too long is reported
+/// and counts as blank, so that every parser ignores it.
 int check_line_not_blank(std::string_view line);
 
-/// A value as strtol reads it in base 10; 0 for what is no number, hexadecimal included.
+/// The number that strtol reads from a value in base 10; 0 for text and for hexadecimal.
 long decimal_value(std::string_view value);
 
 }  // namespace morvane

@@ -1,4 +1,4 @@
-// The values of the macros of one name on a line: NAME + suffix, for every suffix of a table.
+// Finds the values of macros on a line: NAME + suffix, for every suffix of a table.
 #pragma once
 
 #include <cstddef>
@@ -10,19 +10,19 @@
 
 namespace morvane {
 
-/// A line and what follows a name wherever it stands on it. Found once a line, that serves every
-/// macro.
+/// A line, a name, and the rest of the line after each occurrence of the name. They are found once
+/// per line for all macros.
 struct named_line {
   std::string_view line;
   std::string_view name;
   std::vector<std::string_view> rests;
 };
 
-/// Sets the line and finds what follows the name on it.
+/// Sets the line and finds the rests.
 void set_line(named_line& named, std::string_view line);
 
-/// Finds the first macro of the table that has a value on the line and stores it in the record.
-/// Returns 0, also when there is none; for a layer name that is too long reports the limit
+/// Finds the first macro of the table with a value on the line, and stores the value in the record.
+/// Returns 0, also if there is none. For a layer name that is too long, reports the limit
 /// IO_DEMNGL_NAME and returns -1.
 int store_macro(const named_line& named, std::span<const macro_row> macros,
                 std::span<std::byte> record);

@@ -7,7 +7,7 @@ namespace morvane {
 
 namespace {
 
-/// A port before its macros are read. Without a data format its four bytes say "not given".
+/// A port before its macros are read. These values of the data format mean "not given".
 constexpr port_desc empty_port() {
   port_desc port{};
   port.sign = 0xFF;

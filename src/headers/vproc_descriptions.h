@@ -1,4 +1,4 @@
-// The vproc records that headers describe: how many there are of each, and the SMB blocks.
+// Counts the vproc records that headers describe, and reads the SMB blocks.
 #pragma once
 
 #include <string>
@@ -10,14 +10,14 @@
 
 namespace morvane {
 
-/// Appends one vproc_desc for every header of the folder, in the order of the list: the number of
-/// its lines that introduce a variable or an SMB, a line that does both being a variable's. A
-/// header that cannot be read gives zeros. Returns 0.
+/// Appends one vproc_desc for every header of the folder, in the order of the list. It contains the
+/// numbers of lines that introduce variables and SMBs. A line that introduces both counts as a
+/// variable. A header that cannot be read gives zeros. Returns 0.
 int parse_vproc_description(std::vector<vproc_desc>& vprocs, const std::string& folder,
                             const std::vector<input_entry>& headers);
 
-/// Appends one smb_desc for every SMB block in the header's text. Returns 0; or, at an SMB name
-/// that is too long, reports the limit VAR_NAME, reads no further and returns -1.
+/// Appends one smb_desc for every SMB block in the header's text. Returns 0. At an SMB name that is
+/// too long, reports the limit VAR_NAME, stops reading and returns -1.
 int parse_smb_descriptions(std::vector<smb_desc>& smbs, std::string_view header);
 
 }  // namespace morvane

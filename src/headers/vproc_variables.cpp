@@ -5,7 +5,7 @@
 namespace morvane {
 
 int parse_vproc_variables(std::vector<var_desc>& variables, std::string_view header) {
-  // A variable's macros bear no DAG name, so nothing stands before its name in the marker.
+  // The macros of a variable begin with its name, so the marker does too.
   const block_format format{.keyword = variable_keyword,
                             .marker_lead = "",
                             .name_limit = var_name_limit,

@@ -1,4 +1,4 @@
-// The vproc variables that a header describes.
+// Reads the vproc variables that a header describes.
 #pragma once
 
 #include <string_view>
@@ -8,8 +8,8 @@
 
 namespace morvane {
 
-/// Appends one var_desc for every variable block in the header's text. Returns 0; or, at a variable
-/// name that is too long, reports the limit VAR_NAME, reads no further and returns -1.
+/// Appends one var_desc for every variable block in the header's text. Returns 0. At a variable
+/// name that is too long, reports the limit VAR_NAME, stops reading and returns -1.
 int parse_vproc_variables(std::vector<var_desc>& variables, std::string_view header);
 
 }  // namespace morvane

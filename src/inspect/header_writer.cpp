@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "format/file_naming.h"
 #include "io/message.h"
 
 namespace morvane {
@@ -35,22 +34,22 @@ void append_macro_lines(std::string& lines, std::string_view prefix,
   }
 }
 
-/// Appends the lines of every item to the header, piece by piece: a package may claim any number of
-/// items, so the lines of all of them together are never held.
+/// Appends the lines of every item to the header of a DAG, piece by piece: a package may claim any
+/// number of items, so the lines of all of them together are never held.
 template <class Item, class AppendLines>
-void append_blocks(const parsed_file& header, const claimed_list<Item>& items,
+void append_blocks(parse_folder& folder, std::string_view dag_name, const claimed_list<Item>& items,
                    const AppendLines& append_lines) {
   std::string lines;
   for (std::size_t i = 0; i < items.count; ++i) {
     append_lines(lines, items[i]);
     if (lines.size() >= chunk_size) {
-      if (append_lines_to_file(lines, header) != 0) {
+      if (append_to_header(folder, dag_name, lines) != 0) {
         return;
       }
       lines.clear();
     }
   }
-  append_lines_to_file(lines, header);
+  append_to_header(folder, dag_name, lines);
 }
 
 std::string joined_name(std::string_view dag_name, std::string_view name) {
@@ -59,18 +58,13 @@ std::string joined_name(std::string_view dag_name, std::string_view name) {
 
 }  // namespace
 
-claimed_list<parsed_file> make_header_paths(std::string_view folder,
-                                            const claimed_list<dvi_desc>& dvis) {
-  const auto header_of = [&](const dvi_desc& dvi) {
-    return file_in_folder(folder, marked_header_name(text_of(dvi.dag_name)));
-  };
-  claimed_list<parsed_file> headers{.count = dvis.count, .beyond = header_of(dvis.beyond)};
-  std::ranges::transform(dvis.present, std::back_inserter(headers.present), header_of);
-  std::ranges::for_each(headers.present, remove_parsed_file);
-  if (headers.present.size() < headers.count) {
-    remove_parsed_file(headers.beyond);
+void remove_headers(const parse_folder& folder, const claimed_list<dvi_desc>& dvis) {
+  for (const dvi_desc& dvi : dvis.present) {
+    remove_header(folder, text_of(dvi.dag_name));
   }
-  return headers;
+  if (dvis.present.size() < dvis.count) {
+    remove_header(folder, text_of(dvis.beyond.dag_name));
+  }
 }
 
 void append_define_line(std::string& lines, std::string_view prefix, std::string_view suffix,
@@ -79,30 +73,20 @@ void append_define_line(std::string& lines, std::string_view prefix, std::string
   append_pieces(lines, "#define\t", prefix, suffix, "\t", quote, value, quote, "\n");
 }
 
-int append_lines_to_file(std::string_view lines, const parsed_file& header) {
-  const file_handle file = append_to_parsed_file(header);
-  if (!file.is_open()) {
-    return -1;
-  }
-  write_bytes(file, std::as_bytes(std::span(lines)));
-  return 0;
-}
-
-void write_dag_blocks(const claimed_list<parsed_file>& headers,
-                      const claimed_list<dvi_desc>& dvis) {
+void write_dag_blocks(parse_folder& folder, const claimed_list<dvi_desc>& dvis) {
   for (std::size_t i = 0; i < dvis.count; ++i) {
     const std::string_view dag_name = text_of(dvis[i].dag_name);
     std::string lines;
     append_define_line(lines, dag_name, dag_name_macro, dag_name, true);
     append_macro_lines(lines, dag_name, dag_lines, dvis[i]);
-    append_lines_to_file(lines, headers[i]);
+    append_to_header(folder, dag_name, lines);
   }
 }
 
-void write_port_blocks(const parsed_file& header, const dvi_desc& dvi,
+void write_port_blocks(parse_folder& folder, const dvi_desc& dvi,
                        const claimed_list<port_desc>& ports, const port_class& ports_class) {
   const std::string_view dag_name = text_of(dvi.dag_name);
-  append_blocks(header, ports, [&](std::string& lines, const port_desc& port) {
+  append_blocks(folder, dag_name, ports, [&](std::string& lines, const port_desc& port) {
     const std::string_view port_name = text_of(port.port_name);
     const std::string prefix = joined_name(dag_name, port_name);
     append_pieces(lines, "\n/* ", dag_name, " ", ports_class.keyword, " ", port_name, " */\n");
@@ -110,18 +94,20 @@ void write_port_blocks(const parsed_file& header, const dvi_desc& dvi,
   });
 }
 
-void write_variable_blocks(const parsed_file& header, const claimed_list<var_desc>& variables) {
-  append_blocks(header, variables, [](std::string& lines, const var_desc& variable) {
-    const std::string_view name = text_of(variable.var);
-    append_pieces(lines, "\n/* ", variable_keyword, name, " */\n");
-    append_macro_lines(lines, name, variable_lines, variable);
-  });
+void write_variable_blocks(parse_folder& folder, const dvi_desc& dvi,
+                           const claimed_list<var_desc>& variables) {
+  append_blocks(folder, text_of(dvi.dag_name), variables,
+                [](std::string& lines, const var_desc& variable) {
+                  const std::string_view name = text_of(variable.var);
+                  append_pieces(lines, "\n/* ", variable_keyword, name, " */\n");
+                  append_macro_lines(lines, name, variable_lines, variable);
+                });
 }
 
-void write_smb_blocks(const parsed_file& header, const dvi_desc& dvi,
+void write_smb_blocks(parse_folder& folder, const dvi_desc& dvi,
                       const claimed_list<smb_desc>& smbs) {
   const std::string_view dag_name = text_of(dvi.dag_name);
-  append_blocks(header, smbs, [&](std::string& lines, const smb_desc& smb) {
+  append_blocks(folder, dag_name, smbs, [&](std::string& lines, const smb_desc& smb) {
     const std::string_view smb_name = text_of(smb.smb_name);
     append_pieces(lines, "\n/* ", dag_name, " ", smb_keyword, " ", smb_name, " */\n");
     append_macro_lines(lines, joined_name(dag_name, smb_name), smb_lines, smb);

@@ -13,26 +13,23 @@
 
 namespace morvane {
 
-/// The header of every DVI: PARSE FOLDER/_dag_name.h. Deletes the files that stand there.
-claimed_list<parsed_file> make_header_paths(std::string_view folder,
-                                            const claimed_list<dvi_desc>& dvis);
+/// Deletes what stands in the place of every DVI's header.
+void remove_headers(const parse_folder& folder, const claimed_list<dvi_desc>& dvis);
 
 /// Appends the line "#define PREFIX+SUFFIX VALUE" to the lines, with a tab between its words and,
 /// when quoted is set, the value between double quotes.
 void append_define_line(std::string& lines, std::string_view prefix, std::string_view suffix,
                         std::string_view value, bool quoted);
 
-/// Appends the lines to a header. Returns 0; or -1, with the message "can't open file ...", when it
-/// cannot be opened.
-int append_lines_to_file(std::string_view lines, const parsed_file& header);
-
-/// The block writers append one block per record to a header. Without records they still open it,
-/// and so report each that cannot be opened.
-void write_dag_blocks(const claimed_list<parsed_file>& headers, const claimed_list<dvi_desc>& dvis);
-void write_port_blocks(const parsed_file& header, const dvi_desc& dvi,
+/// The block writers append one block per record to the header of its DVI. Without records they
+/// still open it, and so report each that cannot be opened. The DVIs must live as long as the
+/// folder.
+void write_dag_blocks(parse_folder& folder, const claimed_list<dvi_desc>& dvis);
+void write_port_blocks(parse_folder& folder, const dvi_desc& dvi,
                        const claimed_list<port_desc>& ports, const port_class& ports_class);
-void write_variable_blocks(const parsed_file& header, const claimed_list<var_desc>& variables);
-void write_smb_blocks(const parsed_file& header, const dvi_desc& dvi,
+void write_variable_blocks(parse_folder& folder, const dvi_desc& dvi,
+                           const claimed_list<var_desc>& variables);
+void write_smb_blocks(parse_folder& folder, const dvi_desc& dvi,
                       const claimed_list<smb_desc>& smbs);
 
 }  // namespace morvane

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 
-#include "format/file_naming.h"
 #include "inspect/header_writer.h"
 #include "inspect/package_reader.h"
 #include "inspect/parse_folder.h"
@@ -16,9 +15,8 @@ namespace {
 /// An inspection under way: the package, where its parts go, and the DVI table.
 struct inspection {
   package_reader package;
-  std::string folder;
+  parse_folder folder;
   claimed_list<dvi_desc> dvis{};
-  claimed_list<parsed_file> headers{};
   bool images_saved = true;
 };
 
@@ -33,45 +31,43 @@ bool read_pkg_header(package_reader& package, pkg_header& header) {
 
 void inspect_dvi_table(inspection& run, std::uint32_t dvi_num) {
   run.dvis = read_records<dvi_desc>(run.package, dvi_num);
-  run.headers = make_header_paths(run.folder, run.dvis);
+  remove_headers(run.folder, run.dvis);
   print_line();
   for (std::size_t i = 0; i < run.dvis.count; ++i) {
     print_dvi_description(run.dvis[i]);
   }
-  write_dag_blocks(run.headers, run.dvis);
+  write_dag_blocks(run.folder, run.dvis);
   print_line();
 }
 
 void extract_image(inspection& run, const dvi_desc& dvi) {
   const std::size_t size = checked_count(run.package, dvi.dvi_img_size, 1);
-  const file_handle image =
-      create_parsed_file(file_in_folder(run.folder, image_name(text_of(dvi.dag_name))));
+  const file_handle image = create_image(run.folder, text_of(dvi.dag_name));
   run.images_saved = run.images_saved && image.is_open();
   extract_bytes(run.package, image, size);
 }
 
-void inspect_dvi_block(inspection& run, const dvi_desc& dvi, const parsed_file& header) {
+void inspect_dvi_block(inspection& run, const dvi_desc& dvi) {
   const auto inputs = read_records<port_desc>(run.package, dvi.input_num);
   const auto outputs = read_records<port_desc>(run.package, dvi.output_num);
   print_dvi_heading(dvi);
   print_port_descriptions(inputs, input_ports);
   print_port_descriptions(outputs, output_ports);
-  write_port_blocks(header, dvi, inputs, input_ports);
-  write_port_blocks(header, dvi, outputs, output_ports);
+  write_port_blocks(run.folder, dvi, inputs, input_ports);
+  write_port_blocks(run.folder, dvi, outputs, output_ports);
   print_line();
   extract_image(run, dvi);
 }
 
-void inspect_vproc_block(inspection& run, const vproc_desc& vproc, const dvi_desc& dvi,
-                         const parsed_file& header) {
+void inspect_vproc_block(inspection& run, const vproc_desc& vproc, const dvi_desc& dvi) {
   const auto variables = read_records<var_desc>(run.package, vproc.variable_num);
   const auto smbs = read_records<smb_desc>(run.package, vproc.smb_num);
   print_vproc_heading(dvi, vproc);
   print_variables(variables);
-  write_variable_blocks(header, variables);
+  write_variable_blocks(run.folder, dvi, variables);
   print_line();
   print_smbs(smbs);
-  write_smb_blocks(header, dvi, smbs);
+  write_smb_blocks(run.folder, dvi, smbs);
   print_line();
 }
 
@@ -84,7 +80,7 @@ void inspect_vproc_section(inspection& run) {
   const auto vprocs =
       read_records<vproc_desc>(run.package, static_cast<std::uint32_t>(run.dvis.count));
   for (std::size_t i = 0; i < vprocs.count; ++i) {
-    inspect_vproc_block(run, vprocs[i], run.dvis[i], run.headers[i]);
+    inspect_vproc_block(run, vprocs[i], run.dvis[i]);
   }
 }
 
@@ -95,13 +91,14 @@ int inspect_package(const std::string& path, const std::string& parsedir, bool v
   if (!package.file.is_open()) {
     return report_open_failure(path);
   }
-  inspection run{.package = std::move(package), .folder = make_parse_folder(parsedir)};
+  parse_folder folder = make_parse_folder(parsedir, package.identity);
+  inspection run{.package = std::move(package), .folder = std::move(folder)};
   pkg_header header{};
   const bool header_read = read_pkg_header(run.package, header);
   print_pkg_header(header);
   inspect_dvi_table(run, header.dvi_num);
   for (std::size_t i = 0; i < run.dvis.count; ++i) {
-    inspect_dvi_block(run, run.dvis[i], run.headers[i]);
+    inspect_dvi_block(run, run.dvis[i]);
   }
   if (vproc) {
     inspect_vproc_section(run);
@@ -111,7 +108,7 @@ int inspect_package(const std::string& path, const std::string& parsedir, bool v
   }
   print_line(run.images_saved ? ".dvi files are parsed to folder "
                               : "error: fail to save parsed .dvi files to folder ",
-             run.folder);
+             run.folder.path);
   print_line();
   return 0;
 }

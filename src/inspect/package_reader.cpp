@@ -34,7 +34,7 @@ std::span<const std::byte> take_bytes(package_reader& package, std::size_t count
 
 package_reader open_package(const std::string& path) {
   readable_file file = open_to_read(path);
-  return {.file = std::move(file.handle), .size = file.size};
+  return {.file = std::move(file.handle), .identity = file.identity, .size = file.size};
 }
 
 std::size_t read_package(package_reader& package, std::span<std::byte> bytes) {

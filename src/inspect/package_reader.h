@@ -18,6 +18,7 @@ namespace morvane {
 /// A package that is being read.
 struct package_reader {
   file_handle file;
+  file_identity identity{};
   std::int64_t size = -1;  // bytes of a regular file, -1 for anything else
   std::vector<std::byte> buffer = std::vector<std::byte>(chunk_size);
   std::size_t begin = 0;  // the bytes of the buffer that are still to be read

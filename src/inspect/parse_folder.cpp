@@ -2,8 +2,9 @@
 
 #include <sys/stat.h>
 
-#include <cstdio>
+#include <span>
 
+#include "format/file_naming.h"
 #include "io/message.h"
 
 namespace morvane {
@@ -13,38 +14,65 @@ namespace {
 constexpr std::string_view folder_name = "parse";
 constexpr mode_t folder_mode = 0777;  // less what the umask takes
 
-file_handle open_parsed_file(const parsed_file& file, file_handle (*open)(const std::string&)) {
-  file_handle handle = file.in_folder ? open(file.path) : file_handle();
-  if (!handle.is_open()) {
-    report_open_failure(file.path);
-  }
-  return handle;
+bool is_in_folder(std::string_view name) {
+  return name.find('/') == std::string_view::npos;
+}
+
+int report_name(const parse_folder& folder, std::string_view name) {
+  return report_open_failure(join_path(folder.path, name));
+}
+
+file_handle create_in_folder(const parse_folder& folder, const std::string& name) {
+  return is_in_folder(name) ? create_file(folder.handle, name, folder.package) : file_handle();
+}
+
+/// What the system knows of a header that was just created; nothing when there is none.
+created_file as_created(const file_handle& file) {
+  const auto status = status_of(file);
+  return status ? created_file{.identity = identity_in(*status)} : created_file{};
 }
 
 }  // namespace
 
-parsed_file file_in_folder(std::string_view folder, std::string_view name) {
-  return {.path = join_path(folder, name), .in_folder = name.find('/') == std::string_view::npos};
-}
-
-std::string make_parse_folder(const std::string& parsedir) {
-  std::string folder = join_path(parsedir, folder_name);
-  ::mkdir(folder.c_str(), folder_mode);
+parse_folder make_parse_folder(std::string_view parsedir, const file_identity& package) {
+  parse_folder folder{.path = join_path(parsedir, folder_name), .package = package};
+  ::mkdir(folder.path.c_str(), folder_mode);
+  folder.handle = open_folder(folder.path);
   return folder;
 }
 
-file_handle create_parsed_file(const parsed_file& file) {
-  return open_parsed_file(file, open_to_write_in_place);
-}
-
-file_handle append_to_parsed_file(const parsed_file& file) {
-  return open_parsed_file(file, open_to_append_in_place);
-}
-
-void remove_parsed_file(const parsed_file& file) {
-  if (file.in_folder) {
-    static_cast<void>(std::remove(file.path.c_str()));
+file_handle create_image(const parse_folder& folder, std::string_view dag_name) {
+  const std::string name = image_name(dag_name);
+  file_handle image = create_in_folder(folder, name);
+  if (!image.is_open()) {
+    report_name(folder, name);
   }
+  return image;
+}
+
+void remove_header(const parse_folder& folder, std::string_view dag_name) {
+  const std::string name = marked_header_name(dag_name);
+  if (is_in_folder(name)) {
+    remove_file(folder.handle, name, folder.package);
+  }
+}
+
+int append_to_header(parse_folder& folder, std::string_view dag_name, std::string_view lines) {
+  const std::string name = marked_header_name(dag_name);
+  const auto [header, is_first] = folder.headers.try_emplace(dag_name);
+  const file_handle file =
+      is_first ? create_in_folder(folder, name) : reopen_file(folder.handle, name, header->second);
+  if (!file.is_open()) {
+    if (is_first) {
+      folder.headers.erase(header);
+    }
+    return report_name(folder, name);
+  }
+  if (is_first) {
+    header->second = as_created(file);
+  }
+  header->second.size += write_bytes(file, std::as_bytes(std::span(lines)));
+  return 0;
 }
 
 }  // namespace morvane

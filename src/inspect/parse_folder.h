@@ -3,33 +3,34 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
-#include "io/file.h"
+#include "io/output_file.h"
 
 namespace morvane {
 
-/// A file of the parse folder. Whatever a package says, an inspection touches nothing outside: a
-/// name that holds a "/" is not in the folder and cannot be created, and a symbolic link that
-/// stands in the file's place is not followed.
-struct parsed_file {
-  std::string path;
-  bool in_folder = false;
+/// Whatever a package says, an inspection touches nothing outside this folder: a name that holds a
+/// "/" cannot be opened, and what stands in the place of a file is removed, never written into.
+struct parse_folder {
+  std::string path;         // PARSEDIR/parse, for messages
+  file_handle handle{};     // closed when the folder cannot be opened, and then no file can
+  file_identity package{};  // the package under inspection, which no file replaces
+  std::unordered_map<std::string_view, created_file> headers{};  // made so far, by DAG name
 };
 
-/// The file of a name in the parse folder.
-parsed_file file_in_folder(std::string_view folder, std::string_view name);
+/// Makes PARSEDIR/parse, and nothing above it, for the inspection of a package.
+parse_folder make_parse_folder(std::string_view parsedir, const file_identity& package);
 
-/// Creates PARSEDIR/parse, and nothing above it. Returns its path, also when it cannot be created.
-std::string make_parse_folder(const std::string& parsedir);
+/// Creates the image of a DAG. When it cannot be opened prints "can't open file " and the path, and
+/// the result is closed.
+file_handle create_image(const parse_folder& folder, std::string_view dag_name);
 
-/// Creates or empties a file of the parse folder. When it cannot be opened prints "can't open file
-/// " and the path, and the result is closed; so below.
-file_handle create_parsed_file(const parsed_file& file);
+/// Deletes what stands in the place of a DAG's header.
+void remove_header(const parse_folder& folder, std::string_view dag_name);
 
-/// Opens a file of the parse folder to write at its end.
-file_handle append_to_parsed_file(const parsed_file& file);
-
-/// Deletes a file of the parse folder if it is there.
-void remove_parsed_file(const parsed_file& file);
+/// Appends lines to the header of a DAG; the first call for a name creates it. The name must live
+/// as long as the folder. Returns 0; or -1, with the message "can't open file " and the path, when
+/// the header cannot be opened or is not the file that an earlier call left.
+int append_to_header(parse_folder& folder, std::string_view dag_name, std::string_view lines);
 
 }  // namespace morvane

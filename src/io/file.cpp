@@ -1,7 +1,7 @@
 #include "io/file.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -22,11 +22,10 @@ auto uninterrupted(Call call) {
   return result;
 }
 
-file_handle open_file(const std::string& path, int flags) {
-  return file_handle(uninterrupted([&] {
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system's interface
-    return ::open(path.c_str(), flags | O_CLOEXEC, created_mode);
-  }));
+/// Waits until a stream in non-blocking mode takes bytes again. Returns whether it may.
+bool wait_for_room(int descriptor) {
+  pollfd stream{.fd = descriptor, .events = POLLOUT, .revents = 0};
+  return uninterrupted([&] { return ::poll(&stream, 1, -1); }) > 0;
 }
 
 }  // namespace
@@ -37,14 +36,50 @@ file_handle::~file_handle() {
   }
 }
 
-readable_file open_to_read(const std::string& path) {
-  readable_file file{.handle = open_file(path, O_RDONLY | O_NONBLOCK)};
+file_identity identity_in(const struct stat& status) {
+  return {.device = status.st_dev, .inode = status.st_ino};
+}
+
+std::optional<struct stat> status_of(const file_handle& file) {
   struct stat status {};
-  if (!file.handle.is_open() || ::fstat(file.handle.descriptor(), &status) != 0) {
-    return file;
+  if (!file.is_open() || ::fstat(file.descriptor(), &status) != 0) {
+    return std::nullopt;
   }
-  if (S_ISREG(status.st_mode)) {
-    file.size = status.st_size;
+  return status;
+}
+
+std::optional<file_identity> identity_at(const std::string& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0) {
+    return std::nullopt;
+  }
+  return identity_in(status);
+}
+
+file_handle open_at(int folder, const std::string& path, int flags) {
+  const auto open = [&](int chosen_flags) {
+    return uninterrupted([&] {
+      // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system's interface
+      return ::openat(folder, path.c_str(), chosen_flags | O_CLOEXEC, created_mode);
+    });
+  };
+  int descriptor = open(flags);
+  // Only a lease refuses so: the open that waits makes its holder give it up.
+  if (descriptor < 0 && errno == EWOULDBLOCK && (flags & O_NONBLOCK) != 0) {
+    descriptor = open(flags & ~O_NONBLOCK);
+  }
+  return file_handle(descriptor);
+}
+
+readable_file open_to_read(const std::string& path) {
+  readable_file file{.handle = open_at(AT_FDCWD, path, O_RDONLY | O_NONBLOCK)};
+  const std::optional<struct stat> status = status_of(file.handle);
+  if (!status) {
+    return {.handle = file_handle()};
+  }
+  file.identity = identity_in(*status);
+  if (S_ISREG(status->st_mode)) {
+    file.size = status->st_size;
   } else {
     // Only the opening must not wait. NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): as above
     ::fcntl(file.handle.descriptor(), F_SETFL, O_RDONLY);
@@ -52,16 +87,25 @@ readable_file open_to_read(const std::string& path) {
   return file;
 }
 
-file_handle open_to_write(const std::string& path) {
-  return open_file(path, O_WRONLY | O_CREAT | O_TRUNC);
+writable_file open_to_write(const std::string& path) {
+  writable_file file{.handle = open_at(AT_FDCWD, path, O_WRONLY | O_CREAT | O_EXCL)};
+  file.is_new = file.handle.is_open();
+  if (file.is_new || errno != EEXIST) {
+    return file;
+  }
+  file.handle = open_at(AT_FDCWD, path, O_WRONLY | O_CREAT);
+  const std::optional<struct stat> status = status_of(file.handle);
+  if (!status) {
+    return {.handle = file_handle()};
+  }
+  file.identity = identity_in(*status);
+  return file;
 }
 
-file_handle open_to_write_in_place(const std::string& path) {
-  return open_file(path, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW);
-}
-
-file_handle open_to_append_in_place(const std::string& path) {
-  return open_file(path, O_WRONLY | O_CREAT | O_APPEND | O_NOFOLLOW);
+bool empty_file(const file_handle& file) {
+  // EINVAL: a device or a pipe.
+  return file.is_open() &&
+         (uninterrupted([&] { return ::ftruncate(file.descriptor(), 0); }) == 0 || errno == EINVAL);
 }
 
 std::size_t read_bytes(const file_handle& file, std::span<std::byte> bytes) {
@@ -77,15 +121,23 @@ std::size_t read_bytes(const file_handle& file, std::span<std::byte> bytes) {
   return filled;
 }
 
-void write_bytes(const file_handle& file, std::span<const std::byte> bytes) {
-  while (!bytes.empty()) {
+std::size_t write_bytes(int descriptor, std::span<const std::byte> bytes) {
+  std::size_t written = 0;
+  while (written < bytes.size()) {
+    const auto rest = bytes.subspan(written);
     const ssize_t put =
-        uninterrupted([&] { return ::write(file.descriptor(), bytes.data(), bytes.size()); });
-    if (put <= 0) {
+        uninterrupted([&] { return ::write(descriptor, rest.data(), rest.size()); });
+    if (put > 0) {
+      written += static_cast<std::size_t>(put);
+    } else if (put == 0 || errno != EAGAIN || !wait_for_room(descriptor)) {
       break;
     }
-    bytes = bytes.subspan(static_cast<std::size_t>(put));
   }
+  return written;
+}
+
+std::size_t write_bytes(const file_handle& file, std::span<const std::byte> bytes) {
+  return write_bytes(file.descriptor(), bytes);
 }
 
 std::string read_file(const std::string& path) {

@@ -1,10 +1,14 @@
 // Files of the operating system: open, read, write, close. Nothing here prints.
 #pragma once
 
+#include <sys/stat.h>
+
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace morvane {
@@ -32,32 +36,60 @@ class file_handle {
 /// How many bytes are moved at a time, from a file or to it.
 inline constexpr std::size_t chunk_size = std::size_t{256} * 1024;
 
-/// A file to read, and its size.
+/// What makes a file the same file under all its names.
+struct file_identity {
+  dev_t device = 0;
+  ino_t inode = 0;
+  bool operator==(const file_identity&) const = default;
+};
+
+file_identity identity_in(const struct stat& status);
+
+/// What the system knows of an open file; nothing when it is not open.
+std::optional<struct stat> status_of(const file_handle& file);
+
+/// The identity of what stands at a path, symbolic links followed; nothing when it is missing.
+std::optional<file_identity> identity_at(const std::string& path);
+
+/// Opens a path as the system does, closed on exec. A relative path starts at the folder, an open
+/// descriptor or AT_FDCWD. Waits for a file that another program holds a lease on. The handle is
+/// closed when the file cannot be opened, and errno tells why.
+file_handle open_at(int folder, const std::string& path, int flags);
+
+/// A file to read, what it is, and its size.
 struct readable_file {
   file_handle handle;
+  file_identity identity{};
   std::int64_t size = -1;  // bytes of a regular file, -1 for anything else
 };
 
 /// Opens a file to read. A named pipe that nobody writes to reads as empty instead of waiting for a
-/// writer. The handle is closed when the file cannot be opened; so below.
+/// writer. The handle is closed when the file cannot be opened.
 readable_file open_to_read(const std::string& path);
 
-/// Creates or empties a file to write.
-file_handle open_to_write(const std::string& path);
+/// A file to write, and whether it was created for that.
+struct writable_file {
+  file_handle handle;
+  file_identity identity{};  // of a file that existed already
+  bool is_new = false;
+};
 
-/// The same, but fails at a symbolic link in the file's place: nothing is written elsewhere; so
-/// below.
-file_handle open_to_write_in_place(const std::string& path);
+/// Creates a file to write, or opens the existing one without changing its content. The handle is
+/// closed when the file cannot be opened.
+writable_file open_to_write(const std::string& path);
 
-/// Opens a file to write at its end, and creates it when it is missing.
-file_handle open_to_append_in_place(const std::string& path);
+/// Removes the content of an open file; a device or a pipe has none to remove. Returns whether the
+/// file is empty now.
+bool empty_file(const file_handle& file);
 
 /// Reads until the bytes are filled or the file ends; an unreadable file ends at once. Returns the
 /// number of bytes read.
 std::size_t read_bytes(const file_handle& file, std::span<std::byte> bytes);
 
-/// Writes all bytes. What the system refuses is lost without a word: nobody checks for a full disk.
-void write_bytes(const file_handle& file, std::span<const std::byte> bytes);
+/// Writes all bytes, also to a stream that takes no more for now. Returns how many were written:
+/// what the system refuses is lost, and so is the rest.
+std::size_t write_bytes(int descriptor, std::span<const std::byte> bytes);
+std::size_t write_bytes(const file_handle& file, std::span<const std::byte> bytes);
 
 /// The whole content of a file. One that cannot be opened, or a folder, reads as empty.
 std::string read_file(const std::string& path);

@@ -1,14 +1,16 @@
 #include "io/message.h"
 
-#include <cstdio>
+#include <unistd.h>
+
+#include <span>
+
+#include "io/file.h"
 
 namespace morvane {
 
 void print_text(std::string_view text) {
-  // Nobody is left to tell when standard output fails.
-  // cppcheck-suppress invalidLifetime; the text outlives the call
-  static_cast<void>(std::fwrite(text.data(), 1, text.size(), stdout));
-  static_cast<void>(std::fflush(stdout));
+  // Errors on standard output cannot be reported.
+  write_bytes(STDOUT_FILENO, std::as_bytes(std::span(text)));
 }
 
 int report_open_failure(std::string_view path) {

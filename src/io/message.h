@@ -36,10 +36,10 @@ void append_pieces(std::string& text, const Pieces&... pieces) {
   (append_piece(text, pieces), ...);
 }
 
-/// Writes a text to standard output and flushes it.
+/// Writes a text to standard output at once, without a buffer between.
 void print_text(std::string_view text);
 
-/// Prints the pieces, texts and numbers, as one line and flushes it.
+/// Prints the pieces, texts and numbers, as one line.
 template <class... Pieces>
 void print_line(const Pieces&... pieces) {
   std::string line;

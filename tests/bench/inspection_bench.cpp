@@ -80,10 +80,11 @@ BENCHMARK(print_ports)->Name("print_port_descriptions/100 lines");
 template <class Write>
 void write_blocks(benchmark::State& state, const Write& write) {
   const test::scratch_folder folder;
-  const parsed_file header = file_in_folder(folder.path(), "_net_split_0.h");
+  parse_folder output{.path = folder.path(), .handle = open_folder(folder.path())};
   for (auto _ : state) {
-    remove_parsed_file(header);
-    write(header);
+    remove_header(output, "net_split_0");
+    output.headers.clear();
+    write(output);
   }
   if (folder.read("_net_split_0.h").empty()) {
     state.SkipWithError("nothing is written");
@@ -92,9 +93,9 @@ void write_blocks(benchmark::State& state, const Write& write) {
 
 void write_ports(benchmark::State& state) {
   const auto ports = repeated(example_port());
-  write_blocks(state, [&](const parsed_file& header) {
-    write_port_blocks(header, example_dvi(), ports, input_ports);
-  });
+  const dvi_desc dvi = example_dvi();
+  write_blocks(state,
+               [&](parse_folder& output) { write_port_blocks(output, dvi, ports, input_ports); });
 }
 BENCHMARK(write_ports)->Name("write_port_blocks/100 ports");
 
@@ -102,7 +103,8 @@ void write_variables(benchmark::State& state) {
   var_desc variable{.var = {}, .boffset = 16, .bsize = 16};
   set_text(variable.var, "vp_agc_gain");
   const auto variables = repeated(variable);
-  write_blocks(state, [&](const parsed_file& header) { write_variable_blocks(header, variables); });
+  const dvi_desc dvi = example_dvi();
+  write_blocks(state, [&](parse_folder& output) { write_variable_blocks(output, dvi, variables); });
 }
 BENCHMARK(write_variables)->Name("write_variable_blocks/100 variables");
 
@@ -110,16 +112,14 @@ void write_smbs(benchmark::State& state) {
   smb_desc smb{.smb_name = {}, .vbase_byte_offset = 1024};
   set_text(smb.smb_name, "window");
   const auto smbs = repeated(smb);
-  write_blocks(state,
-               [&](const parsed_file& header) { write_smb_blocks(header, example_dvi(), smbs); });
+  const dvi_desc dvi = example_dvi();
+  write_blocks(state, [&](parse_folder& output) { write_smb_blocks(output, dvi, smbs); });
 }
 BENCHMARK(write_smbs)->Name("write_smb_blocks/100 SMBs");
 
 void write_dags(benchmark::State& state) {
   claimed_list<dvi_desc> dvis{.count = 1, .present = {example_dvi()}};
-  write_blocks(state, [&](const parsed_file& header) {
-    write_dag_blocks({.count = 1, .present = {header}}, dvis);
-  });
+  write_blocks(state, [&](parse_folder& output) { write_dag_blocks(output, dvis); });
 }
 BENCHMARK(write_dags)->Name("write_dag_blocks/1 DAG");
 

@@ -1,5 +1,4 @@
-/* Prints a package with one DVI as a hex dump, a line per field, as the format's document shows it.
- */
+/* Prints a package with one DVI as the hex dump in the document of the format, a line per field. */
 #include <morvane/package_format.h>
 #include <stdio.h>
 #include <stdlib.h>

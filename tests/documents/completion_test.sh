@@ -2,33 +2,36 @@
 # are typed, and a key that writes down what then stands on the line.
 source "$SOURCE/tests/documents/test_folder.sh"
 
+script -qec true /dev/null >/dev/null 2>&1 </dev/null || skip "no pseudo-terminal can be made here"
+
 shell=$1
 home=$scratch/home
+export SOURCE scratch home
 mkdir "$home" files files/alpha_folder
 touch files/alpha_file files/beta_file "files/gamma file"
 
 case $shell in
   bash)
-    start=(bash --noprofile --rcfile "$home/start" -i)
-    cat >"$home/start" <<END
+    start='bash --noprofile --rcfile "$home/start" -i'
+    cat >"$home/start" <<'END'
       PS1='ready '
       bind 'set bell-style none'
-      note_line() { printf '%s\n' "\$READLINE_LINE" >>$scratch/found; READLINE_LINE=; }
+      note_line() { printf '%s\n' "$READLINE_LINE" >>"$scratch/found"; READLINE_LINE=; }
       bind -x '"\C-xn": note_line'
-      source $SOURCE/completions/morvane_gen.bash
+      source "$SOURCE/completions/morvane_gen.bash"
 END
     ;;
   zsh)
-    start=(zsh -d -i)
-    cat >"$home/.zshrc" <<END
+    start='zsh -d -i'
+    cat >"$home/.zshrc" <<'END'
       PS1='ready '
       setopt no_beep
       unsetopt auto_list auto_menu zle_bracketed_paste
-      note_line() { print -r -- "\$BUFFER" >>$scratch/found; BUFFER=; }
+      note_line() { print -r -- "$BUFFER" >>"$scratch/found"; BUFFER=; }
       zle -N note_line
       bindkey -e
       bindkey '^Xn' note_line
-      fpath=($SOURCE/completions \$fpath)
+      fpath=("$SOURCE/completions" $fpath)
       autoload -Uz compinit
       compinit -u -D
 END
@@ -59,7 +62,16 @@ completes '-p alp' '-p alpha_folder/'
 completes '--parsedir alp' '--parsedir alpha_folder/'
 completes '--parsedir=alp' '--parsedir=alpha_folder/'
 completes '-vcd alp' '-vcd alpha_folder/'
+completes '-dalp' '-dalpha_folder/'
+completes '-dbet' '-dbet'
+completes '-palp' '-palpha_folder/'
+completes '-vcdalp' '-vcdalpha_folder/'
+completes '-fbet' '-fbeta_file '
+completes '-falp' '-falpha_f'
+completes '-fgam' '-fgamma\ file '
+completes '-fgamma\ f' '-fgamma\ file '
 completes '-v -f bet' '-v -f beta_file '
+completes '-d=alp' '-d=alp'
 completes '-d alpha_folder -f bet' '-d alpha_folder -f beta_file '
 completes '-f beta_file --ver' '-f beta_file --ver'
 completes 'bet' 'bet'
@@ -82,5 +94,5 @@ printf 'exit\n' >>typed
   done
   cat typed
 ) | (cd files && HOME=$home ZDOTDIR=$home TERM=dumb timeout 120 \
-  script -qefc "${start[*]}" "$scratch/terminal" >/dev/null)
+  script -qefc "$start" "$scratch/terminal" >/dev/null)
 same "lines completed by $shell" expected found

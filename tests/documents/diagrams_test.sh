@@ -1,5 +1,5 @@
-# Each diagram is what graphviz makes of its source: to the byte with the version and the font that it was
-# drawn with, otherwise in the names of its nodes and edges and in its texts.
+# Graphviz makes each diagram from its source. With the version and the font that drew it the bytes must be
+# the same, otherwise the names of nodes and edges and the texts.
 source "$SOURCE/tests/documents/test_folder.sh"
 
 drawn=0

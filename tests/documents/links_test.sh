@@ -1,7 +1,10 @@
-# Every link between the documents leads to a file, and the documents of the source tree name its folders.
+# Every link between the documents leads to a file, and the documents of the source tree name its folders. The
+# argument is the folder of the documents, the source tree by default.
 source "$SOURCE/tests/documents/test_folder.sh"
 
-for document in "$SOURCE"/*.md "$SOURCE"/docs/*.md; do
+tree=${1:-$SOURCE}
+[ -e "$tree/README.md" ] || fail "there is no README.md in $tree"
+for document in "$tree"/*.md "$tree"/docs/*.md "$tree"/examples/*.md; do
   grep -o '](\(<[^>]*>\|[^)]*\))' "$document" | sed 's/^](//; s/)$//; s/#.*//' >links || true
   while read -r link; do
     case $link in

@@ -1,16 +1,17 @@
 /*
- * A loader of packages that trusts nothing in them. It prints what it finds in the words of the
- * tool's own report, and writes the images to a folder.
+ * A loader that checks everything in a package. It prints the records in the words of the tool's
+ * report, and writes the images to a folder.
  *
- *     loader PACKAGE plain|vproc [FOLDER]
+ *     loader PACKAGE [FOLDER]
  *
- * Whether the package has vproc records is for the caller to say: the package does not. Ends with
- * 1, and says why, when the package is not as it should be.
+ * Prints a reason and ends with 1 when the package is damaged.
  */
 #include <morvane/package_format.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
+
+enum { KNOWN_VERSION = 0x02010006 };
 
 static void refuse(const char* reason) {
   printf("loader: %s\n", reason);
@@ -23,7 +24,7 @@ struct rest {
   size_t length;
 };
 
-/* Takes count items off the front. All range checks are here; the product of two u32 fits in 64
+/* Takes count items off the front. All range checks are here. The product of two u32 fits in 64
  * bits. */
 static const unsigned char* take(struct rest* rest, uint32_t count, uint32_t width) {
   const unsigned char* front = rest->bytes;
@@ -36,11 +37,11 @@ static const unsigned char* take(struct rest* rest, uint32_t count, uint32_t wid
   return front;
 }
 
-/* The record at a position of a list. Nothing in a package is aligned, so it is copied out. */
+/* Copies the record at a position of a list, as nothing in a package is aligned. */
 #define RECORD(list, position, record) \
   memcpy(&record, (list) + (size_t)(position) * sizeof record, sizeof record)
 
-/* A text with its NUL: a field that is full of characters is damaged. */
+/* The text of a field. A field without a NUL is damaged. */
 static const char* text(const char* field, size_t width) {
   if (memchr(field, '\0', width) == NULL) {
     refuse("a text has no end");
@@ -143,11 +144,14 @@ static void load_vproc_block(struct rest* package, const struct morvane_dvi_desc
   printf("\n");
 }
 
-static void load_package(struct rest package, int has_vproc, const char* folder) {
+static void load_package(struct rest package, const char* folder) {
   struct morvane_pkg_header header;
   struct morvane_dvi_desc dvi;
   struct morvane_vproc_desc vproc;
   RECORD(take(&package, 1, sizeof header), 0, header);
+  if (header.version != KNOWN_VERSION) {
+    refuse("the version is unknown");
+  }
   printf("version %u.%u.%u ( HASH %07x ) dvi_num: %u\n\n", header.version >> 24,
          header.version >> 16 & 0xFF, header.version & 0xFFFF, header.HASH, header.dvi_num);
   const unsigned char* dvis = take(&package, header.dvi_num, sizeof dvi);
@@ -164,8 +168,10 @@ static void load_package(struct rest package, int has_vproc, const char* folder)
     RECORD(dvis, i, dvi);
     load_dvi_block(&package, &dvi, folder);
   }
-  const unsigned char* vprocs = take(&package, has_vproc ? header.dvi_num : 0, sizeof vproc);
-  for (uint32_t i = 0; has_vproc && i < header.dvi_num; ++i) {
+  /* Bytes after the DVI blocks are the vproc section. */
+  const uint32_t vproc_num = package.length != 0 ? header.dvi_num : 0;
+  const unsigned char* vprocs = take(&package, vproc_num, sizeof vproc);
+  for (uint32_t i = 0; i < vproc_num; ++i) {
     RECORD(dvis, i, dvi);
     RECORD(vprocs, i, vproc);
     load_vproc_block(&package, &dvi, &vproc);
@@ -175,7 +181,7 @@ static void load_package(struct rest package, int has_vproc, const char* folder)
   }
 }
 
-/* Reads a whole file into memory, which stays until the end of the program. */
+/* Reads a whole file into memory, which is kept until the end of the program. */
 static struct rest read_file(const char* path) {
   static unsigned char* bytes;
   struct rest content = {NULL, 0};
@@ -198,9 +204,9 @@ static struct rest read_file(const char* path) {
 }
 
 int main(int argc, char** argv) {
-  if (argc < 3 || argc > 4) {
-    refuse("usage: loader PACKAGE plain|vproc [FOLDER]");
+  if (argc < 2 || argc > 3) {
+    refuse("usage: loader PACKAGE [FOLDER]");
   }
-  load_package(read_file(argv[1]), strcmp(argv[2], "vproc") == 0, argc == 4 ? argv[3] : NULL);
+  load_package(read_file(argv[1]), argc == 3 ? argv[2] : NULL);
   return 0;
 }

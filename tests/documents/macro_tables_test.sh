@@ -1,5 +1,5 @@
-# The tables of macros in the document of the headers name each suffix that the tool knows, in the order in
-# which they are tried, with its field and its conversion.
+# The macro tables in the document of the headers contain every suffix of the tool with its field and its
+# conversion, in the order in which suffixes are tried.
 source "$SOURCE/tests/documents/test_folder.sh"
 
 sed -n 's/^ *{"\(_[A-Za-z_]*\)", macro_kind::\([a-z_]*\), offsetof(\([a-z_]*\), \([A-Za-z_]*\)),.*/\1 \3.\4 \2/p' \

@@ -1,4 +1,4 @@
-# The manual has no fault that mandoc sees, names every option of the usage text, and its examples run.
+# mandoc finds no fault in the manual, every option of the usage text is in it, and its examples run.
 source "$SOURCE/tests/documents/test_folder.sh"
 
 manual=$SOURCE/docs/morvane_gen.1
@@ -13,7 +13,7 @@ while read -r option; do
   grep -q -e "$option" page || fail "the manual leaves out $option"
 done <options
 
-# The commands of the examples, in one shell, in a copy of the sample folder.
+# Runs the commands of the examples in a copy of the sample folder.
 cp -r "$SOURCE/examples/wake_word" out
 sed -n '/^EXAMPLES/,/^[A-Z]/s/^ *\$ //p' page >commands
 [ "$(wc -l <commands)" -ge 3 ] || fail "too few examples"

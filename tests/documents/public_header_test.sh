@@ -10,7 +10,7 @@ as_cxx=($CXX -std=c++11 -pedantic -Wall -Wextra -Werror -fsyntax-only -x c++)
 "${as_cxx[@]}" "$header"
 "${as_cxx[@]}" -std=c++20 "$header"
 
-# wider FIELD: the header with one field twice as wide.
+# wider FIELD: writes the header with a field of twice the width to wider.h.
 wider() {
   sed "s/uint32_t $1;/uint64_t $1;/" "$header" >wider.h
   ! cmp -s "$header" wider.h || fail "no field $1"
@@ -18,6 +18,6 @@ wider() {
 
 for field in dvi_num dvi_img_size pitch variable_num boffset vbase_byte_offset; do
   wider $field
-  ! "${as_c[@]}" wider.h 2>/dev/null || fail "C takes a wider $field"
-  ! "${as_cxx[@]}" wider.h 2>/dev/null || fail "C++ takes a wider $field"
+  ! "${as_c[@]}" wider.h 2>/dev/null || fail "C accepts a wider $field"
+  ! "${as_cxx[@]}" wider.h 2>/dev/null || fail "C++ accepts a wider $field"
 done

@@ -1,5 +1,4 @@
-# The tables of records in the document of the format name the fields of the public header, at its offsets
-# and in the records' sizes.
+# The record tables in the document of the format have the fields, offsets and sizes of the public header.
 source "$SOURCE/tests/documents/test_folder.sh"
 
 header=$SOURCE/src/format/include/morvane/package_format.h

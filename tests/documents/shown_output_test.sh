@@ -1,7 +1,10 @@
-# The commands that the documents show print what the documents show. In a block ```console a line that
-# begins with "$ " is a command, and the lines up to the next command are what it prints. The commands of a
-# document run in one shell, one after the other, in a copy of the source tree.
+# The commands in the documents print what the documents show. In a block ```console a line that begins with
+# "$ " is a command. The lines up to the next command are its output. The commands of a document run in one
+# shell, one after the other, in a copy of the folder of the documents. The argument names that folder; the
+# default is the source tree.
 source "$SOURCE/tests/documents/test_folder.sh"
+
+tree=${1:-$SOURCE}
 
 # Runs the commands of a file as if they were typed, each after its prompt.
 run_commands() {
@@ -15,9 +18,9 @@ run_commands() {
   done 3<"$1"
 }
 
-[ -e "$SOURCE/README.md" ] || fail "there is no README.md"
-for document in "$SOURCE"/*.md "$SOURCE"/docs/*.md; do
-  name=${document#"$SOURCE"/}
+[ -e "$tree/README.md" ] || fail "there is no README.md"
+for document in "$tree"/*.md "$tree"/docs/*.md; do
+  name=${document#"$tree"/}
   sed -n '/^```console$/,/^```$/p' "$document" | grep -v '^```' >shown || true
   sed -n 's/^\$ //p' shown >commands
   if [ ! -s commands ]; then
@@ -26,7 +29,7 @@ for document in "$SOURCE"/*.md "$SOURCE"/docs/*.md; do
   fi
   rm -rf copy
   mkdir copy
-  tar -C "$SOURCE" --exclude='./build*' --exclude=./dist --exclude=./.git -cf - . | tar -C copy -xf -
+  tar -C "$tree" --exclude='./build*' --exclude=./dist --exclude=./.git -cf - . | tar -C copy -xf -
   (cd copy && run_commands ../commands) >printed </dev/null
   same "$name" shown printed
 done

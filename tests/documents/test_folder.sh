@@ -1,5 +1,5 @@
-# Sourced by every test: skips the test where a program is missing, and otherwise runs it in a folder of its
-# own, which is removed at the end. Given are SOURCE, the source folder, and NEEDS, names of programs.
+# Sourced by every test. Skips the test if a program is missing. Otherwise the test runs in a new folder, which
+# is removed at the end. SOURCE is the source folder, NEEDS the names of the programs.
 
 set -euo pipefail
 export LC_ALL=C
@@ -18,7 +18,8 @@ for program in $NEEDS; do
   command -v "$program" >/dev/null || skip "$program is missing"
 done
 
-scratch=$(mktemp -d)
+# A name that finds every path without quotes.
+scratch=$(mktemp -d "${TMPDIR:-/tmp}/ş folder.XXXXXX")
 trap 'rm -rf "$scratch"' EXIT
 cd "$scratch"
 

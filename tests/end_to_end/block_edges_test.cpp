@@ -1,5 +1,5 @@
-// Lines of exactly the greatest length and one more, as the first, an inner and the last line of a
-// block, for every kind of block; and the last line of a header as the end of a block.
+// Lines of the greatest length and one byte more, as the first, an inner and the last line of every
+// kind of block. Also the last line of a header as the end of a block.
 #include <gtest/gtest.h>
 
 #include "end_to_end/compiler_output.h"
@@ -12,7 +12,7 @@ namespace morvane::test {
 namespace {
 
 /// Packs one DVI with a DAG name and these lines as its header, with vproc records. Returns the
-/// package from the end of its table on.
+/// bytes of the package after its table.
 std::string packed(std::string_view lines) {
   const scratch_folder folder;
   put_dag(folder, "net", dag_lines("net") + std::string(lines));

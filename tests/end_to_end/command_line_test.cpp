@@ -1,4 +1,4 @@
-// Options, and what a run is to do: usage, version, inspection or packing.
+// Options, and which run they choose: usage, version, inspection or packing.
 #include <gtest/gtest.h>
 
 #include "end_to_end/compiler_output.h"

@@ -1,4 +1,4 @@
-// Input folders as the compiler leaves them.
+// Writes input folders as the compiler does.
 #pragma once
 
 #include <string>
@@ -12,11 +12,10 @@ namespace morvane::test {
 void put_dag(const scratch_folder& folder, std::string_view stem, std::string_view header,
              std::string_view image = "");
 
-/// The lines that name a DAG and give the size of its image, which goes without saying when it
-/// is 0.
+/// The lines that give the name of a DAG and the size of its image. A size of 0 is left out.
 std::string dag_lines(std::string_view dag_name, unsigned image_size = 0);
 
-/// A line of so many characters, without its line break: the text, and blanks after it.
+/// A line of this number of characters, without its line break: the text, and blanks after it.
 std::string padded(std::string_view text, std::size_t length);
 
 }  // namespace morvane::test

@@ -1,4 +1,4 @@
-// Packages that end early, or claim what they do not hold.
+// Packages that end early, or claim more than they hold.
 #include <gtest/gtest.h>
 
 #include "end_to_end/expectations.h"
@@ -34,7 +34,7 @@ std::string heading(const table_fields& fields) {
          " output_num: " + fields.outputs + "\n";
 }
 
-/// The line of a port of which all bytes are zero but the names.
+/// The line of a port whose bytes are zero, except its names.
 std::string zero_port_line(const std::string& id, const std::string& names) {
   return id +
          "\t port_size: 0\t port_byte_offset: 0\t bitvector: 0\t dim: (P, D, H, W) = ( 0, 0, 0, "

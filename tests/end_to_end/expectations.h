@@ -1,4 +1,4 @@
-// What the tests compare: runs, bytes and folders.
+// Comparisons of runs, bytes and folders with what a test expects.
 #pragma once
 
 #include <map>
@@ -9,19 +9,19 @@
 
 namespace morvane::test {
 
-/// File contents by the file's path in its folder.
+/// The content of files by their paths in a folder.
 using folder_content = std::map<std::string, std::string>;
 
-/// Checks a run's exit status and all that it printed on standard output.
+/// Checks the exit status and the whole standard output of a run.
 void expect_run(const run_result& run, int status, std::string_view output);
 
-/// Checks bytes, and names the first place at which they differ.
+/// Checks bytes, and reports the first difference.
 void expect_bytes(std::string_view actual, std::string_view expected);
 
-/// Checks that a folder holds these files and no others, with this content.
+/// Checks that a folder holds exactly these files with this content.
 void expect_files(const folder_content& actual, const folder_content& expected);
 
-/// The message about a text that is longer than a limit.
+/// The message for a text that is longer than a limit.
 std::string length_message(std::string_view limit, std::string_view text);
 
 /// The content of a file of this folder, such as "two_dags/stdout".

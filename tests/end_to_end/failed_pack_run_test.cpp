@@ -1,4 +1,4 @@
-// Pack runs that fail: the message, and what of the package stays on disk.
+// Pack runs that fail: the message, and the incomplete package that stays on disk.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -19,8 +19,8 @@ constexpr const char* counts_differ =
     "error: number of DVI files doesn't match that of Header files.\n";
 constexpr const char* nothing_found = "error: can't find matched .dvi files and .h files\n";
 
-// A header with one port a side, and the package up to the end of its DVI's block, if there is a
-// second DVI without ports.
+// A header with one input and one output port, and the package up to the end of its DVI's block, if
+// a second DVI without ports follows.
 const std::string first_header =
     dag_lines("first", 3) + "/* first HMB_input a */\n/* first HMB_output b */\n";
 const std::string first_dvi = dvi_record(
@@ -56,7 +56,7 @@ TEST(FailedPackRun, ThreeDvisAndTwoHeaders) {
   put_dag(folder, "net_split_0", dag_lines("first"));
   put_dag(folder, "net_split_1", dag_lines("second"));
   folder.write("in/net_split_2.dvi", "");
-  // Without a header for every DVI no header may begin with an underscore.
+  // If a header is missing, no header may begin with an underscore.
   expect_run(run_tool(pack, folder.path()), 255,
              std::string("error: can't find file net_split_0.h. please check filename format "
                          "between .dvi and .h files.\n") +

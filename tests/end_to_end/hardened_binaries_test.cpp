@@ -1,5 +1,5 @@
-// What the files of the program and the library themselves tell about their hardening. Stack clash
-// protection and the fortified calls leave no sure trace in a file.
+// The hardening that can be seen in the files of the program and the library. Stack clash
+// protection and fortified calls leave no certain trace in a file.
 #include <elf.h>
 #include <gtest/gtest.h>
 
@@ -42,7 +42,7 @@ std::vector<Elf64_Phdr> segments(const elf_file& elf, Elf64_Word type) {
   return all;
 }
 
-/// The value of a dynamic entry, 0 when it is missing.
+/// The value of a dynamic entry, 0 if it is missing.
 Elf64_Xword dynamic_value(const elf_file& elf, Elf64_Sxword tag) {
   const Elf64_Phdr dynamic = segments(elf, PT_DYNAMIC).at(0);
   for (const auto& entry : records<Elf64_Dyn>(elf, dynamic.p_offset, dynamic.p_filesz)) {
@@ -62,7 +62,7 @@ std::size_t file_offset(const elf_file& elf, Elf64_Addr address) {
   throw std::out_of_range("address");
 }
 
-/// Finds a dynamic symbol; the table of their names follows that of the symbols.
+/// Finds a dynamic symbol. The table of names follows the table of symbols.
 Elf64_Sym dynamic_symbol(const elf_file& elf, std::string_view name) {
   const std::size_t names = file_offset(elf, dynamic_value(elf, DT_STRTAB));
   const std::size_t symbols = file_offset(elf, dynamic_value(elf, DT_SYMTAB));

@@ -1,4 +1,4 @@
-// What the lines of a header make of the package's records: DAGs, variables and SMBs.
+// Which records the lines of a header give: DAGs, variables and SMBs.
 #include <gtest/gtest.h>
 
 #include "end_to_end/compiler_output.h"
@@ -21,7 +21,8 @@ std::string packed(std::string_view header, std::string_view image = "",
   return folder.read("net.bin").substr(12);
 }
 
-/// The same with vproc records: what follows the DVI's record, which has neither ports nor image.
+/// The same with vproc records. Returns the bytes after the DVI's record. The DVI has no ports and
+/// no image.
 std::string packed_vproc(std::string_view header) {
   return packed(header, "", {"-c"}).substr(156);
 }

@@ -1,5 +1,5 @@
-// Images and packages beyond 2 and 4 GiB. Their files are sparse and stand in memory, where a hole
-// is read in no time, and nothing of them is written.
+// Images and packages of more than 2 and 4 GiB. Their files are sparse and in memory, where holes
+// are read fast, and no image is written.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -29,7 +29,7 @@ class HugeFiles : public testing::Test {
 
   [[nodiscard]] const scratch_folder& folder() const { return *folder_; }
 
-  /// Gives a file a length, without writing what lies in between.
+  /// Sets the length of a file without writing it.
   void stretch(const std::string& name, std::uint64_t length) const {
     std::error_code failed;
     std::filesystem::resize_file(folder().path(name), length, failed);
@@ -67,7 +67,7 @@ std::string table_line(const std::string& id, const std::string& size, const std
 }
 
 TEST_F(HugeFiles, ADviBeyondFourGigabytesIsReadFromItsRightPlace) {
-  // The first two images cannot be created, so they are passed over.
+  // The first two images cannot be created, so they are skipped.
   folder().write(
       "net.bin",
       package_header(3) + dvi_record({.img_size = largest_image, .dag_name = "a/b"}) +

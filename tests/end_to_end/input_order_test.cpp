@@ -17,8 +17,8 @@ constexpr const char* disordered =
     "error: files in input folder are disordered.\n"
     "error: number of DVI files doesn't match that of Header files.\n";
 
-/// Writes DVIs of these names and packs them. Returns the dvi_id of every DVI in the package, or
-/// what the run printed when it failed.
+/// Writes DVIs with these names and packs them. Returns the dvi_id of every DVI in the package, or
+/// the output of a failed run.
 std::string packed_ids(const std::vector<std::string>& stems) {
   const scratch_folder folder;
   for (const std::string& stem : stems) {
@@ -79,7 +79,7 @@ TEST(InputOrder, AcceptsWhateverStandsBelowTheGreatestIndex) {
 TEST(InputOrder, CutsTheIndexTo32BitsSigned) {
   EXPECT_EQ(packed_ids({"dag_split_4294967296"}), "0 ");
   EXPECT_EQ(packed_ids({"a_split_0", "b_split_4294967297"}), "0 1 ");
-  // -1 as a signed number: it comes first, and the order check does not look at it.
+  // -1 as a signed number. It comes first, and the order check ignores it.
   EXPECT_EQ(packed_ids({"a_split_0", "b_split_4294967295"}), "255 0 ");
   EXPECT_EQ(packed_ids({"a_split_0", "b_split_99999999999999999999"}), "255 0 ");
 }
@@ -112,8 +112,8 @@ TEST(InputOrder, KeepsTheLowByteOfIndexAndPosition) {
 
 constexpr const char* no_name = "/* HMB_input x */\n";
 
-/// Packs four DVIs with vproc records, checks that the run fails before it writes, and returns what
-/// it printed.
+/// Packs four DVIs with vproc records, checks that the run fails before it writes, and returns its
+/// output.
 std::string refusal(const std::vector<std::string>& headers) {
   const scratch_folder folder;
   for (std::size_t i = 0; i < headers.size(); ++i) {

@@ -1,8 +1,8 @@
-// Lines at the length limit, wherever they stand in a header. A pack run with vproc records reads a
-// header up to seven times, in this order: for duplicate DAG names (up to the first name only), the
-// DAG, the input ports, the output ports, the vproc counts, the variables and the SMBs. Each
-// reading reports every over-long line that it passes, and passes it again when it stands at the
-// end of one of its blocks: the lines after a block's last line are read a second time.
+// Lines at the length limit, anywhere in a header. A pack run with vproc records reads a header up
+// to seven times, in this order: for duplicate DAG names (only up to the first name), the DAG, the
+// input ports, the output ports, the vproc counts, the variables and the SMBs. Each time every
+// over-long line is reported. It is reported again if it follows the last line of a block, as the
+// lines after a block are read a second time.
 #include <gtest/gtest.h>
 
 #include "end_to_end/compiler_output.h"
@@ -25,8 +25,8 @@ std::string saved(const std::string& size) {
   return "Save to file net.bin with file size " + size + ".\n\n";
 }
 
-/// Packs one DVI with this header, checks what is printed, and returns the package from the end of
-/// its table on.
+/// Packs one DVI with this header, checks the output, and returns the bytes of the package after
+/// its table.
 std::string packed(std::string_view header, std::string_view output) {
   const scratch_folder folder;
   put_dag(folder, "net", header);

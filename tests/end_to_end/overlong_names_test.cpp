@@ -1,5 +1,5 @@
-// Names of DAGs, ports, layers, variables and SMBs at their limits: the longest are packed, longer
-// ones end the run.
+// Names of DAGs, ports, layers, variables and SMBs at their limits: the longest names are packed,
+// longer names end the run.
 #include <gtest/gtest.h>
 
 #include "end_to_end/compiler_output.h"

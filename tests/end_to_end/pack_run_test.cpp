@@ -1,4 +1,4 @@
-// Packing: what a package holds, and what the run says about what is missing.
+// Packing: the content of a package, and the messages about missing descriptions.
 #include <gtest/gtest.h>
 
 #include <filesystem>

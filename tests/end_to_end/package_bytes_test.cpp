@@ -1,5 +1,5 @@
-// Two DAGs with ports, images and vproc records: the input folder, the package byte by byte, the
-// report and the parse folder stand in two_dags/.
+// Two DAGs with ports, images and vproc records. The input folder, the package byte by byte, the
+// report and the parse folder are in two_dags/.
 #include <gtest/gtest.h>
 
 #include <filesystem>

@@ -1,4 +1,4 @@
-// Names in packages that this tool did not write: with slashes, without an end, with any byte.
+// Names in packages of other programs: with slashes, without a NUL, with any byte.
 #include <gtest/gtest.h>
 
 #include "end_to_end/expectations.h"

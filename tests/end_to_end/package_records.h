@@ -1,5 +1,5 @@
-// The records of a package, put together byte by byte and without the tool's own definitions, so
-// that the tests say a second time what a package looks like.
+// Makes the records of a package byte by byte, without the definitions of the tool: the tests have
+// their own description of a package.
 #pragma once
 
 #include <cstdint>
@@ -30,7 +30,7 @@ struct dvi_fields {
 /// 156 bytes.
 std::string dvi_record(const dvi_fields& fields);
 
-/// A port as a header without macros leaves it.
+/// A port without macros in the header.
 struct port_fields {
   std::string_view port_name{};
   std::string_view layer_name{};

@@ -1,4 +1,4 @@
-// The parse folder: what an inspection makes, replaces and leaves alone, and what it says when it
+// The parse folder: what an inspection makes, replaces and does not touch, and its messages if it
 // cannot write.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -25,7 +25,7 @@ constexpr const char* header =
     "#define\tnet_image_size\t5\n"
     "#define\tnet_dagbin_start\t0\n";
 
-/// The line of the table about a DVI that only has an index, an image size and a name.
+/// The line in the table for a DVI with only an index, an image size and a name.
 std::string table_line(const std::string& index, const std::string& size, const std::string& name) {
   return "dvi_id: " + index + "\t dvi_img_vaddr: 0\t dvi_img_size: " + size +
          "\t dvi_dag_vaddr: 0\t input_num: 0\t output_num: 0\t dvi_pkg_size: 0\t dvi_ppv: 0\t "
@@ -65,23 +65,111 @@ TEST(ParseFolder, OldImagesAndHeadersAreReplacedAndOtherFilesKept) {
                {{"net.dvi", "image"}, {"_net.h", header}, {"_other.h", "other"}});
 }
 
-TEST(ParseFolder, NothingIsWrittenThroughALinkThatStandsInIt) {
+TEST(ParseFolder, LinksThatStandInItAreReplacedAndTheirFilesKept) {
   const scratch_folder folder;
   folder.write("net.bin", package);
   folder.write("outside.dvi", "outside");
   folder.write("outside.h", "outside");
   folder.make_folder("parse");
   std::filesystem::create_symlink("../outside.dvi", folder.path("parse/net.dvi"));
-  std::filesystem::create_symlink("../outside.h", folder.path("parse/_net.h"));
+  std::filesystem::create_hard_link(folder.path("outside.h"), folder.path("parse/_net.h"));
   expect_run(run_tool(inspect, folder.path()), 1,
              first_line + table_line("0", "5", "net") + "\n" + heading +
                  "\n"
-                 "can't open file .//parse/net.dvi\n"
-                 "error: fail to save parsed .dvi files to folder .//parse\n"
+                 ".dvi files are parsed to folder .//parse\n"
                  "\n");
-  EXPECT_EQ(folder.read("outside.dvi"), "outside");
-  EXPECT_EQ(folder.read("outside.h"), "outside");
-  EXPECT_EQ(folder.read("parse/_net.h"), header);  // the link was deleted as any old header is
+  EXPECT_FALSE(std::filesystem::is_symlink(folder.path("parse/net.dvi")));
+  expect_files(folder.files(), {{"net.bin", package},
+                                {"outside.dvi", "outside"},
+                                {"outside.h", "outside"},
+                                {"parse/net.dvi", "image"},
+                                {"parse/_net.h", header}});
+}
+
+TEST(ParseFolder, MayBeALinkToAFolderElsewhere) {
+  const scratch_folder folder;
+  folder.write("net.bin", package);
+  folder.make_folder("elsewhere");
+  std::filesystem::create_symlink("elsewhere", folder.path("parse"));
+  EXPECT_EQ(run_tool(inspect, folder.path()).status, 1);
+  expect_files(folder.files("elsewhere"), {{"net.dvi", "image"}, {"_net.h", header}});
+}
+
+/// What the tool prints when only the image cannot be written.
+std::string image_lost() {
+  return first_line + table_line("0", "5", "net") + "\n" + heading +
+         "\n"
+         "can't open file .//parse/net.dvi\n"
+         "error: fail to save parsed .dvi files to folder .//parse\n"
+         "\n";
+}
+
+/// What the tool prints when only the header cannot be written.
+std::string header_lost() {
+  return first_line + table_line("0", "5", "net") +
+         "can't open file .//parse/_net.h\n"
+         "\n" +
+         heading +
+         "can't open file .//parse/_net.h\n"
+         "can't open file .//parse/_net.h\n"
+         "\n"
+         ".dvi files are parsed to folder .//parse\n"
+         "\n";
+}
+
+TEST(PackageInTheParseFolder, InThePlaceOfAnImageKeepsEveryByte) {
+  const scratch_folder folder;
+  folder.write("parse/net.dvi", package);
+  expect_run(run_tool({"-f", "parse/net.dvi", "-v"}, folder.path()), 1, image_lost());
+  expect_files(folder.files("parse"), {{"net.dvi", package}, {"_net.h", header}});
+}
+
+TEST(PackageInTheParseFolder, InThePlaceOfAHeaderKeepsEveryByte) {
+  const scratch_folder folder;
+  folder.write("parse/_net.h", package);
+  expect_run(run_tool({"-f", "parse/_net.h", "-v"}, folder.path()), 1, header_lost());
+  expect_files(folder.files("parse"), {{"net.dvi", "image"}, {"_net.h", package}});
+}
+
+TEST(PackageInTheParseFolder, AsAHardLinkInThePlaceOfAnOutputKeepsEveryByte) {
+  const scratch_folder folder;
+  folder.write("net.bin", package);
+  folder.make_folder("parse");
+  std::filesystem::create_hard_link(folder.path("net.bin"), folder.path("parse/net.dvi"));
+  expect_run(run_tool(inspect, folder.path()), 1, image_lost());
+  expect_files(folder.files(),
+               {{"net.bin", package}, {"parse/net.dvi", package}, {"parse/_net.h", header}});
+}
+
+TEST(PackageInTheParseFolder, ReachedThroughALinkInThePlaceOfAnOutputIsOnlyUnlinked) {
+  const scratch_folder folder;
+  folder.write("net.bin", package);
+  folder.make_folder("parse");
+  std::filesystem::create_symlink("../net.bin", folder.path("parse/net.dvi"));
+  std::filesystem::create_symlink("../net.bin", folder.path("parse/_net.h"));
+  EXPECT_EQ(run_tool(inspect, folder.path()).status, 1);
+  expect_files(folder.files(),
+               {{"net.bin", package}, {"parse/net.dvi", "image"}, {"parse/_net.h", header}});
+}
+
+TEST(PackageInTheParseFolder, ThatIsNamedByALinkInThePlaceOfAnOutputKeepsEveryByte) {
+  const scratch_folder folder;
+  folder.write("net.bin", package);
+  folder.make_folder("parse");
+  std::filesystem::create_symlink("../net.bin", folder.path("parse/net.dvi"));
+  EXPECT_EQ(run_tool({"-f", "parse/net.dvi", "-v"}, folder.path()).status, 1);
+  expect_files(folder.files(),
+               {{"net.bin", package}, {"parse/net.dvi", "image"}, {"parse/_net.h", header}});
+}
+
+TEST(PackageInTheParseFolder, ThatWasJustPackedKeepsEveryByte) {
+  const scratch_folder folder;
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h", "#define net_DAG_NAME net\n#define net_image_size 5\n");
+  folder.make_folder("parse");
+  EXPECT_EQ(run_tool({"-d", "in", "-f", "parse/net.dvi", "-v"}, folder.path()).status, 0);
+  EXPECT_EQ(folder.read("parse/net.dvi").size(), 12U + 156U + 5U);
+  EXPECT_EQ(folder.read("parse/_net.h"), header);
 }
 
 TEST(ParseFolder, DvisOfOneNameShareTheirFiles) {
@@ -181,7 +269,7 @@ TEST(ParseFolder, AHeaderThatCannotBeWrittenDoesNotChangeTheLastLine) {
   EXPECT_EQ(folder.read("parse/net.dvi"), "image");
 }
 
-TEST(ParseFolder, AnImageThatCannotBeCreatedIsPassedOver) {
+TEST(ParseFolder, AnImageThatCannotBeCreatedIsSkipped) {
   const scratch_folder folder;
   folder.write("net.bin", package_header(2) + dvi_record({.img_size = 300000, .dag_name = "big"}) +
                               dvi_record({.dvi_id = 1, .img_size = 3, .dag_name = "net"}) +

@@ -1,4 +1,4 @@
-// What the lines of a header make of the ports in the package.
+// Which ports the lines of a header give.
 #include <gtest/gtest.h>
 
 #include "end_to_end/compiler_output.h"
@@ -79,7 +79,7 @@ TEST(PortDescription, EachFlagHasItsBit) {
 }
 
 TEST(PortDescription, AFlagMacroThatGoesOnWithAnUnderscoreIsAnotherMacro) {
-  // Read as the flag's, the value would begin with "_" and clear it.
+  // As a value of the flag, "_mode" would clear it.
   expect_bytes(packed_ports("/* HMB_input a */\n"
                             "#define net_a_drotate 1\n"
                             "#define net_a_drotate_mode 1\n"
@@ -93,7 +93,7 @@ TEST(PortDescription, AFlagMacroThatGoesOnWithAnUnderscoreIsAnotherMacro) {
                             "#define net_a_pflip 1\n"
                             "#define net_a_pflip_mode 1\n"),
                port_record({.port_name = "a", .flags = 0x3E, .drotate_bit_offset = 3}));
-  // With nothing after the underscore it is the flag's after all.
+  // Without a word after the underscore, the line is read as the flag.
   expect_bytes(packed_ports("/* HMB_input a */\n#define net_a_hflip 1\n#define net_a_hflip_\n"),
                port_record({.port_name = "a"}));
 }
@@ -195,7 +195,7 @@ TEST(PortDescription, HighBytesAndNuls) {
   const std::string nul(1, '\0');
   expect_bytes(packed_ports("/* HMB_input p\xE9 */\n#define net_p\xE9_W 5\n"),
                port_record({.port_name = "p\xE9", .W = 5}));
-  // The search for the keyword sees the whole line, the search for a token stops at the NUL.
+  // The keyword is searched in the whole line, but a token only up to the NUL.
   expect_bytes(packed_ports("/* " + nul + " HMB_input a */\n" + "#define net_a_W 1" + nul + "2\n" +
                             "#define net_a_H " + nul + "3\n" + nul + "net_a_D 4\n"),
                port_record({.port_name = "a", .W = 1}));

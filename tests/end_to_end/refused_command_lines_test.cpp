@@ -1,5 +1,4 @@
-// Command lines that end in the usage text: switches that nobody knows, and names that are too
-// long.
+// Command lines that lead to the usage text: unknown switches and names that are too long.
 #include <gtest/gtest.h>
 
 #include "end_to_end/compiler_output.h"
@@ -14,7 +13,7 @@ namespace {
 
 const std::string unknown_switch = "morvane_gen: unknown switch\n" + usage_text;
 
-/// A path of so many characters to a name in the folder itself: "././././name".
+/// A path with this number of characters to a name in the current folder: "././././name".
 std::string long_path(std::string_view name, std::size_t length) {
   std::string path;
   while (path.size() + 2 + name.size() <= length) {

@@ -1,4 +1,4 @@
-// Pack, inspect, and pack what the inspection wrote: images and records stay what they are.
+// Pack, inspect, and pack the output of the inspection: images and records do not change.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -69,7 +69,7 @@ TEST(RoundTrip, KeepsEveryRecordAndImageWhereDagNamesCarryNoIndex) {
   const std::string package = bytes_of_hex(expected_file("two_dags/package.hex"));
   folder.write("first.bin", package);
   go_round(folder);
-  // Without an index both DVIs have the index 0, and the folder decides which of them is first.
+  // Without an index both DVIs have the index 0, and their order is that of the folder.
   const std::string stem_dvi = package.substr(12 + 2, 154);
   const std::string head_dvi = package.substr(168 + 2, 154);
   const std::string stem_block = package.substr(324, 2184);

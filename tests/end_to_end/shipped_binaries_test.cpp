@@ -1,4 +1,4 @@
-// The program and its library as files: what the library exports, and where the pair runs.
+// The files of the program and its library: what the library exports, and from where both run.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Starts a copy of the program as another command does, behind the prefix of run_tool.
+/// Starts a program, which is a copy of the tool, with the run prefix.
 run_result run_copy(const std::string& program, const std::vector<std::string>& arguments,
                     const std::string& folder) {
   std::vector<std::string> words = run_prefix();
@@ -58,7 +58,7 @@ TEST(Pair, RunsFromAnotherFolderWhenMovedTogether) {
 TEST(Pair, TakesItsLibraryFromItsOwnFolder) {
   const scratch_folder folder;
   copy_into(folder, tool_path());
-  // Without its library beside it the program does not start, so it knows no other place.
+  // Without its library in the same folder the program does not start: it searches nowhere else.
   expect_run(run_copy(folder.path("morvane_gen"), {"--version"}, folder.path()), 127, "");
 }
 

@@ -1,4 +1,4 @@
-// Input that is no regular file: folders, links, devices, and pipes that nobody writes to.
+// Input that is not a regular file: folders, links, devices, and pipes without a writer.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -85,7 +85,7 @@ TEST(UnusualImage, APipeThatNobodyWritesToYieldsNoBytes) {
                package_header(1) + dvi_record({.img_size = 4, .pkg_size = 4, .dag_name = "net"}));
 }
 
-/// A pipe that holds bytes and has no writer any more.
+/// A pipe that holds bytes and whose writer has ended.
 class filled_pipe {
  public:
   filled_pipe(const std::string& path, const std::string& bytes) {

@@ -1,4 +1,4 @@
-// What the tool prints about its use, and the line about its version.
+// The usage text and the version line of the tool.
 #pragma once
 
 #include <string>

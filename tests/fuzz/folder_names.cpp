@@ -1,5 +1,5 @@
-// The input is a list of file names, one a line. They are made in a folder and go through the
-// operations that find, order and pair the DVIs.
+// The input is a list of file names, one per line. The files are made in a folder, and the
+// operations that find, order and pair the DVIs run on it.
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -50,7 +50,7 @@ void check_name(const std::string& name) {
           "a name without the mark has the index 0");
 }
 
-/// Makes the files as far as the system takes their names. Each holds its name as that of its DAG.
+/// Makes the files whose names the system accepts. Each gives its own name as the name of its DAG.
 std::vector<std::string> make_files(const scratch_folder& folder,
                                     const std::set<std::string>& names) {
   std::vector<std::string> made;
@@ -73,9 +73,9 @@ void check_pairs(const std::vector<input_entry>& dvis, const std::vector<input_e
   require(headers.size() <= dvis.size(), "every header has its DVI");
   for (std::size_t i = 0; i < headers.size(); ++i) {
     const std::string stem(get_file_stem(dvis[i].name));
-    require(headers[i].index == dvis[i].index, "a header bears the index of its DVI");
+    require(headers[i].index == dvis[i].index, "a header has the index of its DVI");
     require(headers[i].name == stem + ".h" || headers[i].name == "_" + stem + ".h",
-            "a header bears the name of its DVI");
+            "a header has the name of its DVI");
   }
 }
 

@@ -1,4 +1,4 @@
-// The input is the text of a header; every parser reads it.
+// The input is the text of a header. Every parser reads it.
 
 #include <algorithm>
 #include <optional>
@@ -16,7 +16,7 @@
 namespace morvane::test {
 namespace {
 
-/// A field that a text was stored in: the text ends inside it, and nothing but NULs follows.
+/// Checks a text field: the text ends inside it, and only NULs follow.
 void require_text(std::span<const char> field) {
   const std::size_t length = text_of(field).size();
   require(length < field.size(), "a text ends with a NUL");
@@ -33,8 +33,8 @@ void check_dvis(const std::vector<dvi_desc>& dvis) {
   }
 }
 
-// The three below: how many records came before the end of the header; nothing when a name that is
-// too long came first.
+// The three functions below return the number of records in the header, or nothing if a name is too
+// long.
 
 std::optional<std::size_t> count_ports(std::string_view header, const port_class& ports_class) {
   std::vector<port_desc> ports;
@@ -69,8 +69,8 @@ std::optional<std::size_t> count_smbs(std::string_view header) {
   return status == 0 ? std::optional(smbs.size()) : std::nullopt;
 }
 
-/// The parsers read the header independently of each other; what they count agrees. Ports before
-/// the DAG's name are not counted, nor SMBs on a line that introduces a variable.
+/// Checks that the counts of independent parsers agree. Ports before the DAG's name are not
+/// counted, and neither are SMBs on a line that introduces a variable.
 void check_counts(std::string_view header, const dvi_desc& dvi, const vproc_desc& vproc) {
   const auto inputs = count_ports(header, input_ports);
   const auto outputs = count_ports(header, output_ports);

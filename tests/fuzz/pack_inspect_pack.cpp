@@ -1,5 +1,5 @@
-// The input chooses a compiler output folder. It is packed, the package is inspected, and what the
-// inspection regenerated is packed again.
+// The input chooses a compiler output folder. The folder is packed, the package is inspected, and
+// the parse folder is packed again.
 
 #include "fuzz/fuzz_target.h"
 #include "trust/generated_folder.h"

@@ -1,4 +1,4 @@
-// The input is a package; it is inspected with its vproc records.
+// The input is a package. It is inspected with its vproc records.
 
 #include <filesystem>
 #include <new>
@@ -12,8 +12,8 @@
 namespace morvane::test {
 namespace {
 
-// A package that promises a larger report than this is passed over: the report would be honest and
-// long, and say nothing new.
+// A package that promises a larger report than this is skipped: the report would be correct but
+// long.
 constexpr std::uint64_t largest_output = 256 * 1024;
 
 std::size_t entries(const std::string& folder) {

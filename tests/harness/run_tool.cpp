@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -20,7 +21,7 @@ namespace {
 
 constexpr unsigned longest_run = 500;  // seconds
 
-/// A program's surroundings are the same on every machine, and it leaves no memory image behind.
+/// Gives a program the same environment on every machine, and no core dump.
 void settle_surroundings() {
   for (const char* variable : {"LANG", "LANGUAGE", "LC_ALL", "LC_MESSAGES", "POSIXLY_CORRECT"}) {
     ::unsetenv(variable);
@@ -31,38 +32,33 @@ void settle_surroundings() {
 }
 
 [[noreturn]] void become(const std::vector<std::string>& arguments, const std::string& folder,
-                         const std::string& output, const std::string& diagnostics) {
+                         int output, int diagnostics) {
   std::vector<char*> words;
   for (const std::string& argument : arguments) {
     words.push_back(const_cast<char*>(argument.c_str()));
   }
   words.push_back(nullptr);
   settle_surroundings();
-  const int write_flags = O_WRONLY | O_CREAT | O_TRUNC;
   const bool ready = ::dup2(::open("/dev/null", O_RDONLY), STDIN_FILENO) >= 0 &&
-                     ::dup2(::open(output.c_str(), write_flags, 0600), STDOUT_FILENO) >= 0 &&
-                     ::dup2(::open(diagnostics.c_str(), write_flags, 0600), STDERR_FILENO) >= 0 &&
-                     ::chdir(folder.c_str()) == 0;
+                     ::dup2(output, STDOUT_FILENO) >= 0 &&
+                     ::dup2(diagnostics, STDERR_FILENO) >= 0 && ::chdir(folder.c_str()) == 0;
   if (ready) {
     ::execvp(words[0], words.data());
   }
   ::_exit(127);
 }
 
-run_result run_prefixed(const std::string& program, const std::vector<std::string>& arguments,
-                        const std::string& folder) {
+/// A program and its arguments, behind the run prefix.
+std::vector<std::string> prefixed(const std::string& program,
+                                  const std::vector<std::string>& arguments) {
   std::vector<std::string> words = run_prefix();
   words.push_back(program);
   words.insert(words.end(), arguments.begin(), arguments.end());
-  return run_program(words, folder);
+  return words;
 }
 
-}  // namespace
-
-run_result run_program(const std::vector<std::string>& arguments, const std::string& folder) {
-  const scratch_folder streams;
-  const std::string output = streams.path("output");
-  const std::string diagnostics = streams.path("diagnostics");
+pid_t start(const std::vector<std::string>& arguments, const std::string& folder, int output,
+            int diagnostics) {
   const pid_t child = ::fork();
   if (child < 0) {
     throw std::runtime_error("cannot start a process");
@@ -70,21 +66,65 @@ run_result run_program(const std::vector<std::string>& arguments, const std::str
   if (child == 0) {
     become(arguments, folder, output, diagnostics);
   }
+  return child;
+}
+
+/// Waits for the end of a process. Returns its exit status, or 128 + the signal that ended it.
+int wait_for(pid_t process, rusage& usage) {
   int status = 0;
+  while (::wait4(process, &status, 0, &usage) < 0 && errno == EINTR) {
+  }
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+int open_stream(const std::string& path) {
+  return ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+}
+
+}  // namespace
+
+run_result run_program(const std::vector<std::string>& arguments, const std::string& folder) {
+  const scratch_folder streams;
+  const int output = open_stream(streams.path("output"));
+  const int diagnostics = open_stream(streams.path("diagnostics"));
+  const pid_t child = start(arguments, folder, output, diagnostics);
+  ::close(output);
+  ::close(diagnostics);
   rusage usage{};
-  ::wait4(child, &status, 0, &usage);
-  return {.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status),
+  const int status = wait_for(child, usage);
+  return {.status = status,
           .output = streams.read("output"),
           .diagnostics = streams.read("diagnostics"),
           .peak_kib = usage.ru_maxrss};
 }
 
+pid_t start_program(const std::vector<std::string>& arguments, const std::string& folder,
+                    int output) {
+  const int diagnostics = open_stream("/dev/null");
+  const pid_t child = start(arguments, folder, output, diagnostics);
+  ::close(diagnostics);
+  return child;
+}
+
+int wait_for(pid_t process) {
+  rusage usage{};
+  return wait_for(process, usage);
+}
+
 run_result run_tool(const std::vector<std::string>& arguments, const std::string& folder) {
-  return run_prefixed(tool_path(), arguments, folder);
+  return run_program(tool_words(arguments), folder);
 }
 
 run_result run_morvane(const std::vector<std::string>& arguments, const std::string& folder) {
-  return run_prefixed(morvane_path(), arguments, folder);
+  return run_program(morvane_words(arguments), folder);
+}
+
+std::vector<std::string> tool_words(const std::vector<std::string>& arguments) {
+  return prefixed(tool_path(), arguments);
+}
+
+std::vector<std::string> morvane_words(const std::vector<std::string>& arguments) {
+  return prefixed(morvane_path(), arguments);
 }
 
 std::vector<std::string> run_prefix() {

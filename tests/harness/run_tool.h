@@ -1,31 +1,45 @@
-// Starts the built tool as its users do and tells what it printed.
+// Starts the built tool as its users do and returns its output.
 #pragma once
+
+#include <sys/types.h>
 
 #include <string>
 #include <vector>
 
 namespace morvane::test {
 
-/// What a run of a program left behind.
+/// The result of a run of a program.
 struct run_result {
   int status = -1;          // the exit status, or 128 + the signal that ended it
   std::string output;       // standard output
   std::string diagnostics;  // standard error
-  long peak_kib = 0;        // greatest resident memory, the emulator's or checker's included
+  long peak_kib = 0;        // greatest resident memory, including an emulator or checker
 };
 
-/// Starts a program in a folder, with nothing on standard input, and waits for its end. It runs in
-/// the C locale whatever the environment says, and one that hangs is ended by SIGALRM.
+/// Starts a program in a folder, with an empty standard input, and waits for its end. The program
+/// runs in the C locale. If it hangs, SIGALRM ends it.
 run_result run_program(const std::vector<std::string>& arguments, const std::string& folder);
 
-/// Starts morvane_gen with arguments in a folder, behind the prefix command of this build.
+/// Starts a program in the same way and does not wait for it. Its standard output is the
+/// descriptor, which the caller closes. Its diagnostics are lost. Returns the process.
+pid_t start_program(const std::vector<std::string>& arguments, const std::string& folder,
+                    int output);
+
+/// Waits for the end of a started program. Returns its status as in run_result.
+int wait_for(pid_t process);
+
+/// Starts morvane_gen with arguments in a folder, with the run prefix.
 run_result run_tool(const std::vector<std::string>& arguments, const std::string& folder);
 
 /// Starts morvane in the same way.
 run_result run_morvane(const std::vector<std::string>& arguments, const std::string& folder);
 
-/// The words of the command that the tool is started with: an emulator, a memory checker, or none.
-/// From MORVANE_RUN_PREFIX in the environment, otherwise from the build.
+/// The commands of run_tool and run_morvane.
+std::vector<std::string> tool_words(const std::vector<std::string>& arguments);
+std::vector<std::string> morvane_words(const std::vector<std::string>& arguments);
+
+/// The run prefix: the words of a command that starts the tool, such as an emulator or a memory
+/// checker, or none. It comes from MORVANE_RUN_PREFIX in the environment, otherwise from the build.
 std::vector<std::string> run_prefix();
 
 /// Paths of the built programs and library, and of the source tree.

@@ -1,4 +1,5 @@
-// Any bytes as headers, any names in the folder: the pack run ends with 0 or 255, and says why.
+// With any bytes as headers and any names in the folder, a pack run ends with 0 or 255 and a
+// reason.
 
 #include <gtest/gtest.h>
 
@@ -45,7 +46,7 @@ std::string random_header(random_numbers& random) {
   return text;
 }
 
-/// A file's name that the system takes: DVIs and headers, and bytes of any kind.
+/// A file name that the system accepts: of a DVI, of a header, or of any bytes.
 std::string random_name(random_numbers& random) {
   constexpr std::array<std::string_view, 12> words{"_",    "a",    "_split_", "0",    "1", "2",
                                                    ".dvi", ".DVI", ".h",      ".dvi", ".", "n"};
@@ -63,7 +64,7 @@ std::string random_name(random_numbers& random) {
   return name == "." || name == ".." || name.find('/') != std::string::npos ? "x.dvi" : name;
 }
 
-/// Headers with and without the mark for many of the names, so that runs get beyond the pairing.
+/// Headers with and without an underscore for many of the names, so that many pairings succeed.
 void fill_folder(const scratch_folder& scratch, random_numbers& random) {
   const std::string mark = below(random, 2) == 0 ? "_" : "";
   for (std::size_t files = 1 + below(random, 3); files > 0; --files) {

@@ -1,4 +1,4 @@
-// Any bytes as a package: the inspection returns, or a negative or absurd count stops it.
+// With any bytes as a package, the inspection returns, or a negative or absurd count aborts it.
 
 #include <gtest/gtest.h>
 #include <sys/mman.h>
@@ -32,7 +32,7 @@ std::size_t damages(std::string_view package) {
   return package.size() + 1 + package.size() * damages_per_byte;
 }
 
-/// First every truncation, then every damage of the first byte, and so on.
+/// The damages are numbered: every truncation, then every damage of the first byte, and so on.
 std::string damaged(std::string_view package, std::size_t damage) {
   if (damage <= package.size()) {
     return std::string(package.substr(0, damage));
@@ -46,7 +46,7 @@ std::string damaged(std::string_view package, std::size_t damage) {
   return result;
 }
 
-/// What a child tells its parent.
+/// What a child reports to its parent.
 struct progress {
   std::size_t damage = 0;
   unsigned inspected = 0;
@@ -54,7 +54,7 @@ struct progress {
   unsigned left_out = 0;
 };
 
-/// Whether the inspection ends as the package's counts say.
+/// Whether the inspection ends as the package's counts demand.
 bool ends_as_claimed(const scratch_folder& scratch, std::string_view package, bool refused) {
   std::ofstream(scratch.path("a.bin"), std::ios::binary) << package;
   try {
@@ -67,7 +67,7 @@ bool ends_as_claimed(const scratch_folder& scratch, std::string_view package, bo
 struct sweep {
   std::string package;
   std::size_t step;              // 1 for every damage
-  std::uint64_t largest_output;  // a damage that makes the honest output larger is left out
+  std::uint64_t largest_output;  // a damage with a larger output than this is left out
 };
 
 bool run_damages(const sweep& all, std::size_t first, std::size_t step, progress& shared) {
@@ -88,7 +88,7 @@ bool run_damages(const sweep& all, std::size_t first, std::size_t step, progress
   return true;
 }
 
-/// Inspects the damaged packages in children, so that one that crashes is named.
+/// Inspects the damaged packages in child processes, so that the damage behind a crash is known.
 void inspect_damaged(const sweep& all) {
   const unsigned children = std::max(1U, std::thread::hardware_concurrency());
   const std::size_t shared_size = children * sizeof(progress);
@@ -133,7 +133,7 @@ std::string package_of_examples() {
   return pack_inspect_pack(scratch_folder(), files, true).first;
 }
 
-/// How many damages to pass over; every one is tried when MORVANE_TEST_EVERY_DAMAGE is set.
+/// The step from one tried damage to the next; 1 if MORVANE_TEST_EVERY_DAMAGE is set.
 std::size_t damage_step(std::size_t usual, std::size_t behind_prefix) {
   if (std::getenv("MORVANE_TEST_EVERY_DAMAGE") != nullptr) {
     return 1;

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::uint64_t greatest_claim = std::uint64_t{4} << 30;
 
-// What a record without names brings, in bytes: its line of the report, its lines of the header.
+// The output for a record without names, in bytes: its line in the report, its lines in the header.
 constexpr std::uint64_t dvi_bytes = 420;
 constexpr std::uint64_t dvi_block_bytes = 60;
 constexpr std::uint64_t port_bytes = 1050;
@@ -20,7 +20,7 @@ constexpr std::uint64_t vproc_bytes = 60;
 constexpr std::uint64_t variable_bytes = 90;
 constexpr std::uint64_t smb_bytes = 100;
 
-// How often the lines of a port repeat the name of its DAG.
+// How often the lines of a port contain the name of its DAG.
 constexpr std::uint64_t port_lines = 25;
 
 struct walk {
@@ -29,7 +29,7 @@ struct walk {
   claim found;
 };
 
-/// Takes the records of a list that the package holds, the last one perhaps cut. Empty after a
+/// Takes the present records of a list off the package. The last one may be cut. Empty after a
 /// refused count.
 template <class Record>
 std::vector<Record> take(walk& package, std::uint32_t count) {

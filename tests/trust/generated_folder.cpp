@@ -56,7 +56,7 @@ std::string joined(std::initializer_list<std::string_view> pieces) {
   return text;
 }
 
-/// A letter that tells what kind of name this is, and letters after it.
+/// A letter for the kind of the name, and more letters.
 std::string name_of(choices& source, char kind, std::string_view letters, unsigned longest) {
   std::string name(1, kind);
   const unsigned length = one_in(source, 16) ? longest : choose(source, 8);
@@ -66,7 +66,7 @@ std::string name_of(choices& source, char kind, std::string_view letters, unsign
   return name;
 }
 
-/// Of one word, or of two joined by an underscore.
+/// One word, or two words joined by an underscore.
 std::string io_name(choices& source, char kind, unsigned longest) {
   const std::string name = name_of(source, kind, lower_case, longest);
   return one_in(source, 4) ? joined({name, "_", name_of(source, kind, lower_case, longest)}) : name;
@@ -97,7 +97,7 @@ std::string number(choices& source) {
   }
 }
 
-/// Slashes, dots and bytes of other alphabets, but nothing that introduces a block or a DAG.
+/// Slashes, dots and bytes of other alphabets, but no text that introduces a block or a DAG.
 std::string layer_name(choices& source) {
   constexpr std::string_view signs = "abcxyz/._-0123456789\xc3\xa9\xff\x01()[]";
   return name_of(source, 'l', signs, 300);
@@ -138,7 +138,7 @@ void add_macro(header_writer& header, const std::string& macro, const std::strin
   add_line(header, joined({"#define", before, macro, after, value, comment}));
 }
 
-/// A block with its macros, in an order of its own, some left out.
+/// A block with its macros in any order, some of them left out.
 void add_block(header_writer& header, const std::string& introduction, const std::string& prefix,
                std::vector<std::string_view> suffixes) {
   add_line(header, joined({"/* ", introduction, " */"}));

@@ -1,4 +1,5 @@
-// Memory follows the file, not its claims. Measured as the child's greatest resident memory.
+// The inspection takes memory for what a file holds, not for what it claims. Measured is the
+// greatest resident memory of the child process.
 
 #include <gtest/gtest.h>
 
@@ -20,8 +21,7 @@ namespace {
 
 constexpr long allowed_kib = 64 * 1024;
 
-/// A measurement of the tool alone; empty, with the reason printed, where something else would be
-/// measured with it.
+/// Whether the memory of the tool alone can be measured. If not, prints the reason.
 bool can_measure() {
   if (under_sanitizer || !run_prefix().empty()) {
     std::printf("not measured: the memory of the %s would be counted with the tool's\n",
@@ -31,7 +31,7 @@ bool can_measure() {
   return true;
 }
 
-/// Greatest resident memory of an inspection, in KiB.
+/// The greatest resident memory of an inspection, in KiB.
 long peak_of(const std::string& package) {
   const scratch_folder scratch(fast_folder());
   scratch.write("a.bin", package);
@@ -100,6 +100,34 @@ TEST(MemoryFollowsTheFile, AnImageOfAQuarterGibIsPackedAndExtracted) {
   EXPECT_EQ(std::filesystem::file_size(scratch.path("parse/a.dvi")), image_size);
   std::printf("peak %ld KiB, baseline %ld KiB\n", run.peak_kib, baseline);
   EXPECT_LT(run.peak_kib - baseline, allowed_kib);
+}
+
+TEST(MemoryFollowsTheFile, ALongParseDirectoryIsNotKeptForEveryDvi) {
+  if (!can_measure()) {
+    GTEST_SKIP();
+  }
+  constexpr int dvis = 4000;
+  std::string package = header(dvis);
+  for (int i = 0; i < dvis; ++i) {
+    package += bytes(dvi("net" + std::to_string(i), 0));
+  }
+  const auto peak = [&](const std::string& parsedir) {
+    const scratch_folder scratch(fast_folder());
+    scratch.write("a.bin", package);
+    const run_result run =
+        run_program({tool_path(), "-f", "a.bin", "-p", parsedir, "-v"}, scratch.path());
+    EXPECT_EQ(run.status, 1);
+    EXPECT_TRUE(scratch.exists("parse/net3999.dvi"));
+    return run.peak_kib;
+  };
+  std::string long_way = ".";
+  while (long_way.size() < 2040) {
+    long_way += "/.";
+  }
+  const long near = peak(".");
+  const long far = peak(long_way);
+  std::printf("peak %ld KiB with a short path, %ld KiB with a long one\n", near, far);
+  EXPECT_LT(far - near, 1024);  // a path per DVI would be 8 MiB
 }
 
 }  // namespace

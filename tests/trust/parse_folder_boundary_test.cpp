@@ -1,10 +1,15 @@
-// Nothing outside the parse folder is created, changed or removed, whatever a package says.
+// For any package, nothing outside the parse folder is created, changed or removed.
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <unistd.h>
 
+#include <chrono>
 #include <map>
 #include <sstream>
+#include <thread>
 
 #include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
@@ -15,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Every file and folder outside the parse folder, with what would tell that it was touched.
+/// Every file and folder outside the parse folder, with attributes that show a change.
 std::map<std::string, std::string> surroundings(const scratch_folder& scratch) {
   std::map<std::string, std::string> found;
   auto entry = fs::recursive_directory_iterator(scratch.path());
@@ -36,7 +41,7 @@ std::map<std::string, std::string> surroundings(const scratch_folder& scratch) {
   return found;
 }
 
-/// Files that a careless path would reach, by image or header name, and the folders on its way.
+/// Files that an unchecked image or header name would reach, and the folders on the way.
 void place_sentinels(const scratch_folder& scratch) {
   for (const char* folder : {"", "work/", "work/out/"}) {
     for (const char* name : {"victim.dvi", "victim.h", "_victim.h", "_.h", ".dvi", "_...h"}) {
@@ -107,18 +112,271 @@ TEST(OutsideTheParseFolder, AnAbsolutePathTouchesNothing) {
   EXPECT_EQ(surroundings(elsewhere), before);
 }
 
-TEST(OutsideTheParseFolder, SymbolicLinksInItAreNotFollowed) {
-  const scratch_folder scratch;
-  place_sentinels(scratch);
+/// The outputs of the package of package_with("net", "port").
+const std::vector<std::string> outputs = {"work/out/parse/net.dvi", "work/out/parse/_net.h"};
+
+/// Checks that outputs whose places are taken come out whole, and nothing else changes.
+void expect_outputs_replaced(const scratch_folder& scratch) {
   scratch.write("work/a.bin", package_with("net", "port"));
-  fs::create_symlink("../victim.dvi", scratch.path("work/out/parse/net.dvi"));
-  fs::create_symlink("../victim.h", scratch.path("work/out/parse/_net.h"));
   const auto before = surroundings(scratch);
   const run_result run = run_tool({"-f", "a.bin", "-p", "out", "-v", "-c"}, scratch.path("work"));
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(surroundings(scratch), before);
-  EXPECT_TRUE(fs::is_symlink(scratch.path("work/out/parse/net.dvi")));
-  EXPECT_TRUE(fs::is_regular_file(scratch.path("work/out/parse/_net.h")));
+  for (const std::string& output : outputs) {
+    ASSERT_TRUE(fs::is_regular_file(fs::symlink_status(scratch.path(output)))) << output;
+    EXPECT_EQ(fs::hard_link_count(scratch.path(output)), 1U) << output;
+  }
+  EXPECT_EQ(scratch.read(outputs[0]), "image");
+  EXPECT_TRUE(scratch.read(outputs[1]).starts_with("#define\tnet_DAG_NAME\t\"net\"\n"));
+}
+
+TEST(OutsideTheParseFolder, SymbolicLinksInItAreNotFollowed) {
+  const scratch_folder scratch;
+  place_sentinels(scratch);
+  fs::create_symlink("../victim.dvi", scratch.path(outputs[0]));
+  fs::create_symlink("../victim.h", scratch.path(outputs[1]));
+  expect_outputs_replaced(scratch);
+}
+
+TEST(OutsideTheParseFolder, DanglingSymbolicLinksInItCreateNothing) {
+  const scratch_folder scratch;
+  place_sentinels(scratch);
+  fs::create_symlink("../../new.dvi", scratch.path(outputs[0]));
+  fs::create_symlink("../../new.h", scratch.path(outputs[1]));
+  expect_outputs_replaced(scratch);
+}
+
+TEST(OutsideTheParseFolder, HardLinksInItAreNotWrittenTo) {
+  const scratch_folder scratch;
+  place_sentinels(scratch);
+  fs::create_hard_link(scratch.path("work/victim.dvi"), scratch.path(outputs[0]));
+  fs::create_hard_link(scratch.path("work/victim.h"), scratch.path(outputs[1]));
+  expect_outputs_replaced(scratch);
+}
+
+TEST(OutsideTheParseFolder, PipesInItAreNotWrittenTo) {
+  const scratch_folder scratch;
+  place_sentinels(scratch);
+  for (const std::string& output : outputs) {
+    ASSERT_EQ(::mkfifo(scratch.path(output).c_str(), 0600), 0);
+  }
+  expect_outputs_replaced(scratch);
+}
+
+TEST(OutsideTheParseFolder, PipesInItWithAReaderAreNotWrittenTo) {
+  const scratch_folder scratch;
+  place_sentinels(scratch);
+  std::vector<int> readers;
+  for (const std::string& output : outputs) {
+    ASSERT_EQ(::mkfifo(scratch.path(output).c_str(), 0600), 0);
+    readers.push_back(::open(scratch.path(output).c_str(), O_RDONLY | O_NONBLOCK));
+  }
+  expect_outputs_replaced(scratch);
+  for (const int reader : readers) {
+    char byte = 0;
+    EXPECT_EQ(::read(reader, &byte, 1), 0);
+    ::close(reader);
+  }
+}
+
+TEST(OutsideTheParseFolder, DevicesInItAreNotWrittenTo) {
+  const scratch_folder scratch;
+  place_sentinels(scratch);
+  for (const std::string& output : outputs) {
+    // The device that refuses every byte.
+    if (::mknod(scratch.path(output).c_str(), S_IFCHR | 0600, makedev(1, 7)) != 0) {
+      GTEST_SKIP() << "devices cannot be made here";
+    }
+  }
+  expect_outputs_replaced(scratch);
+}
+
+/// The words that start the tool as a user who is not the owner of the machine.
+std::vector<std::string> as_ordinary_user(const std::vector<std::string>& arguments) {
+  std::vector<std::string> words;
+  if (::geteuid() == 0) {
+    words = {"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"};
+  }
+  const std::vector<std::string> tool = tool_words(arguments);
+  words.insert(words.end(), tool.begin(), tool.end());
+  return words;
+}
+
+/// A folder that everybody can read and an ordinary user cannot write to, but its files can be.
+void make_unwritable(const scratch_folder& scratch, const std::string& folder) {
+  fs::permissions(scratch.path(), fs::perms{0755});
+  for (const auto& entry : fs::directory_iterator(scratch.path(folder))) {
+    if (entry.is_regular_file() && !entry.is_symlink()) {
+      fs::permissions(entry.path(), fs::perms{0666});
+    }
+  }
+  fs::permissions(scratch.path(folder), fs::perms{0555});
+}
+
+TEST(AFolderThatKeepsItsFiles, HasThemEmptiedAndUsed) {
+  const scratch_folder scratch;
+  if (run_program(as_ordinary_user({"--version"}), scratch.path()).status != 1) {
+    GTEST_SKIP() << "an ordinary user cannot start the tool here";
+  }
+  scratch.write("a.bin", package_with("net", "port"));
+  scratch.write("parse/net.dvi", "an older and longer image");
+  scratch.write("parse/_net.h", "an older header");
+  make_unwritable(scratch, "parse");
+  const run_result run = run_program(as_ordinary_user({"-f", "a.bin", "-v", "-c"}), scratch.path());
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(run.output.ends_with(".dvi files are parsed to folder .//parse\n\n"));
+  EXPECT_EQ(scratch.read("parse/net.dvi"), "image");
+  EXPECT_TRUE(scratch.read("parse/_net.h").starts_with("#define\tnet_DAG_NAME\t\"net\"\n"));
+  fs::permissions(scratch.path("parse"), fs::perms{0755});
+}
+
+TEST(AFolderThatKeepsItsFiles, HasNoFileWithAnotherNameWrittenTo) {
+  const scratch_folder scratch;
+  if (run_program(as_ordinary_user({"--version"}), scratch.path()).status != 1) {
+    GTEST_SKIP() << "an ordinary user cannot start the tool here";
+  }
+  scratch.write("a.bin", package_with("net", "port"));
+  scratch.write("parse/net.dvi", "image of another");
+  scratch.write("header", "header of another");
+  fs::create_hard_link(scratch.path("parse/net.dvi"), scratch.path("other.dvi"));
+  fs::create_symlink("../header", scratch.path("parse/_net.h"));
+  make_unwritable(scratch, "parse");
+  fs::permissions(scratch.path("header"), fs::perms{0666});
+  const run_result run = run_program(as_ordinary_user({"-f", "a.bin", "-v", "-c"}), scratch.path());
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(run.output.ends_with("error: fail to save parsed .dvi files to folder .//parse\n\n"));
+  EXPECT_NE(run.output.find("can't open file .//parse/_net.h\n"), std::string::npos);
+  EXPECT_EQ(scratch.read("other.dvi"), "image of another");
+  EXPECT_EQ(scratch.read("header"), "header of another");
+  fs::permissions(scratch.path("parse"), fs::perms{0755});
+}
+
+TEST(AFolderThatKeepsItsFiles, DoesNotHaveThePackageEmptied) {
+  const scratch_folder scratch;
+  if (run_program(as_ordinary_user({"--version"}), scratch.path()).status != 1) {
+    GTEST_SKIP() << "an ordinary user cannot start the tool here";
+  }
+  const std::string package = package_with("net", "port");
+  scratch.write("parse/net.dvi", package);
+  make_unwritable(scratch, "parse");
+  const run_result run =
+      run_program(as_ordinary_user({"-f", "parse/net.dvi", "-v", "-c"}), scratch.path());
+  EXPECT_EQ(run.status, 1);
+  EXPECT_NE(run.output.find("can't open file .//parse/net.dvi\n"), std::string::npos);
+  EXPECT_EQ(scratch.read("parse/net.dvi"), package);
+  fs::permissions(scratch.path("parse"), fs::perms{0755});
+}
+
+/// Writes to a pipe that the tool reads a package from.
+void feed(int pipe, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t put = ::write(pipe, bytes.data(), bytes.size());
+    ASSERT_GT(put, 0);
+    bytes.remove_prefix(static_cast<std::size_t>(put));
+  }
+}
+
+bool appears(const std::string& path) {
+  for (int i = 0; i < 10000 && !fs::exists(path); ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  }
+  return fs::exists(path);
+}
+
+/// An inspection of a package that comes through a pipe, so that it can be held up in its middle:
+/// the first DVI's image is being written then.
+class HeldUpInspection : public testing::Test {
+ protected:
+  static constexpr std::size_t first_part = std::size_t{512} << 10;
+
+  /// Starts the inspection and waits until it has written the headers' first blocks.
+  void start() {
+    ASSERT_EQ(::mkfifo(scratch.path("a.bin").c_str(), 0600), 0);
+    // A reader and a writer of its own keep the pipe open.
+    pipe_ = ::open(scratch.path("a.bin").c_str(), O_RDWR | O_CLOEXEC);
+    output_ = ::open(scratch.path("report").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+    tool_ = start_program(tool_words({"-f", "a.bin", "-v"}), scratch.path(), output_);
+    feed(pipe_, std::string_view(package).substr(0, first_part));
+    ASSERT_TRUE(appears(scratch.path("parse/first.dvi")));
+  }
+
+  /// Feeds the rest and waits for the end.
+  int finish() {
+    feed(pipe_, std::string_view(package).substr(first_part));
+    ::close(pipe_);
+    ::close(output_);
+    return wait_for(tool_);
+  }
+
+  scratch_folder scratch;
+  const std::string package = header(2) + bytes(dvi("first", 600 << 10, 0, 0)) +
+                              bytes(dvi("second", 600 << 10, 1, 0)) + std::string(600 << 10, 'a') +
+                              bytes(port("port", "layer")) + std::string(600 << 10, 'b');
+
+ private:
+  int pipe_ = -1;
+  int output_ = -1;
+  pid_t tool_ = -1;
+};
+
+TEST_F(HeldUpInspection, StaysInItsFolderWhenALinkTakesItsPlace) {
+  start();
+  scratch.write("elsewhere/second.dvi", "kept");
+  scratch.write("elsewhere/_second.h", "kept");
+  fs::rename(scratch.path("parse"), scratch.path("moved"));
+  fs::create_symlink("elsewhere", scratch.path("parse"));
+  EXPECT_EQ(finish(), 1);
+  EXPECT_EQ(scratch.files("elsewhere"),
+            (std::map<std::string, std::string>{{"second.dvi", "kept"}, {"_second.h", "kept"}}));
+  EXPECT_EQ(scratch.read("moved/second.dvi"), std::string(600 << 10, 'b'));
+  EXPECT_NE(scratch.read("moved/_second.h").find("HMB_input port"), std::string::npos);
+}
+
+/// What stands in the place of a header after the run has written its first block.
+void expect_header_left_alone(const scratch_folder& scratch, const std::string& content) {
+  EXPECT_EQ(scratch.read("parse/_second.h"), content);
+  const std::string report = scratch.read("report");
+  EXPECT_NE(report.find("can't open file .//parse/_second.h\n"), std::string::npos);
+  EXPECT_TRUE(report.ends_with(".dvi files are parsed to folder .//parse\n\n"));
+}
+
+TEST_F(HeldUpInspection, LeavesAFileAloneThatTookTheNameOfAHeader) {
+  start();
+  fs::remove(scratch.path("parse/_second.h"));
+  scratch.write("parse/_second.h", "somebody's own");
+  EXPECT_EQ(finish(), 1);
+  expect_header_left_alone(scratch, "somebody's own");
+}
+
+TEST_F(HeldUpInspection, LeavesALinkAloneThatTookTheNameOfAHeader) {
+  start();
+  scratch.write("elsewhere", "kept");
+  fs::remove(scratch.path("parse/_second.h"));
+  fs::create_symlink("../elsewhere", scratch.path("parse/_second.h"));
+  EXPECT_EQ(finish(), 1);
+  expect_header_left_alone(scratch, "kept");
+}
+
+TEST_F(HeldUpInspection, LeavesAHeaderAloneThatGotAnotherName) {
+  start();
+  const std::string content = scratch.read("parse/_second.h");
+  fs::create_hard_link(scratch.path("parse/_second.h"), scratch.path("other"));
+  EXPECT_EQ(finish(), 1);
+  expect_header_left_alone(scratch, content);
+}
+
+TEST_F(HeldUpInspection, DoesNotMakeADeletedHeaderAgain) {
+  start();
+  fs::remove(scratch.path("parse/_second.h"));
+  EXPECT_EQ(finish(), 1);
+  EXPECT_FALSE(scratch.exists("parse/_second.h"));
+}
+
+TEST_F(HeldUpInspection, DoesNotHangAtAPipeThatTookTheNameOfAHeader) {
+  start();
+  fs::remove(scratch.path("parse/_second.h"));
+  ASSERT_EQ(::mkfifo(scratch.path("parse/_second.h").c_str(), 0600), 0);
+  EXPECT_EQ(finish(), 1);
 }
 
 TEST(OutsideTheParseFolder, AMissingParseDirectoryIsNotMade) {

@@ -1,4 +1,4 @@
-// Pack, inspect, pack: the tool's operations in this process, on a folder of its own.
+// Packs, inspects and packs again, with the tool's operations in this process.
 #pragma once
 
 #include <map>
@@ -8,16 +8,16 @@
 
 namespace morvane::test {
 
-/// What the two pack runs brought.
+/// The results of the two pack runs.
 struct round_trip {
   int first_status = -1;
   int second_status = -1;
   std::string first;   // the package of the folder
-  std::string second;  // the package of what the inspection of the first regenerated
+  std::string second;  // the package of the regenerated folder
 };
 
-/// Writes the files to a folder, packs it, inspects the package and packs the parse folder. Uses
-/// and empties the scratch folder.
+/// Writes the files to a folder, packs it, inspects the package and packs the parse folder. Works
+/// in the scratch folder and empties it.
 round_trip pack_inspect_pack(const scratch_folder& scratch,
                              const std::map<std::string, std::string>& files, bool vproc);
 

@@ -1,4 +1,4 @@
-// Pack, inspect, pack: the same package, for every folder whose DAG names carry their index.
+// Packing, inspecting and packing again gives the same package, if DAG names end in their index.
 
 #include "trust/round_trip.h"
 

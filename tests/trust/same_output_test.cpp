@@ -1,4 +1,5 @@
-// The order of the folder, the locale, an earlier run's output and the architecture do not matter.
+// The order of the folder, the locale, the output of an earlier run and the architecture have no
+// effect.
 
 #include <elf.h>
 #include <gtest/gtest.h>
@@ -30,7 +31,7 @@ std::string header_of(const std::string& dag) {
   return text.str();
 }
 
-/// DVIs with the indices from 0, whose names are in no order.
+/// DVIs with the indices from 0 on. Their names are not in the order of the indices.
 files folder_of(const std::vector<std::string>& stems) {
   files made;
   for (std::size_t i = 0; i < stems.size(); ++i) {
@@ -46,7 +47,7 @@ run_result pack(const scratch_folder& scratch) {
   return run_tool({"-d", "in", "-f", "a.bin", "-v", "-c"}, scratch.path());
 }
 
-/// The DAGs' indices in the order in which the report's table names them.
+/// The indices of the DAGs in the order of the report's table.
 std::vector<std::string> table_order(const std::string& report) {
   constexpr std::string_view label = "\t dag_name: net_split_";
   std::vector<std::string> indices;
@@ -82,7 +83,7 @@ TEST(FolderOrder, DoesNotChangeThePackage) {
   }
 }
 
-/// Runs a pack with an inspection in a locale. Returns what it printed and wrote.
+/// Packs and inspects in a locale. Returns the printed text and the written files.
 std::map<std::string, std::string> pack_in_locale(const std::string& locale,
                                                   const std::string& locales) {
   const scratch_folder scratch;
@@ -99,7 +100,7 @@ std::map<std::string, std::string> pack_in_locale(const std::string& locale,
   EXPECT_NE(run.output.find(" dvi_num: 3\n"), std::string::npos) << run.output;
   std::map<std::string, std::string> left = scratch.files("parse");
   EXPECT_EQ(left.size(), 6U);
-  // Three equal indices: the folder's order is the package's, and no locale's.
+  // Three equal indices: the package has the order of the folder, so only the length is compared.
   left["output"] = std::to_string(run.output.size());
   return left;
 }

@@ -1,4 +1,4 @@
-// Packages for the tests, put together from records.
+// Makes packages for the tests from records.
 #pragma once
 
 #include <span>
@@ -15,10 +15,10 @@ std::string bytes(const Record& record) {
   return {reinterpret_cast<const char*>(&record), sizeof record};
 }
 
-/// Puts a text into a field, without a NUL when it is as long as the field.
+/// Puts a text into a field; without a NUL if it is as long as the field.
 void put_text(std::span<char> field, std::string_view text);
 
-/// The header of a package with so many DVIs.
+/// The header of a package with this number of DVIs.
 std::string header(std::uint32_t dvi_num);
 
 /// A DVI's description.
@@ -29,8 +29,8 @@ port_desc port(std::string_view port_name, std::string_view layer_name);
 var_desc variable(std::string_view name);
 smb_desc smb(std::string_view name);
 
-/// The sample of the damage tests, with a vproc section: two DVIs, one of them with a port on
-/// either side, a variable and an SMB, the other with none of these.
+/// The sample of the damage tests, with a vproc section. One of its two DVIs has an input port, an
+/// output port, a variable and an SMB. The other has none of these.
 std::string sample_package();
 
 }  // namespace morvane::test

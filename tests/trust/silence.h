@@ -1,9 +1,9 @@
-// Keeps what the tool's operations print in this process away from the tests' own output.
+// Keeps the output of the tool's operations in this process out of the tests' output.
 #pragma once
 
 namespace morvane::test {
 
-/// Sends standard output to nowhere for as long as it lives.
+/// Discards standard output as long as it lives.
 class silence {
  public:
   silence();

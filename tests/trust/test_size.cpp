@@ -12,7 +12,7 @@ namespace morvane::test {
 unsigned cases_to_run(unsigned all, unsigned behind_prefix) {
   const bool slow = !run_prefix().empty();
   const unsigned cases = slow ? behind_prefix : all;
-  std::printf("%u cases%s\n", cases, slow ? ", fewer behind the run prefix" : "");
+  std::printf("%u cases%s\n", cases, slow ? ", fewer with the run prefix" : "");
   return cases;
 }
 

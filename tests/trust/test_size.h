@@ -1,4 +1,4 @@
-// How much the tests of the promises do, and what their random numbers begin with.
+// The number of cases in the tests of the promises, and the seed of their random numbers.
 #pragma once
 
 #include <cstdint>
@@ -6,15 +6,14 @@
 
 namespace morvane::test {
 
-/// The number of cases to run: all, or, behind an emulator or a checker that makes each slow, a
-/// part of them. Prints which it is.
+/// The number of cases to run: all, or a part of them with a slow emulator or checker. Prints the
+/// number.
 unsigned cases_to_run(unsigned all, unsigned behind_prefix);
 
-/// What random numbers begin with: MORVANE_TEST_SEED from the environment, or always the same.
-/// Prints it.
+/// The seed of random numbers: MORVANE_TEST_SEED from the environment, or a constant. Prints it.
 std::uint64_t test_seed();
 
-/// A folder in memory where there is one, otherwise that for temporary files.
+/// A folder in memory, or, if there is none, the folder for temporary files.
 std::filesystem::path fast_folder();
 
 }  // namespace morvane::test

@@ -6,10 +6,8 @@ namespace morvane::test {
 
 std::vector<std::string> tool_command(std::vector<std::string> starter,
                                       const std::vector<std::string>& arguments) {
-  const std::vector<std::string> prefix = run_prefix();
-  starter.insert(starter.end(), prefix.begin(), prefix.end());
-  starter.push_back(tool_path());
-  starter.insert(starter.end(), arguments.begin(), arguments.end());
+  const std::vector<std::string> words = tool_words(arguments);
+  starter.insert(starter.end(), words.begin(), words.end());
   return starter;
 }
 

@@ -1,4 +1,4 @@
-// The command that starts the tool behind another program.
+// The command that starts the tool from another program.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 namespace morvane::test {
 
-/// The words of: the starter, the run prefix, the tool, its arguments.
+/// The words of the starter, the run prefix, the tool and its arguments, in this order.
 std::vector<std::string> tool_command(std::vector<std::string> starter,
                                       const std::vector<std::string>& arguments);
 

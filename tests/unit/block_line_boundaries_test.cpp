@@ -1,4 +1,4 @@
-// What ports, SMBs and variables have in common: where their blocks begin and end, and which lines
+// Ports, SMBs and variables have this in common: where their blocks begin and end, and which lines
 // are read a second time.
 
 #include <gtest/gtest.h>
@@ -20,7 +20,7 @@ using test::length_message;
 using test::line_of_length;
 using test::printed_by;
 
-/// Blocks as they were read: the name of each and the number that its lines gave it.
+/// Blocks that were read: the name of each and its number.
 using blocks = std::vector<std::pair<std::string, std::uint32_t>>;
 
 blocks parse_ports(std::string_view header) {
@@ -56,11 +56,11 @@ blocks parse_variables(std::string_view header) {
 struct block_kind {
   const char* name;
   blocks (*parse)(std::string_view header);
-  std::string keyword;  // with what stands before a name
+  std::string keyword;  // with the characters before a name
   std::string suffix;   // of the macro
 };
 
-/// Names the kind where a test is listed.
+/// Shows the kind in lists of tests.
 void PrintTo(const block_kind& kind, std::ostream* out) {
   *out << kind.name;
 }

@@ -19,7 +19,7 @@ constexpr block_format smb_blocks{.keyword = "SMB_input",
                                   .name_offset = offsetof(smb_desc, smb_name),
                                   .macros = smb_macros};
 
-/// A block "a" that was read, and the text after it.
+/// The result of reading a block "a", and the rest of the text.
 struct read_result {
   int status = 0;
   smb_desc smb{};

@@ -1,4 +1,4 @@
-// Command lines inside the test program, which reads one after the other.
+// Command lines for operations that run inside the test program.
 #pragma once
 
 #include <getopt.h>
@@ -12,7 +12,7 @@
 
 namespace morvane::test {
 
-/// A command line as main gets it; the program's name is its first word.
+/// The arguments of main; the first is the name of the program.
 class command_line {
  public:
   explicit command_line(std::vector<std::string> words) : words_(std::move(words)) {
@@ -31,7 +31,7 @@ class command_line {
   std::vector<char*> arguments_;
 };
 
-/// Lets each test begin as a process does: with default settings, and getopt_long before the first
+/// Lets each test begin like a new process, with default settings and getopt_long at the first
 /// word.
 class FreshSettings : public testing::Test {
  protected:

@@ -12,8 +12,8 @@ using test::length_message;
 using test::printed_by;
 using test::scratch_folder;
 
-/// Checks headers of these texts, one after the other; they are called A.h, B.h, ... Returns what
-/// is printed, with DIR for the folder.
+/// Checks headers A.h, B.h, ... with these texts. Returns the printed text, with DIR for the
+/// folder.
 std::string printed_for(const std::vector<std::string>& headers, int status) {
   const scratch_folder folder;
   std::vector<input_entry> entries;

@@ -1,9 +1,14 @@
 #include "io/file.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <array>
 #include <filesystem>
+#include <thread>
 #include <utility>
 
 #include "harness/scratch_folder.h"
@@ -67,41 +72,91 @@ TEST(OpenToRead, IsClosedForAMissingFile) {
   EXPECT_FALSE(open_to_read(folder.path("missing")).handle.is_open());
 }
 
-TEST(OpenToWrite, EmptiesAFile) {
+TEST(OpenToWrite, CreatesAFile) {
   const scratch_folder folder;
-  folder.write("a", "long content");
-  write_bytes(open_to_write(folder.path("a")), bytes("new"));
+  const writable_file file = open_to_write(folder.path("a"));
+  EXPECT_TRUE(file.is_new);
+  EXPECT_EQ(write_bytes(file.handle, bytes("new")), 3U);
   EXPECT_EQ(folder.read("a"), "new");
+}
+
+TEST(OpenToWrite, LeavesTheContentOfAnExistingFileAndTellsWhichItIs) {
+  const scratch_folder folder;
+  folder.write("a", "content");
+  const writable_file file = open_to_write(folder.path("a"));
+  EXPECT_TRUE(file.handle.is_open());
+  EXPECT_FALSE(file.is_new);
+  EXPECT_EQ(file.identity, identity_at(folder.path("a")));
+  EXPECT_EQ(folder.read("a"), "content");
+}
+
+TEST(OpenToWrite, CreatesTheTargetOfADanglingLink) {
+  const scratch_folder folder;
+  std::filesystem::create_symlink("target", folder.path("link"));
+  EXPECT_EQ(write_bytes(open_to_write(folder.path("link")).handle, bytes("new")), 3U);
+  EXPECT_EQ(folder.read("target"), "new");
 }
 
 TEST(OpenToWrite, IsClosedInAMissingFolder) {
   const scratch_folder folder;
-  EXPECT_FALSE(open_to_write(folder.path("missing/a")).is_open());
+  EXPECT_FALSE(open_to_write(folder.path("missing/a")).handle.is_open());
 }
 
-TEST(OpenToAppend, CreatesAFileAndWritesAtItsEnd) {
+TEST(EmptyFile, RemovesTheContent) {
   const scratch_folder folder;
-  write_bytes(open_to_append_in_place(folder.path("a")), bytes("one "));
-  write_bytes(open_to_append_in_place(folder.path("a")), bytes("two"));
-  EXPECT_EQ(folder.read("a"), "one two");
+  folder.write("a", "content");
+  EXPECT_TRUE(empty_file(open_to_write(folder.path("a")).handle));
+  EXPECT_EQ(folder.read("a"), "");
 }
 
-TEST(OpenInPlace, FollowsNoSymbolicLink) {
-  const scratch_folder folder;
-  folder.write("elsewhere", "content");
-  std::filesystem::create_symlink("elsewhere", folder.path("link"));
-  EXPECT_FALSE(open_to_write_in_place(folder.path("link")).is_open());
-  EXPECT_FALSE(open_to_append_in_place(folder.path("link")).is_open());
-  EXPECT_EQ(folder.read("elsewhere"), "content");
+TEST(EmptyFile, HasNothingToDoForADevice) {
+  EXPECT_TRUE(empty_file(open_to_write("/dev/null").handle));
 }
 
-TEST(OpenInPlace, EmptiesOrCreatesTheFileItself) {
+TEST(EmptyFile, FailsForAClosedHandle) {
+  EXPECT_FALSE(empty_file(file_handle()));
+}
+
+TEST(Identity, IsTheSameUnderEveryNameOfAFile) {
   const scratch_folder folder;
-  folder.write("a", "long content");
-  write_bytes(open_to_write_in_place(folder.path("a")), bytes("new"));
-  write_bytes(open_to_write_in_place(folder.path("b")), bytes("new"));
-  EXPECT_EQ(folder.read("a"), "new");
-  EXPECT_EQ(folder.read("b"), "new");
+  folder.write("a", "content");
+  folder.write("b", "content");
+  std::filesystem::create_hard_link(folder.path("a"), folder.path("hard"));
+  std::filesystem::create_symlink("a", folder.path("soft"));
+  EXPECT_EQ(identity_at(folder.path("hard")), identity_at(folder.path("a")));
+  EXPECT_EQ(identity_at(folder.path("soft")), identity_at(folder.path("a")));
+  EXPECT_EQ(open_to_read(folder.path("hard")).identity, identity_at(folder.path("a")));
+  EXPECT_NE(identity_at(folder.path("b")), identity_at(folder.path("a")));
+  EXPECT_EQ(identity_at(folder.path("missing")), std::nullopt);
+}
+
+TEST(WriteBytes, TellsHowManyTheSystemTook) {
+  EXPECT_EQ(write_bytes(open_to_write("/dev/full").handle, bytes("lost")), 0U);
+}
+
+TEST(WriteBytes, WaitsForAReaderInNonBlockingMode) {
+  std::array<int, 2> ends{};
+  ASSERT_EQ(::pipe2(ends.data(), O_NONBLOCK), 0);
+  const file_handle reader(ends[0]);
+  const std::string text(1 << 20, 'x');
+  std::size_t written = 0;
+  std::thread writer([&] {
+    const file_handle end(ends[1]);
+    written = write_bytes(end, bytes(text));
+  });
+  std::string received;
+  std::string part(65536, '-');
+  pollfd waiting{.fd = reader.descriptor(), .events = POLLIN, .revents = 0};
+  while (::poll(&waiting, 1, 10000) > 0) {
+    const std::size_t got = read_bytes(reader, std::as_writable_bytes(std::span(part)));
+    if (got == 0) {
+      break;
+    }
+    received.append(part, 0, got);
+  }
+  writer.join();
+  EXPECT_EQ(written, text.size());
+  EXPECT_EQ(received, text);
 }
 
 TEST(RegularFileSize, IsThatOfTheFile) {
@@ -120,7 +175,7 @@ TEST(RegularFileSize, IsMinusOneForAFolderAndForNoFile) {
 
 TEST(FileHandle, HandsItsFileOver) {
   const scratch_folder folder;
-  file_handle first = open_to_write(folder.path("a"));
+  file_handle first = open_to_write(folder.path("a")).handle;
   const int descriptor = first.descriptor();
   file_handle second(std::move(first));
   EXPECT_FALSE(first.is_open());  // NOLINT(bugprone-use-after-move)

@@ -17,26 +17,20 @@ using test::scratch_folder;
 
 class HeaderWriter : public testing::Test {
  protected:
-  /// What the header holds.
+  /// The content of the header.
   [[nodiscard]] std::string written() const { return folder.read("_net.h"); }
 
   scratch_folder folder;
-  parsed_file header = file_in_folder(folder.path(), "_net.h");
-  parsed_file missing = file_in_folder("missing", "_net.h");
+  parse_folder output{.path = "parse", .handle = open_folder(folder.path())};
+  parse_folder missing{.path = "missing"};
+  dvi_desc net = dvi_named("net");
 };
-
-TEST_F(HeaderWriter, NamesAHeaderAfterItsDag) {
-  const auto headers = make_header_paths(".//parse", list_of<dvi_desc>({dvi_named("net"), {}}));
-  EXPECT_EQ(headers.count, 2U);
-  EXPECT_EQ(headers[0].path, ".//parse/_net.h");
-  EXPECT_EQ(headers[1].path, ".//parse/_.h");
-}
 
 TEST_F(HeaderWriter, DeletesTheHeadersOfThePackageAndNoOtherFile) {
   folder.write("_a.h", "old");
   folder.write("_b.h", "old");
   folder.write("_c.h", "kept");
-  make_header_paths(folder.path(), list_of<dvi_desc>({dvi_named("a"), dvi_named("b")}));
+  remove_headers(output, list_of<dvi_desc>({dvi_named("a"), dvi_named("b")}));
   EXPECT_EQ(folder.files(), (std::map<std::string, std::string>{{"_c.h", "kept"}}));
 }
 
@@ -44,15 +38,13 @@ TEST_F(HeaderWriter, DeletesTheHeaderOfADviThatThePackageLacks) {
   folder.write("_.h", "old");
   claimed_list<dvi_desc> dvis = list_of<dvi_desc>({dvi_named("a")});
   dvis.count = 1000000;
-  const auto headers = make_header_paths(folder.path(), dvis);
+  remove_headers(output, dvis);
   EXPECT_FALSE(folder.exists("_.h"));
-  EXPECT_EQ(headers.count, 1000000U);
-  EXPECT_EQ(headers[999999].path, folder.path("_.h"));
 }
 
 TEST_F(HeaderWriter, DeletesNothingWithoutDvis) {
   folder.write("_.h", "kept");
-  EXPECT_EQ(make_header_paths(folder.path(), {}).count, 0U);
+  remove_headers(output, {});
   EXPECT_EQ(folder.read("_.h"), "kept");
 }
 
@@ -66,26 +58,13 @@ TEST_F(HeaderWriter, WritesADefineLineWithTabs) {
             "#define\tp_qubrix_demangled_name\t\"\"\n");
 }
 
-TEST_F(HeaderWriter, AppendsLinesToAHeader) {
-  EXPECT_EQ(append_lines_to_file("one\n", header), 0);
-  EXPECT_EQ(append_lines_to_file("", header), 0);
-  EXPECT_EQ(append_lines_to_file("two\n", header), 0);
-  EXPECT_EQ(written(), "one\ntwo\n");
-}
-
-TEST_F(HeaderWriter, ReportsAHeaderThatCannotBeOpened) {
-  EXPECT_EQ(printed_by([&] { EXPECT_EQ(append_lines_to_file("one\n", missing), -1); }),
-            "can't open file missing/_net.h\n");
-}
-
 TEST_F(HeaderWriter, WritesTheDagBlockOfEveryDvi) {
-  dvi_desc net = dvi_named("net");
   net.dvi_ppv = 255;
   net.dvi_img_vaddr = 4294967295;
   net.dvi_img_size = 100;
   net.dvi_dag_vaddr = 65536;
   const auto dvis = list_of<dvi_desc>({net, dvi_named("b")});
-  write_dag_blocks(make_header_paths(folder.path(), dvis), dvis);
+  write_dag_blocks(output, dvis);
   EXPECT_EQ(written(),
             "#define\tnet_DAG_NAME\t\"net\"\n"
             "#define\tnet_use_ping_pong_vmem\t255\n"
@@ -101,7 +80,7 @@ TEST_F(HeaderWriter, WritesTheDagBlockOfEveryDvi) {
 }
 
 TEST_F(HeaderWriter, WritesNoDagBlockWithoutDvis) {
-  write_dag_blocks({}, {});
+  write_dag_blocks(output, {});
   EXPECT_TRUE(folder.files().empty());
 }
 
@@ -125,7 +104,7 @@ TEST_F(HeaderWriter, WritesEveryMacroOfAPort) {
   port.expbits = 15;
   port.port_size = 16;
   port.port_byte_offset = 17;
-  write_port_blocks(header, dvi_named("net"), list_of<port_desc>({port}), input_ports);
+  write_port_blocks(output, net, list_of<port_desc>({port}), input_ports);
   EXPECT_EQ(written(),
             "\n/* net HMB_input data */\n"
             "#define\tnet_data_qubrix_demangled_name\t\"conv1/relu\"\n"
@@ -155,8 +134,8 @@ TEST_F(HeaderWriter, WritesEveryMacroOfAPort) {
 }
 
 TEST_F(HeaderWriter, WritesOneBlockPerPortInTheirOrder) {
-  write_port_blocks(header, dvi_named("net"),
-                    list_of<port_desc>({port_named("b"), port_named("a")}), output_ports);
+  write_port_blocks(output, net, list_of<port_desc>({port_named("b"), port_named("a")}),
+                    output_ports);
   const std::string text = written();
   EXPECT_TRUE(
       text.starts_with("\n/* net HMB_output b */\n"
@@ -166,37 +145,38 @@ TEST_F(HeaderWriter, WritesOneBlockPerPortInTheirOrder) {
 }
 
 TEST_F(HeaderWriter, EndsANameAtTheWidthOfItsField) {
-  write_smb_blocks(header, dvi_named(std::string(128, 'd')),
-                   list_of<smb_desc>({test::smb_of(std::string(128, 's'), 1)}));
+  const dvi_desc longest = dvi_named(std::string(128, 'd'));
+  write_smb_blocks(output, longest, list_of<smb_desc>({test::smb_of(std::string(128, 's'), 1)}));
   const std::string dag_name(128, 'd');
   const std::string smb_name(128, 's');
-  EXPECT_EQ(written(), "\n/* " + dag_name + " SMB_input " + smb_name + " */\n#define\t" + dag_name +
-                           "_" + smb_name + "_vbase_byte_offset\t1\n");
+  EXPECT_EQ(folder.read("_" + dag_name + ".h"), "\n/* " + dag_name + " SMB_input " + smb_name +
+                                                    " */\n#define\t" + dag_name + "_" + smb_name +
+                                                    "_vbase_byte_offset\t1\n");
 }
 
 TEST_F(HeaderWriter, WritesTheMacrosOfVariablesWithoutTheDagName) {
-  write_variable_blocks(header, list_of<var_desc>({test::variable_of("gain", 8, 16),
-                                                   test::variable_of("bias", 0, 4294967295)}));
+  write_variable_blocks(output, net,
+                        list_of<var_desc>({test::variable_of("gain", 8, 16),
+                                           test::variable_of("bias", 0, 4294967295)}));
   EXPECT_EQ(written(),
             "\n/* $gain */\n#define\tgain_boffset\t8\n#define\tgain_bsize\t16\n"
             "\n/* $bias */\n#define\tbias_boffset\t0\n#define\tbias_bsize\t4294967295\n");
 }
 
 TEST_F(HeaderWriter, WritesTheMacroOfSmbs) {
-  write_smb_blocks(header, dvi_named("net"),
-                   list_of<smb_desc>({test::smb_of("a", 64), test::smb_of("b", 0)}));
+  write_smb_blocks(output, net, list_of<smb_desc>({test::smb_of("a", 64), test::smb_of("b", 0)}));
   EXPECT_EQ(written(),
             "\n/* net SMB_input a */\n#define\tnet_a_vbase_byte_offset\t64\n"
             "\n/* net SMB_input b */\n#define\tnet_b_vbase_byte_offset\t0\n");
 }
 
 TEST_F(HeaderWriter, OpensTheHeaderAlsoForNoRecords) {
-  write_port_blocks(header, {}, {}, input_ports);
+  write_port_blocks(output, net, {}, input_ports);
   EXPECT_EQ(written(), "");
   EXPECT_EQ(printed_by([&] {
-              write_port_blocks(missing, {}, {}, input_ports);
-              write_variable_blocks(missing, {});
-              write_smb_blocks(missing, {}, {});
+              write_port_blocks(missing, net, {}, input_ports);
+              write_variable_blocks(missing, net, {});
+              write_smb_blocks(missing, net, {});
             }),
             "can't open file missing/_net.h\ncan't open file missing/_net.h\n"
             "can't open file missing/_net.h\n");
@@ -205,14 +185,14 @@ TEST_F(HeaderWriter, OpensTheHeaderAlsoForNoRecords) {
 TEST_F(HeaderWriter, ReportsALostCallOnceWhateverItsLength) {
   claimed_list<smb_desc> smbs;
   smbs.count = 20000;
-  EXPECT_EQ(printed_by([&] { write_smb_blocks(missing, dvi_named("net"), smbs); }),
+  EXPECT_EQ(printed_by([&] { write_smb_blocks(missing, net, smbs); }),
             "can't open file missing/_net.h\n");
 }
 
 TEST_F(HeaderWriter, WritesTheBlocksOfRecordsThatThePackageLacks) {
   claimed_list<smb_desc> smbs = list_of<smb_desc>({test::smb_of("a", 64)});
   smbs.count = 20000;
-  write_smb_blocks(header, dvi_named("net"), smbs);
+  write_smb_blocks(output, net, smbs);
   std::string expected = "\n/* net SMB_input a */\n#define\tnet_a_vbase_byte_offset\t64\n";
   for (int i = 1; i < 20000; ++i) {
     expected += "\n/* net SMB_input  */\n#define\tnet__vbase_byte_offset\t0\n";

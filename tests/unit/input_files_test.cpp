@@ -34,7 +34,7 @@ indices indices_of(const std::vector<input_entry>& files) {
   return found;
 }
 
-/// The DVIs of a folder that holds these files, as many as the result tells.
+/// The DVIs of a folder with these files. Checks their number against the result.
 std::vector<input_entry> listed(const names& files) {
   const scratch_folder folder;
   for (const std::string& file : files) {
@@ -105,7 +105,7 @@ TEST(ListInputFiles, AcceptsIndicesByTheGreatestAlone) {
 }
 
 TEST(ListInputFiles, AcceptsNegativeIndicesAndSortsThemFirst) {
-  // Both numbers are too large for 32 bits, and wrap.
+  // Both numbers are too large for 32 bits: the low 32 bits count.
   EXPECT_EQ(indices_of(listed({"a.dvi", "b_split_4294967290.dvi", "c_split_4294967295.dvi"})),
             (indices{-6, -1, 0}));
 }
@@ -137,7 +137,7 @@ TEST(ListInputFiles, DoesNotCountADviThatItLeftOutInTheOrderCheck) {
             "error: filename format is incorrect, can't find file index for file c_split_x.dvi\n");
 }
 
-/// The headers that are found for DVIs in a folder with these files.
+/// The headers of these DVIs in a folder with these files.
 names paired(const names& files, const std::vector<input_entry>& dvis) {
   const scratch_folder folder;
   for (const std::string& file : files) {

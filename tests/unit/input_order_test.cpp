@@ -1,4 +1,4 @@
-// The order of the DVIs in the list, seen against the order in which the folder yields them.
+// The order of the DVIs in the list, compared with the order of the folder.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -16,12 +16,12 @@ using test::record_text;
 
 using file_map = std::map<std::string, std::string>;
 
-/// The package header of this build for so many DVIs.
+/// The package header of this build for this number of DVIs.
 std::string header_bytes(std::uint32_t dvi_num) {
   return record_text(pkg_header{.version = 0x02010006, .HASH = 0x0B3B3814, .dvi_num = dvi_num});
 }
 
-/// A DVI without ports whose image has so many bytes.
+/// A DVI without ports, with an image of this size.
 dvi_desc dvi_with_image(std::string_view name, std::uint32_t size) {
   dvi_desc dvi = dvi_named(name);
   dvi.dvi_img_size = size;

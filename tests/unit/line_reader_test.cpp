@@ -87,7 +87,7 @@ TEST(NextLine, ReadsAgainFromAnEarlierPlace) {
   EXPECT_EQ(printed_by(read_third), length_message("LINE_LEN", too_long));
 }
 
-/// The lines that hold "x" or "y".
+/// The lines that contain "x" or "y".
 lines_list lines_with_x_or_y(std::string_view text) {
   line_reader lines{text};
   std::array keys{sought_key{.key = "x"}, sought_key{.key = "y"}};
@@ -165,7 +165,7 @@ TEST(NextValue, PassesOverAnOverLongLineThatHoldsTheKey) {
             length_message("LINE_LEN", too_long) + length_message("LINE_LEN", too_long));
 }
 
-/// The same line by line.
+/// The same, found line by line.
 lines_list values_line_by_line(std::string_view text, std::string_view key) {
   line_reader lines{text};
   lines_list found;
@@ -180,8 +180,8 @@ lines_list values_line_by_line(std::string_view text, std::string_view key) {
 }
 
 TEST(NextValue, ReportsWhatALookAtEveryLineReports) {
-  // Lines around the limit before, between and after two lines with the key, which themselves are
-  // short, as long as a line may be, or longer.
+  // Lines around the limit are before, between and after two lines with the key. The lines with the
+  // key are short, of the greatest length, or longer.
   const std::size_t fillers[] = {0, 1, 1022, 1023, 1024, 2047, 3100};
   const std::size_t key_lines[] = {6, 1023, 1024};
   for (const std::size_t before : fillers) {

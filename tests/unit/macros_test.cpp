@@ -15,7 +15,7 @@ constexpr macro_row signed_byte{"_s", macro_kind::signed_byte, 4, 1};
 constexpr macro_row third_bit{"_f", macro_kind::bit, 4, 1, 0x04};
 constexpr macro_row guarded_bit{"_g", macro_kind::guarded_bit, 4, 1, 0x20};
 
-/// Ten bytes of 0xAA after a number was stored in them.
+/// Ten bytes of 0xAA, after a number was stored in them.
 std::string stored(const macro_row& row, long number) {
   std::string record(10, '\xAA');
   store_number(std::as_writable_bytes(std::span(record)), row, number);

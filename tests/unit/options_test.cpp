@@ -12,7 +12,7 @@ using test::printed_by;
 
 class ParseOptions : public test::FreshSettings {
  protected:
-  /// Reads these words. What getopt_long itself says goes to diagnostics.
+  /// Reads these words. The messages of getopt_long go to diagnostics.
   int parse(std::vector<std::string> words) {
     test::command_line line(std::move(words));
     int status = 0;

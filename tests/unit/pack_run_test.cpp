@@ -13,7 +13,7 @@ std::string zeros(std::size_t count) {
   return std::string(count, '\0');
 }
 
-/// A header for a DAG with an image of five bytes, and what else it says.
+/// A header of a DAG with an image of five bytes, and further lines.
 std::string header_of(const std::string& name, const std::string& rest = "") {
   return std::string("#define ") + name + "_DAG_NAME " + name + "\n#define " + name +
          "_image_size 5\n" + rest;
@@ -28,7 +28,7 @@ class RunPack : public test::FreshSettings {
     settings.parsedir = folder.path();
   }
 
-  /// Packs the folder. Returns what is printed, with DIR for the folder of the test.
+  /// Packs the folder. Returns the printed text, with DIR for the folder of the test.
   std::string run(int status) {
     const std::string printed = test::printed_by([&] { EXPECT_EQ(run_pack(), status); });
     return test::with_dir(printed, folder.path());

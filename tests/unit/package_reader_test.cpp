@@ -20,16 +20,18 @@ class PackageReader : public testing::Test {
     return open_package(folder.path("net.bin"));
   }
 
-  /// What one read of so many bytes gives.
+  /// The bytes from one read of this size.
   static std::string read(package_reader& package, std::size_t count) {
     std::string text(count, '-');
     text.resize(read_package(package, std::as_writable_bytes(std::span(text))));
     return text;
   }
 
-  /// What extracting so many bytes gives.
+  /// The content of a file after this number of bytes was extracted to it.
   std::string extract(package_reader& package, std::size_t count) {
-    extract_bytes(package, open_to_write(folder.path("image")), count);
+    const writable_file image = open_to_write(folder.path("image"));
+    empty_file(image.handle);
+    extract_bytes(package, image.handle, count);
     return folder.read("image");
   }
 

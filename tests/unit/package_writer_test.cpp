@@ -21,7 +21,7 @@ class PackageWriter : public testing::Test {
  protected:
   void append(std::string_view text) { append_bytes(package, std::as_bytes(std::span(text))); }
 
-  /// Appends bytes of a file of the folder. Returns what is printed.
+  /// Appends bytes of a file in the folder. Returns the printed text.
   std::string copy(std::string_view name, std::int32_t count, int status) {
     return printed_by(
         [&] { EXPECT_EQ(read_file_bytes(package, folder.path(name), count), status); });
@@ -33,7 +33,7 @@ class PackageWriter : public testing::Test {
   }
 
   scratch_folder folder;
-  package_writer package{.file = open_to_write(folder.path("package"))};
+  package_writer package{.file = open_to_write(folder.path("package")).handle};
 };
 
 TEST_F(PackageWriter, WritesBytesInTheirOrder) {
@@ -123,14 +123,14 @@ TEST_F(PackageWriter, GetsNoBytesFromAFolder) {
 /// Fills a pipe with a text while the test reads from it.
 std::thread fill_pipe(const std::string& path, const std::string& text) {
   EXPECT_EQ(::mkfifo(path.c_str(), 0600), 0);
-  // Opened for both, so that neither end waits for the other to open.
+  // Opened to read and write, so that neither end waits for the other.
   const int descriptor = ::open(path.c_str(), O_RDWR);
   return std::thread(
       [descriptor, text] { write_bytes(file_handle(descriptor), std::as_bytes(std::span(text))); });
 }
 
 TEST_F(PackageWriter, CutsOffAgainWhatAFileOfUnknownSizeLacks) {
-  // Larger than the buffer, so that the first part of it is in the file before its end is met.
+  // Larger than the buffer, so that its first part is written before its end is read.
   const std::string too_short(2 * 256 * 1024, 'i');
   append("x");
   std::thread writer = fill_pipe(folder.path("a.dvi"), too_short);

@@ -20,7 +20,7 @@ ports_list parsed(std::string_view header, const port_class& ports_class = input
   return ports;
 }
 
-/// The one port "a" whose block holds these lines.
+/// The only port of a header, "a", with these lines in its block.
 port_desc parsed_a(std::string_view block) {
   const ports_list ports = parsed(std::string("/* net HMB_input a */\n").append(block));
   EXPECT_EQ(ports.size(), 1U);

@@ -1,5 +1,4 @@
-// What the code under test prints, the message that many of its parts print alike, and lines that
-// are long enough for it.
+// The output of the code under test, the message about texts that are too long, and long lines.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,7 +8,7 @@
 
 namespace morvane::test {
 
-/// What an action writes to standard output.
+/// The standard output of an action.
 template <class Action>
 std::string printed_by(const Action& action) {
   testing::internal::CaptureStdout();
@@ -17,14 +16,14 @@ std::string printed_by(const Action& action) {
   return testing::internal::GetCapturedStdout();
 }
 
-/// The line about a text that is longer than the limit of a name.
+/// The message for a text that is longer than the limit of this name.
 inline std::string length_message(std::string_view limit_name, std::string_view text) {
   std::string line = "error: please increase length limit of MACRO [";
   line.append(limit_name).append("] for string \"").append(text);
   return line.append("\" with length [").append(std::to_string(text.size())).append("]\n");
 }
 
-/// A text with DIR wherever it names the folder.
+/// A text with the path of the folder replaced by DIR.
 inline std::string with_dir(std::string text, std::string_view folder) {
   for (std::size_t at = 0; (at = text.find(folder)) != std::string::npos;) {
     text.replace(at, folder.size(), "DIR");
@@ -32,7 +31,7 @@ inline std::string with_dir(std::string text, std::string_view folder) {
   return text;
 }
 
-/// A line that begins so and is filled up to a length with a last word of "x".
+/// A line of this length: the text and a last word of "x".
 inline std::string line_of_length(std::string_view begin, std::size_t length) {
   std::string line(begin);
   line.append(" ");

@@ -13,14 +13,14 @@ namespace {
 
 using test::record_text;
 
-/// A field as it must stand in the bytes of a record.
+/// The offset of a field and its expected bytes.
 struct placed_field {
   const char* name;
   std::size_t offset;
   std::string bytes;
 };
 
-/// The fields must stand in the record at their offsets, one after the other and to its end.
+/// Checks that a record consists of these fields, in this order and without padding.
 void expect_fields(const std::string& record, const std::vector<placed_field>& fields) {
   std::size_t end = 0;
   for (const placed_field& field : fields) {
@@ -31,7 +31,7 @@ void expect_fields(const std::string& record, const std::vector<placed_field>& f
   EXPECT_EQ(record.size(), end);
 }
 
-/// A text or the low bytes of a number, and NULs up to the width of its field.
+/// A text or the low bytes of a number, with NULs up to the width of the field.
 std::string filled(std::string_view text, std::size_t width) {
   std::string field(text);
   field.resize(width);

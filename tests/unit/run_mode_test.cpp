@@ -25,7 +25,7 @@ class SelectRunMode : public test::FreshSettings {
     return status;
   }
 
-  /// Whether the usage text was printed, after these lines and nothing else.
+  /// Whether exactly these lines and the usage text were printed.
   [[nodiscard]] bool shows_usage(const std::string& before = "") const {
     return output.starts_with(before + usage_begin) &&
            output.ends_with("\t./morvane_gen ...... -c\n\n");

@@ -1,4 +1,4 @@
-// Records of a name and nothing else, lists of records, and the bytes of a record.
+// Records with only a name, lists of records, and the bytes of a record.
 #pragma once
 
 #include <string>
@@ -39,14 +39,14 @@ inline smb_desc smb_of(std::string_view name, std::uint32_t offset) {
   return smb;
 }
 
-/// A list that holds all that it claims.
+/// A list in which all claimed items are present.
 template <class Item>
 claimed_list<Item> list_of(std::vector<Item> items) {
   const std::size_t count = items.size();
   return {.count = count, .present = std::move(items)};
 }
 
-/// The bytes of a record as they stand in a package.
+/// The bytes of a record in a package.
 template <class Record>
 std::string record_text(const Record& record) {
   return {reinterpret_cast<const char*>(&record), sizeof record};

@@ -1,9 +1,10 @@
-// Compiles the package schema, reads a package with the parser that comes of it, and prints what it found
-// in the words of the tool's report.
+// Compiles the package schema, reads a package with the resulting parser, and prints its records in the
+// words of the tool's report.
 //
 //     node report.js SCHEMA PACKAGE plain|vproc IMAGES
 //
-// IMAGES is the folder whose images the package holds, named after the DAGs.
+// The third argument says whether the parser must find a vproc section. IMAGES is the folder of the images
+// that were packed, named after the DAGs.
 const assert = require('assert');
 const fs = require('fs');
 const Module = require('module');
@@ -85,6 +86,10 @@ function vprocBlockLines(dvi, vproc, block) {
   ];
 }
 
+function vprocs(parsed) {
+  return parsed.vprocSection === undefined ? [] : parsed.vprocSection.vprocs;
+}
+
 function reportLines(parsed) {
   const { versionMajor, versionMinor, versionPatch, hash, dviNum } = parsed.header;
   return [
@@ -94,12 +99,12 @@ function reportLines(parsed) {
     ...parsed.dvis.map(dviLine),
     '',
     ...parsed.dvis.flatMap((dvi, i) => dviBlockLines(dvi, parsed.dviBlocks[i])),
-    ...(parsed.vprocs || []).flatMap((vproc, i) =>
-      vprocBlockLines(parsed.dvis[i], vproc, parsed.vprocBlocks[i])),
+    ...vprocs(parsed).flatMap((vproc, i) =>
+      vprocBlockLines(parsed.dvis[i], vproc, parsed.vprocSection.vprocBlocks[i])),
   ];
 }
 
-// What the report does not print.
+// Checks what the report does not print.
 function checkTheRest(parsed, images) {
   parsed.dvis.forEach((dvi, i) => {
     const image = fs.readFileSync(path.join(images, `${dvi.dagName}.dvi`));
@@ -109,7 +114,7 @@ function checkTheRest(parsed, images) {
       assert.deepStrictEqual([port.reservedBits, ...port.reserved], [0, 0, 0]);
     }
   });
-  for (const vproc of parsed.vprocs || []) {
+  for (const vproc of vprocs(parsed)) {
     assert.strictEqual(vproc.vprocRecordsSize, 136 * vproc.variableNum + 132 * vproc.smbNum);
   }
   assert(parsed._io.isEof(), 'bytes after the last record');
@@ -118,7 +123,8 @@ function checkTheRest(parsed, images) {
 async function main([schema, packagePath, section, images]) {
   const MorvanePackage = await compileSchema(schema);
   const stream = new KaitaiStream(fs.readFileSync(packagePath));
-  const parsed = new MorvanePackage(stream, null, null, section === 'vproc');
+  const parsed = new MorvanePackage(stream);
+  assert.strictEqual(vprocs(parsed).length, section === 'vproc' ? parsed.header.dviNum : 0);
   checkTheRest(parsed, images);
   console.log(reportLines(parsed).join('\n'));
 }

@@ -1,9 +1,10 @@
 /*
  * The records of a morvane_gen package, for programs that write or load one.
  *
- * Plain C99 and C++. All integers are little-endian. A record stands in the file exactly as it
- * stands in memory: no padding inside a record, none between records. Widths and offsets are in
- * bytes.
+ * Plain C99 and C++. All integers are little-endian. There is no padding, neither inside a record
+ * nor between records. On a little-endian host, a record in the file has the same bytes as in
+ * memory. Records in a file are not aligned: copy the bytes of one with memcpy before you use it.
+ * Widths and offsets are in bytes.
  *
  *     +-------------------------------+  0
  *     | pkg_header                    |  12
@@ -14,7 +15,7 @@
  *     |   port_desc x input_num       |    1080 each
  *     |   port_desc x output_num      |    1080 each
  *     |   image                       |    dvi_img_size
- *     +-------------------------------+  only in a package that was written with vproc records:
+ *     +-------------------------------+  only in a package with a vproc section:
  *     | vproc_desc x dvi_num          |  12 each
  *     +-------------------------------+
  *     | vproc block x dvi_num         |  vproc_records_size each:
@@ -22,9 +23,8 @@
  *     |   smb_desc x smb_num          |    132 each
  *     +-------------------------------+
  *
- * Nothing in the file vouches for it: there is no magic number, checksum or end mark, and the file
- * does not say whether its vproc records are there. Check every count against the length of the
- * file.
+ * The file has no magic number, checksum or end mark: check every count against its length. Bytes
+ * after the DVI blocks are the vproc section.
  */
 #ifndef MORVANE_PACKAGE_FORMAT_H
 #define MORVANE_PACKAGE_FORMAT_H
@@ -48,7 +48,7 @@ enum {
  */
 struct morvane_pkg_header {
   uint32_t version; /* of the tool: major in bits 31..24, minor in 23..16, patch in 15..0 */
-  uint32_t HASH;    /* source revision of the tool, as a number */
+  uint32_t HASH;    /* source revision of the tool: the hexadecimal digits, read as a number */
   uint32_t dvi_num; /* number of DVIs in the file */
 };
 
@@ -61,17 +61,17 @@ struct morvane_pkg_header {
  *     +---+---+---+---+-------+-------+-------+-------+-------+-------+-----------------+
  */
 struct morvane_dvi_desc {
-  uint8_t dvi_id;         /* low byte of the file index, the number after "_split_" */
+  uint8_t dvi_id;         /* low byte of the file index, a number in the file's name */
   uint8_t vproc_id;       /* low byte of the position in the package, from 0 */
   uint8_t dvi_ppv;        /* use of ping-pong vector memory */
   uint8_t reserved;       /* 0 */
-  uint32_t dvi_img_vaddr; /* where the target's memory plan puts the image; no file offset */
-  uint32_t dvi_img_size;  /* bytes of image in the DVI's block */
-  uint32_t dvi_dag_vaddr; /* where the target's memory plan puts the DAG binary; no file offset */
-  uint32_t input_num;     /* port_desc records of input ports in the DVI's block */
-  uint32_t output_num;    /* port_desc records of output ports in the DVI's block */
-  uint32_t dvi_pkg_size;  /* bytes of the DVI's block, modulo 2^32 */
-  char dag_name[MORVANE_NAME_WIDTH]; /* name of the DAG: text, as all names */
+  uint32_t dvi_img_vaddr; /* address of the image on the target; not a file offset */
+  uint32_t dvi_img_size;  /* size of the image in the DVI's block */
+  uint32_t dvi_dag_vaddr; /* address of the DAG binary on the target; not a file offset */
+  uint32_t input_num;     /* number of input ports in the DVI's block */
+  uint32_t output_num;    /* number of output ports in the DVI's block */
+  uint32_t dvi_pkg_size;  /* size of the DVI's block, modulo 2^32 */
+  char dag_name[MORVANE_NAME_WIDTH]; /* name of the DAG: UTF-8, not checked, as all names */
 };
 
 /* The bits of morvane_port_desc.flags. Bits 6 and 7 are 0. */
@@ -101,22 +101,22 @@ enum {
  *     +-------------------------------+-------------------------------+
  */
 struct morvane_port_desc {
-  uint32_t P; /* the four dims, as the compiler gives them */
+  uint32_t P; /* the four dims */
   uint32_t D;
   uint32_t H;
   uint32_t W;
   uint32_t pitch;              /* pitch of D, in bytes */
-  uint8_t dram_format;         /* the compiler's number of the format in DRAM */
+  uint8_t dram_format;         /* the compiler's number for the format in DRAM */
   uint8_t flags;               /* MORVANE_PORT_... */
   uint8_t reserved[2];         /* 0 */
-  uint32_t drotate_bit_offset; /* the five bit offsets, in bits, */
-  uint32_t hflip_bit_offset;   /* that belong to the flags */
+  uint32_t drotate_bit_offset; /* the bit offsets of the five flags */
+  uint32_t hflip_bit_offset;
   uint32_t vflip_bit_offset;
   uint32_t dflip_bit_offset;
   uint32_t pflip_bit_offset;
-  uint8_t sign;                           /* the data format: sign; 255 when not given, */
-  uint8_t datasize;                       /* data size; 255 when not given, */
-  int8_t expoffset;                       /* exponent offset; -1 when not given, */
+  uint8_t sign;                           /* data format: sign; 255 when not given */
+  uint8_t datasize;                       /* data size; 255 when not given */
+  int8_t expoffset;                       /* exponent offset; -1 when not given */
   uint8_t expbits;                        /* exponent bits; 255 when not given */
   uint32_t port_size;                     /* size of the port in DRAM, in bytes */
   uint32_t port_byte_offset;              /* offset of the port's base, in bytes */
@@ -125,7 +125,7 @@ struct morvane_port_desc {
 };
 
 /*
- * The vproc records of the DVI at the same position.
+ * How many vproc records belong to the DVI at the same position in the DVI table.
  *
  *      0        4       8       12
  *     +--------+-------+-------+
@@ -133,9 +133,9 @@ struct morvane_port_desc {
  *     +--------+-------+-------+
  */
 struct morvane_vproc_desc {
-  uint32_t variable_num;       /* var_desc records in the vproc block */
-  uint32_t smb_num;            /* smb_desc records in the vproc block */
-  uint32_t vproc_records_size; /* bytes of the vproc block, modulo 2^32 */
+  uint32_t variable_num;       /* number of variables in the vproc block */
+  uint32_t smb_num;            /* number of SMB blocks in the vproc block */
+  uint32_t vproc_records_size; /* size of the vproc block, modulo 2^32 */
 };
 
 /*
@@ -165,7 +165,7 @@ struct morvane_smb_desc {
   uint32_t vbase_byte_offset;        /* offset, in bytes */
 };
 
-/* C99 has no static assertion: an array of -1 elements stops the compiler just as well. */
+/* C99 has no static assertion. An array of -1 elements stops the compiler in the same way. */
 #define MORVANE_SIZE_IS(record, width) \
   typedef char record##_is_##width##_bytes[sizeof(struct record) == (width) ? 1 : -1]
 #define MORVANE_STANDS_AT(record, field, offset) \

@@ -20,9 +20,11 @@
  * as the view, or anything taken from it, is in use. Offsets are counted from the begin of the
  * package. All offsets, widths and sizes are in bytes.
  *
+ * Fields have the names that they have in package_format.h; numbers of one byte are widened.
+ *
  * Every function returns MORVANE_VIEW_OK, which is 0, or a negative status, unless its comment says
- * otherwise. After a negative status the out parameters are as they were, unless said otherwise.
- * Out parameters must lie outside the package. No pointer may be NULL unless said otherwise.
+ * otherwise. After a negative status what the out parameters hold means nothing, unless said
+ * otherwise. Out parameters must lie outside the package. No pointer may be NULL unless said otherwise.
  */
 #ifndef MORVANE_PACKAGE_VIEW_H
 #define MORVANE_PACKAGE_VIEW_H
@@ -99,10 +101,10 @@ struct morvane_bytes {
 /* A DVI: a position of the walk over all DVIs, and the fields of its records. */
 struct morvane_view_dvi {
   uint32_t position; /* in the package, from 0 */
-  uint8_t dvi_id;    /* as in morvane_dvi_desc, up to dag_name */
-  uint8_t vproc_id;
-  uint8_t dvi_ppv;
-  uint8_t reserved;
+  uint32_t dvi_id;   /* as in morvane_dvi_desc, up to dag_name */
+  uint32_t vproc_id;
+  uint32_t dvi_ppv;
+  uint32_t reserved;
   uint32_t dvi_img_vaddr;
   uint32_t dvi_img_size;
   uint32_t dvi_dag_vaddr;
@@ -126,18 +128,18 @@ struct morvane_view_port {
   uint32_t H;
   uint32_t W;
   uint32_t pitch;
-  uint8_t dram_format;
-  uint8_t flags; /* MORVANE_PORT_... */
-  uint8_t reserved[2];
+  uint32_t dram_format;
+  uint32_t flags; /* MORVANE_PORT_... */
+  uint32_t reserved[2];
   uint32_t drotate_bit_offset;
   uint32_t hflip_bit_offset;
   uint32_t vflip_bit_offset;
   uint32_t dflip_bit_offset;
   uint32_t pflip_bit_offset;
-  uint8_t sign;
-  uint8_t datasize;
-  int8_t expoffset;
-  uint8_t expbits;
+  uint32_t sign;
+  uint32_t datasize;
+  int32_t expoffset;
+  uint32_t expbits;
   uint32_t port_size;
   uint32_t port_byte_offset;
   struct morvane_text port_name;
@@ -177,8 +179,8 @@ int morvane_view_need_vproc(const struct morvane_view* view);
  * package. */
 int morvane_view_first(const struct morvane_view* view, struct morvane_view_dvi* dvi);
 
-/* Steps from a DVI to the next one. MORVANE_VIEW_OUT_OF_RANGE after the last. Takes the same time
- * for every package. */
+/* Steps from a DVI to the next one. MORVANE_VIEW_OUT_OF_RANGE after the last, where dvi stays.
+ * Takes the same time for every package. */
 int morvane_view_next(const struct morvane_view* view, struct morvane_view_dvi* dvi);
 
 /* The first DVI whose dag_name is a C string. MORVANE_VIEW_NOT_FOUND when there is none. dvi is set

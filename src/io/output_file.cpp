@@ -1,0 +1,70 @@
+#include "io/output_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace morvane {
+
+namespace {
+
+file_handle create_new(const file_handle& folder, const std::string& name) {
+  return open_at(folder.descriptor(), name, O_WRONLY | O_CREAT | O_EXCL);
+}
+
+/// Opens what stands under a name, unless that is a symbolic link. Does not wait for the reader of
+/// a pipe.
+file_handle open_existing(const file_handle& folder, const std::string& name, int flags) {
+  return open_at(folder.descriptor(), name, O_WRONLY | O_NOFOLLOW | O_NONBLOCK | flags);
+}
+
+bool is_regular_with_one_name(const struct stat& status) {
+  return S_ISREG(status.st_mode) && status.st_nlink == 1;
+}
+
+/// For a folder that does not let go of its files.
+file_handle empty_existing(const file_handle& folder, const std::string& name,
+                           const file_identity& kept) {
+  file_handle file = open_existing(folder, name, 0);
+  const std::optional<struct stat> status = status_of(file);
+  const bool usable = status && is_regular_with_one_name(*status) && identity_in(*status) != kept &&
+                      empty_file(file);
+  return usable ? std::move(file) : file_handle();
+}
+
+}  // namespace
+
+file_handle open_folder(const std::string& path) {
+  return open_at(AT_FDCWD, path, O_PATH | O_DIRECTORY);
+}
+
+file_handle create_file(const file_handle& folder, const std::string& name,
+                        const file_identity& kept) {
+  file_handle file = create_new(folder, name);
+  if (file.is_open() || errno != EEXIST) {
+    return file;
+  }
+  return remove_file(folder, name, kept) ? create_new(folder, name)
+                                         : empty_existing(folder, name, kept);
+}
+
+file_handle reopen_file(const file_handle& folder, const std::string& name,
+                        const created_file& created) {
+  file_handle file = open_existing(folder, name, O_APPEND);
+  const std::optional<struct stat> status = status_of(file);
+  // A file that took the place of a deleted one may get its inode, but hardly its size.
+  const bool is_the_same = status && is_regular_with_one_name(*status) &&
+                           identity_in(*status) == created.identity &&
+                           static_cast<std::uint64_t>(status->st_size) == created.size;
+  return is_the_same ? std::move(file) : file_handle();
+}
+
+bool remove_file(const file_handle& folder, const std::string& name, const file_identity& kept) {
+  struct stat status {};
+  return ::fstatat(folder.descriptor(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+         identity_in(status) != kept && ::unlinkat(folder.descriptor(), name.c_str(), 0) == 0;
+}
+
+}  // namespace morvane

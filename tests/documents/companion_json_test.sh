@@ -1,0 +1,55 @@
+# The JSON that morvane writes fits the schemas that are installed with it, and its SARIF fits the published
+# schema: for sound, damaged and unreadable packages and for names that are neither text nor UTF-8. The
+# argument is the folder of the node packages, which are fetched once.
+source "$SOURCE/tests/documents/test_folder.sh"
+source "$SOURCE/tests/documents/sample_packages.sh"
+source "$SOURCE/tests/documents/node_packages.sh"
+
+tests=$SOURCE/tests/documents/validator
+packages=$1
+fetch_packages "$tests" "$packages"
+
+# fits SCHEMA DOCUMENT ...
+fits() {
+  (cd "$packages" && node "$tests/validate.js" "$@")
+}
+
+size=$(stat -c %s vproc.bin)
+head -c 5 vproc.bin >header_cut.bin
+head -c $((size / 2)) vproc.bin >cut.bin
+head -c $((size - 1)) vproc.bin >smbs_cut.bin
+cat vproc.bin <(printf x) >longer.bin
+printf '\6\0\1\2\0\0\0\0\0\0\0\0' >no_dvis.bin
+# Not UTF-8, a quote, a control character and a backslash at the begin of the first DAG name.
+cp vproc.bin hostile.bin
+printf '\377"\1\\' | dd of=hostile.bin bs=1 seek=40 conv=notrunc status=none
+odd=$(printf 'a b%%:\377.bin')
+cp vproc.bin "$odd"
+files=(plain.bin vproc.bin header_cut.bin cut.bin smbs_cut.bin longer.bin no_dvis.bin hostile.bin "$odd")
+
+number=0
+for file in "${files[@]}"; do
+  number=$((number + 1))
+  status=0
+  morvane show --json --quiet "$file" >shown_$number.json || status=$?
+  [ $status -le 1 ] || fail "morvane show $file ends with $status"
+  morvane show --json --digest --quiet "$file" >digests_$number.json || [ $? -eq $status ]
+  options=$(sed -n ${number}p <<<"--notes
+--notes --require-vproc
+--forbid-vproc")
+  # shellcheck disable=SC2086
+  morvane check $options --format json "${files[@]}" missing.bin >check_$number.json 2>reasons || [ $? -eq 2 ]
+  # shellcheck disable=SC2086
+  morvane check $options --format sarif "${files[@]}" missing.bin >check_$number.sarif 2>reasons || [ $? -eq 2 ]
+done
+fits "$SOURCE/docs/package.schema.json" "$PWD"/{shown,digests}_*.json || fail "the JSON of show"
+fits "$SOURCE/docs/findings.schema.json" "$PWD"/check_*.json || fail "the JSON of check"
+fits sarif "$PWD"/check_*.sarif || fail "the SARIF of check"
+
+# The validator does see what is wrong.
+sed 's/"claimed": [0-9]*/"claimed": "much"/' <(morvane show --json -q cut.bin) >bad.json
+! fits "$SOURCE/docs/package.schema.json" "$PWD/bad.json" 2>found || fail "a text passes as a number"
+sed 's/"severity": "error"/"severity": "fatal"/' check_1.json >bad.json
+! fits "$SOURCE/docs/findings.schema.json" "$PWD/bad.json" 2>found || fail "a severity that does not exist passes"
+sed 's/"level": "error", "message"/"level": "fatal", "message"/' check_1.sarif >bad.json
+! fits sarif "$PWD/bad.json" 2>found || fail "a level that does not exist passes"

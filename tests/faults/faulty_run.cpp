@@ -1,0 +1,53 @@
+#include "faults/faulty_run.h"
+
+#include <sstream>
+
+#include "harness/scratch_folder.h"
+
+namespace morvane::test {
+
+namespace {
+
+/// The tool's command with the library preloaded. A sanitizer's runtime asks to be the first
+/// library; it works as the second one too.
+std::vector<std::string> with_library(const std::string& request,
+                                      const std::vector<std::string>& arguments) {
+  std::vector<std::string> words = {"env", "LD_PRELOAD=" MORVANE_FAULT_LIBRARY,
+                                    "ASAN_OPTIONS=verify_asan_link_order=0", request};
+  const std::vector<std::string> tool = tool_words(arguments);
+  words.insert(words.end(), tool.begin(), tool.end());
+  return words;
+}
+
+}  // namespace
+
+std::string error_effect(int error) {
+  return std::to_string(error);
+}
+
+bool can_make_faults() {
+  return run_prefix().empty();
+}
+
+run_result run_tool_with(const fault& fault, const std::vector<std::string>& arguments,
+                         const std::string& folder) {
+  const std::string request = "MORVANE_FAULT=" + fault.kind + ":" + std::to_string(fault.number) +
+                              (fault.from_then_on ? "+" : "") + ":" + fault.effect;
+  return run_program(with_library(request, arguments), folder);
+}
+
+std::map<std::string, unsigned> calls_of(const std::vector<std::string>& arguments,
+                                         const std::string& folder) {
+  const scratch_folder scratch;
+  run_program(with_library("MORVANE_FAULT_COUNTS=" + scratch.path("counts"), arguments), folder);
+  std::istringstream lines(scratch.read("counts"));
+  std::map<std::string, unsigned> counts;
+  std::string kind;
+  unsigned number = 0;
+  while (lines >> kind >> number) {
+    counts[kind] = number;
+  }
+  return counts;
+}
+
+}  // namespace morvane::test

@@ -1,0 +1,9 @@
+# After the demonstration on a fresh copy of the tree, everything that is installed has been built.
+source "$SOURCE/tests/documents/test_folder.sh"
+
+mkdir tree
+tar -C "$SOURCE" --exclude='./build*' --exclude=./dist --exclude=./.git -cf - . | tar -C tree -xf -
+tree/scripts/demo.sh >log 2>&1 || fail "$(<log)"
+cmake --install tree/build --prefix prefix >log 2>&1 || fail "$(<log)"
+prefix/bin/morvane_gen --version >version || [ $? -eq 1 ]
+grep -q '^version 2\.1\.6' version || fail "the installed tool does not start"

@@ -1,0 +1,27 @@
+# What an installation consists of, besides the documents.
+source "$SOURCE/tests/documents/test_folder.sh"
+
+cmake --install "$BUILD" --prefix prefix >log 2>&1 || fail "$(<log)"
+
+cat >expected <<'END'
+bin/morvane_gen
+include/morvane/package_format.h
+include/morvane/package_view.h
+lib/ARCHITECTURE/cmake/morvane_view/morvane_viewConfig-release.cmake
+lib/ARCHITECTURE/cmake/morvane_view/morvane_viewConfig.cmake
+lib/ARCHITECTURE/cmake/morvane_view/morvane_viewConfigVersion.cmake
+lib/ARCHITECTURE/libmorvane_view.a
+lib/ARCHITECTURE/morvane-gen/libmorvane.so
+lib/ARCHITECTURE/morvane-gen/morvane_gen
+lib/ARCHITECTURE/pkgconfig/morvane-view.pc
+share/bash-completion/completions/morvane_gen
+share/man/man1/morvane_gen.1.gz
+share/zsh/site-functions/_morvane_gen
+END
+(cd prefix && find . ! -type d ! -path './share/doc/*' | sed 's,^\./,,; s,^lib/[^/]*-linux-gnu/,lib/ARCHITECTURE/,' |
+  LC_ALL=C sort) >found
+same "installed files" expected found
+
+prefix/bin/morvane_gen --version >version || [ $? -eq 1 ]
+grep -q '^version 2\.1\.6' version || fail "the installed tool does not start"
+zcat prefix/share/man/man1/morvane_gen.1.gz | cmp - "$SOURCE/docs/morvane_gen.1"
