@@ -4,7 +4,7 @@
 #     scripts/bench.sh [--quick] [ROW ...]
 #
 # --quick     a smoke run with little data and few pairs; its figures mean nothing
-# ROW         the rows to measure, all by default
+# ROW         the rows to measure, all by default: 1 to 9, and diff and extract, of morvane
 # TMPDIR      where the scratch folder is made: it decides which file system is measured. A full run
 #             needs 5 GiB there.
 #
@@ -20,7 +20,7 @@ for argument in "$@"; do
       pairs=3
       megabytes=8 small_dags=400 few_dags=120 many_dags=1200 many_ports=4000 large_dags=40 starts=20
       ;;
-    [1-9]) rows+=("$argument") ;;
+    [1-9] | diff | extract) rows+=("$argument") ;;
     *)
       echo "usage: scripts/bench.sh [--quick] [ROW ...]" >&2
       exit 2
@@ -46,6 +46,12 @@ build build
 build build-static -DMORVANE_STATIC_RUNTIME=ON
 tool=$PWD/build/morvane_gen
 static_tool=$PWD/build-static/morvane_gen
+companion=$PWD/build/morvane
+if cmake --build build --target help | grep -q morvane_companion; then
+  cmake --build build --parallel "$(nproc)" --target morvane_companion >/dev/null
+else
+  rm -f "$companion"
+fi
 generator=$PWD/tests/bench/compiler_output.awk
 
 scratch=$(mktemp -d "${TMPDIR:-/tmp}/morvane_bench.XXXXXX")
@@ -272,6 +278,30 @@ row_8() {
   done
 }
 
+# pack_images: packs the large images into net.bin.
+pack_images() {
+  "$tool" -d images -f net.bin >report
+}
+
+row_diff() {
+  pack_images
+  cp net.bin copy.bin
+  "$companion" diff net.bin copy.bin >report || fail "equal packages differ"
+  ours=(0 out/report "$companion" diff net.bin copy.bin)
+  yardstick=(0 out/report cmp net.bin copy.bin)
+  compare diff "compare two equal packages of $((4 * megabytes)) MiB" "cmp" "1.0"
+  rm net.bin copy.bin
+}
+
+row_extract() {
+  pack_images
+  "$companion" extract -o - net.bin net_split_1 | cmp - "${images[1]}" || fail "the image differs"
+  ours=(0 out/copy "$companion" extract -o - net.bin net_split_1)
+  yardstick=(0 out/copy cat "${images[1]}")
+  compare extract "extract $megabytes MiB to standard output" "cat of the image into a file" "1.1"
+  rm net.bin
+}
+
 # inspect PACKAGE LINES: inspects into check/parse and checks the length of the report.
 inspect() {
   local lines
@@ -285,12 +315,19 @@ inspect() {
 echo "Times in ms and ratios are medians of $pairs pairs, in brackets the least and the greatest ratio."
 echo "| # | workload | ms | yardstick | ms | ratio | peak MiB | goal |"
 echo "|---|---|---|---|---|---|---|---|"
-if wanted 1 || wanted 2 || wanted 9; then
-  make_images
-fi
-for row in 1 2 9 3 4 5 6 7 8; do
+for row in 1 2 9 diff extract; do
+  if wanted "$row"; then
+    [ -d images ] || make_images
+    if [ -x "$companion" ] || [[ $row == [0-9] ]]; then
+      "row_$row"
+    else
+      note "$row" "morvane $row" "morvane is not built here"
+    fi
+  fi
+done
+rm -rf images
+for row in 3 4 5 6 7 8; do
   if wanted "$row"; then
     "row_$row"
   fi
-  [ "$row" != 9 ] || rm -rf images
 done

@@ -128,6 +128,7 @@ constexpr std::array commands{
 /// Declares a command. The runner is kept when the command line asks for that command.
 void add_command(CLI::App& program, const command& row, console& streams, command_runner& chosen) {
   CLI::App* const app = program.add_subcommand(row.name, row.description);
+  app->group("Commands");
   app->footer(std::string("Example:\n  ") + row.example);
   app->add_flag("-q,--quiet", streams.quiet, "Print nothing but errors");
   const command_runner runner = row.declare(*app);
@@ -177,7 +178,6 @@ int run_command_line(const std::vector<std::string>& arguments) {
   program.set_version_flag("--version", "morvane " + version_text(version_word, revision_hash()));
   program.require_subcommand(1);
   program.get_formatter()->label("SUBCOMMAND", "COMMAND");
-  program.get_formatter()->label("Subcommands", "Commands");
   program.get_formatter()->label("Positionals", "Arguments");
   program.footer(
       "Exit status: 0 fine, 1 findings or differences, 2 wrong usage or a file that "

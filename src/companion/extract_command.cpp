@@ -4,14 +4,11 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdint>
-#include <functional>
-#include <span>
 
-#include "companion/checked_write.h"
 #include "companion/emerging_file.h"
 #include "companion/extractable_images.h"
 #include "companion/held_signals.h"
+#include "companion/image_writing.h"
 #include "companion/opened_package.h"
 #include "companion/package_walk.h"
 #include "companion/printable_text.h"
@@ -23,29 +20,6 @@ namespace morvane::companion {
 namespace {
 
 constexpr std::string_view standard_output_path = "-";
-
-/// How much is written between two looks at what happened meanwhile.
-constexpr std::size_t part_size = std::size_t{1} << 20U;
-
-/// Writes an image part by part, for as long as may_go_on says so. Returns 0 or an errno; EINTR
-/// when it was stopped. The image is only handed to the system: where the package was cut
-/// meanwhile, the system refuses it, and no signal comes.
-int write_image(const opened_package& package, std::span<const std::uint8_t> image, int descriptor,
-                const std::function<bool()>& may_go_on) {
-  while (!image.empty()) {
-    const auto part = image.first(std::min(part_size, image.size()));
-    package.bytes.fetch(part);
-    if (const int error = write_checked(descriptor, part); error != 0) {
-      return error;
-    }
-    if (!may_go_on()) {
-      return EINTR;
-    }
-    package.bytes.release(part);
-    image = image.subspan(part.size());
-  }
-  return 0;
-}
 
 /// EFAULT means that the package is not as long as it was.
 int report_write_error(const opened_package& package, std::string_view target, int error) {
@@ -59,15 +33,16 @@ int report_write_error(const opened_package& package, std::string_view target, i
 /// Writes one image to its file, whole or not at all. A signal ends the program when nothing of an
 /// incomplete file is left.
 int write_file(const opened_package& package, const morvane_view_dvi& dvi,
-               const file_handle& folder, const std::string& name, bool replace) {
+               const file_handle& folder, const std::string& name, const extract_options& options,
+               progress_line& progress) {
   const held_signals signals;
   emerging_file file(folder);
   int error = file.create(name);
   if (error == 0) {
-    error = write_image(package, image_of(package.view, dvi), file.descriptor(),
-                        [&] { return !signals.is_waiting(); });
+    error =
+        write_image(package, image_of(package.view, dvi), file.descriptor(), &signals, progress);
   }
-  return error == 0 ? file.put_in_place(replace) : error;
+  return error == 0 ? file.put_in_place(options.force) : error;
 }
 
 int extract_to_folder(const opened_package& package, const std::vector<morvane_view_dvi>& selected,
@@ -80,7 +55,9 @@ int extract_to_folder(const opened_package& package, const std::vector<morvane_v
   for (const morvane_view_dvi& dvi : selected) {
     const std::string name = image_name(str(dvi.dag_name));
     const std::string path = options.folder == "." ? name : join_path(options.folder, name);
-    const int error = write_file(package, dvi, folder, name, options.force);
+    streams.progress = begin_progress(path, dvi.dvi_img_size, streams.quiet);
+    const int error = write_file(package, dvi, folder, name, options, streams.progress);
+    hide_progress(streams.progress);
     if (error != 0) {
       status = report_write_error(package, path, error);
     } else if (!streams.quiet) {
@@ -90,15 +67,17 @@ int extract_to_folder(const opened_package& package, const std::vector<morvane_v
   return status;
 }
 
-int extract_to_output(const opened_package& package,
-                      const std::vector<morvane_view_dvi>& selected) {
+int extract_to_output(const opened_package& package, const std::vector<morvane_view_dvi>& selected,
+                      console& streams) {
   if (selected.size() != 1) {
     print_message(joined("standard output takes one image, not ", selected.size(),
                          "; name one that morvane extract --list tells"));
     return status_failed;
   }
-  const int error = write_image(package, image_of(package.view, selected.front()), STDOUT_FILENO,
-                                [] { return true; });
+  const auto image = image_of(package.view, selected.front());
+  streams.progress = begin_progress(package.path, image.size(), streams.quiet);
+  const int error = write_image(package, image, STDOUT_FILENO, nullptr, streams.progress);
+  hide_progress(streams.progress);
   return error == 0 ? status_fine : report_write_error(package, "standard output", error);
 }
 
@@ -140,7 +119,7 @@ int run_extract(const extract_options& options, console& streams) {
   if (!to_output) {
     return std::max(status, use_safe_names(package, std::move(selected), options, streams));
   }
-  return missing.empty() ? std::max(status, extract_to_output(package, selected)) : status;
+  return missing.empty() ? std::max(status, extract_to_output(package, selected, streams)) : status;
 }
 
 }  // namespace morvane::companion

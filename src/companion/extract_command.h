@@ -9,11 +9,11 @@
 namespace morvane::companion {
 
 struct extract_options {
-  std::string package;                 // path
-  std::vector<std::string> dag_names;  // none for all
-  std::string folder = ".";            // "-" for standard output
-  bool force = false;                  // replace existing files
-  bool list = false;                   // print the names only
+  std::string package{};                 // path
+  std::vector<std::string> dag_names{};  // none for all
+  std::string folder = ".";              // "-" for standard output
+  bool force = false;                    // replace existing files
+  bool list = false;                     // print the names only
 };
 
 /// Extracts the images. Returns the exit status: status_findings when a name cannot be used, or

@@ -27,27 +27,29 @@ odd=$(printf 'a b%%:\377.bin')
 cp vproc.bin "$odd"
 files=(plain.bin vproc.bin header_cut.bin cut.bin smbs_cut.bin longer.bin no_dvis.bin hostile.bin "$odd")
 
+number=0
 for file in "${files[@]}"; do
+  number=$((number + 1))
   status=0
-  morvane show --json --quiet "$file" >shown.json || status=$?
+  morvane show --json --quiet "$file" >shown_$number.json || status=$?
   [ $status -le 1 ] || fail "morvane show $file ends with $status"
-  morvane show --json --digest --quiet "$file" >digests.json || [ $? -eq $status ]
-  fits "$SOURCE/docs/package.schema.json" "$PWD/shown.json" "$PWD/digests.json" || fail "JSON of $file"
-done
-
-for options in "" "--notes" "--notes --require-vproc" "--forbid-vproc"; do
+  morvane show --json --digest --quiet "$file" >digests_$number.json || [ $? -eq $status ]
+  options=$(sed -n ${number}p <<<"--notes
+--notes --require-vproc
+--forbid-vproc")
   # shellcheck disable=SC2086
-  morvane check $options --format json "${files[@]}" missing.bin >check.json 2>reasons || [ $? -eq 2 ]
+  morvane check $options --format json "${files[@]}" missing.bin >check_$number.json 2>reasons || [ $? -eq 2 ]
   # shellcheck disable=SC2086
-  morvane check $options --format sarif "${files[@]}" missing.bin >check.sarif 2>reasons || [ $? -eq 2 ]
-  fits "$SOURCE/docs/findings.schema.json" "$PWD/check.json" || fail "JSON of check $options"
-  fits sarif "$PWD/check.sarif" || fail "SARIF of check $options"
+  morvane check $options --format sarif "${files[@]}" missing.bin >check_$number.sarif 2>reasons || [ $? -eq 2 ]
 done
+fits "$SOURCE/docs/package.schema.json" "$PWD"/{shown,digests}_*.json || fail "the JSON of show"
+fits "$SOURCE/docs/findings.schema.json" "$PWD"/check_*.json || fail "the JSON of check"
+fits sarif "$PWD"/check_*.sarif || fail "the SARIF of check"
 
 # The validator does see what is wrong.
 sed 's/"claimed": [0-9]*/"claimed": "much"/' <(morvane show --json -q cut.bin) >bad.json
 ! fits "$SOURCE/docs/package.schema.json" "$PWD/bad.json" 2>found || fail "a text passes as a number"
-sed 's/"severity": "error"/"severity": "fatal"/' check.json >bad.json
+sed 's/"severity": "error"/"severity": "fatal"/' check_1.json >bad.json
 ! fits "$SOURCE/docs/findings.schema.json" "$PWD/bad.json" 2>found || fail "a severity that does not exist passes"
-sed 's/"level": "error", "message"/"level": "fatal", "message"/' check.sarif >bad.json
+sed 's/"level": "error", "message"/"level": "fatal", "message"/' check_1.sarif >bad.json
 ! fits sarif "$PWD/bad.json" 2>found || fail "a level that does not exist passes"

@@ -4,14 +4,15 @@ source "$SOURCE/tests/documents/test_folder.sh"
 
 manual=$SOURCE/docs/morvane.1
 
-mandoc -Tlint -W all "$manual" || fail "mandoc finds faults"
+# mandoc does not know of a manual that is not installed.
+mandoc -Tlint -W all "$manual" | grep -v 'referenced manual not found: Xr morvane_gen 1' >faults || true
+[ ! -s faults ] || fail "mandoc finds faults: $(<faults)"
 mandoc -Tascii "$manual" | sed 's/.\x08//g' >page
 
 morvane --help | sed -n '/^Commands:/,/^$/s/^  \([a-z]*\) .*/\1/p' >commands
 [ "$(wc -l <commands)" -ge 2 ] || fail "too few commands in the help"
 while read -r command; do
-  sed -n "/^   [^ ].*morvane $command/,/^   [^ ].*morvane /p" page >section
-  [ -s section ] || fail "the manual leaves out the command $command"
+  grep -q "^   morvane $command\$" page || fail "the manual leaves out the command $command"
   morvane "$command" --help | grep -o '^  -[^ ]*' | tr -d ' ' | tr ',' '\n' >options
   [ "$(wc -l <options)" -ge 3 ] || fail "too few options in the help of $command"
   while read -r option; do

@@ -12,9 +12,9 @@ const [chosen, ...documents] = process.argv.slice(2);
 const isSarif = chosen === 'sarif';
 const schema = JSON.parse(fs.readFileSync(isSarif ? sarif : chosen, 'utf8'));
 
-// SARIF is published as a schema of draft 7, and with words that only other tools know.
-const Ajv = isSarif ? load('ajv') : load('ajv/dist/2020');
-const ajv = new Ajv({ strict: !isSarif, strictTypes: false, allErrors: false });
+// SARIF is published as a schema of draft 4.
+const Ajv = load(isSarif ? 'ajv-draft-04' : 'ajv/dist/2020');
+const ajv = new Ajv({ strict: !isSarif, strictTypes: false, strictRequired: false, unicodeRegExp: false });
 load('ajv-formats')(ajv);
 const fits = ajv.compile(schema);
 
