@@ -20,7 +20,7 @@ for argument in "$@"; do
       pairs=3
       megabytes=8 small_dags=400 few_dags=120 many_dags=1200 many_ports=4000 large_dags=40 starts=20
       ;;
-    [1-9] | diff | extract) rows+=("$argument") ;;
+    [1-9] | diff | extract | pack | packs) rows+=("$argument") ;;
     *)
       echo "usage: scripts/bench.sh [--quick] [ROW ...]" >&2
       exit 2
@@ -293,6 +293,24 @@ row_diff() {
   rm net.bin copy.bin
 }
 
+row_pack() {
+  "$companion" pack images -o net.bin --no-sync --quiet
+  "$tool" -d images -f copy.bin >report
+  cmp net.bin copy.bin || fail "the two programs write different packages"
+  rm net.bin copy.bin
+  ours=(0 out/report "$companion" pack images -o out/net.bin --no-sync)
+  yardstick=(0 out/report "$tool" -d images -f out/net.bin)
+  compare pack "morvane pack, 4 images of $megabytes MiB" "morvane_gen" "1.5, 16 MiB"
+}
+
+row_packs() {
+  make_folder small dags="$small_dags" ports=2 image_size=100
+  ours=(0 out/report "$companion" pack small -o out/net.bin --no-sync)
+  yardstick=(0 out/report "$tool" -d small -f out/net.bin)
+  compare packs "morvane pack, $small_dags DAGs" "morvane_gen" "1.6"
+  rm -rf small
+}
+
 row_extract() {
   pack_images
   "$companion" extract -o - net.bin net_split_1 | cmp - "${images[1]}" || fail "the image differs"
@@ -315,19 +333,24 @@ inspect() {
 echo "Times in ms and ratios are medians of $pairs pairs, in brackets the least and the greatest ratio."
 echo "| # | workload | ms | yardstick | ms | ratio | peak MiB | goal |"
 echo "|---|---|---|---|---|---|---|---|"
-for row in 1 2 9 diff extract; do
+# run_row ROW: measures a row. The rows of morvane have names instead of numbers.
+run_row() {
+  if [[ $1 == [0-9] ]] || [ -x "$companion" ]; then
+    "row_$1"
+  else
+    note "$1" "morvane $1" "morvane is not built here"
+  fi
+}
+
+for row in 1 2 9 diff extract pack; do
   if wanted "$row"; then
     [ -d images ] || make_images
-    if [ -x "$companion" ] || [[ $row == [0-9] ]]; then
-      "row_$row"
-    else
-      note "$row" "morvane $row" "morvane is not built here"
-    fi
+    run_row "$row"
   fi
 done
 rm -rf images
-for row in 3 4 5 6 7 8; do
+for row in 3 4 5 6 7 8 packs; do
   if wanted "$row"; then
-    "row_$row"
+    run_row "$row"
   fi
 done

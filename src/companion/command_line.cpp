@@ -76,10 +76,13 @@ command_runner declare_check(CLI::App& app) {
 command_runner declare_pack(CLI::App& app) {
   const auto options = std::make_shared<pack_options>();
   add_text(app, "FOLDER", options->folder, "The compiler's output folder")->required();
-  add_text(app, "-o,--output", options->package, "The package to write")->required();
+  add_text(app, "-o,--output", options->package, "The package to write")
+      ->required()
+      ->type_name("FILE");
   app.add_flag("--vproc", options->vproc, "Write vproc records too");
   app.add_flag("--werror", options->warnings_are_errors, "Treat warnings as errors");
-  add_text(app, "--depfile", options->depfile, "Write a dependency file for Make and Ninja");
+  add_text(app, "--depfile", options->depfile, "Write a dependency file for Make and Ninja")
+      ->type_name("FILE");
   app.add_flag_callback(
       "--no-sync", [options] { options->sync = false; },
       "Do not wait until the package is on the disk");
