@@ -30,6 +30,11 @@ class package_bytes {
   /// exist are ignored: another program may have changed the counts in the file.
   void release(std::size_t offset, std::uint64_t count) const;
 
+  /// The same of a part of the bytes.
+  void release(std::span<const std::uint8_t> part) const {
+    release(static_cast<std::size_t>(part.data() - data_), part.size());
+  }
+
   /// Asks the system for a part of the bytes at once, instead of page by page where they are read.
   void fetch(std::span<const std::uint8_t> part) const;
 
