@@ -39,7 +39,9 @@ void tell_differences(const opened_package& old_package, const opened_package& n
   if (!is_told || is_damaged(old_package) || is_damaged(new_package)) {
     const auto found = compare_bytes({old_package.bytes, old_package.bytes.bytes()},
                                      {new_package.bytes, new_package.bytes.bytes()});
-    sink({{}, *found});
+    if (found) {  // it is missing when somebody changes a package meanwhile
+      sink({{}, *found});
+    }
   }
   hide_progress(streams.progress);
 }

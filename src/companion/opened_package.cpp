@@ -23,19 +23,15 @@ void warn_of_damage(const opened_package& package, std::string_view participle, 
 }
 
 void release_dvi(const opened_package& package, const morvane_view_dvi& dvi) {
-  const auto bytes = package.bytes.bytes();
-  const auto image = image_of(package.view, dvi);
-  const auto end = static_cast<std::size_t>(image.data() + image.size() - bytes.data());
-  package.bytes.release(bytes.subspan(dvi.block, end - dvi.block));
-  if (dvi.vproc_offset != 0) {
-    package.bytes.release(bytes.subspan(dvi.vproc_block, dvi.vproc_records_size));
-  }
+  const std::uint64_t ports = std::uint64_t{dvi.input_num} + dvi.output_num;
+  package.bytes.release(dvi.block, ports * sizeof(morvane_port_desc) + dvi.dvi_img_size);
+  package.bytes.release(dvi.vproc_block, dvi.vproc_records_size);
 }
 
 std::span<const std::uint8_t> image_of(const morvane_view& view, const morvane_view_dvi& dvi) {
-  morvane_bytes image{.bytes = view.bytes, .size = 0};
-  static_cast<void>(morvane_view_image(&view, &dvi, &image));
-  return {image.bytes, image.size};
+  morvane_bytes image{};
+  const bool is_there = morvane_view_image(&view, &dvi, &image) == MORVANE_VIEW_OK;
+  return {is_there ? image.bytes : view.bytes, is_there ? image.size : 0};
 }
 
 }  // namespace morvane::companion
