@@ -33,11 +33,6 @@ class package_bytes {
     release(static_cast<std::size_t>(part.data() - data_), part.size());
   }
 
-  /// The same of a part of the bytes.
-  void release(std::span<const std::uint8_t> part) const {
-    release(static_cast<std::size_t>(part.data() - data_), part.size());
-  }
-
   /// Asks the system for a part of the bytes at once, instead of page by page where they are read.
   void fetch(std::span<const std::uint8_t> part) const;
 
