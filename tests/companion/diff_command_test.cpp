@@ -44,7 +44,7 @@ TEST(DiffCommand, TellsTheDifferencesAndEndsWithOne) {
 TEST(DiffCommand, FindsADifferenceInTheLastByte) {
   const scratch_folder folder;
   folder.write("old.bin", sound_package());
-  folder.write("new.bin", sound_package().replace(4771, 1, "X"));
+  folder.write("new.bin", sound_package().replace(4771, 1, 1, 'X'));
   expect_outcome(run_morvane({"diff", "old.bin", "new.bin"}, folder.path()), 1,
                  "DVI \"second\": image: 64 bytes, 1 differs, the first at 0x3f\n");
 }
