@@ -20,7 +20,7 @@ for argument in "$@"; do
       pairs=3
       megabytes=8 small_dags=400 few_dags=120 many_dags=1200 many_ports=4000 large_dags=40 starts=20
       ;;
-    [1-9]) rows+=("$argument") ;;
+    [1-9] | 2[123]) rows+=("$argument") ;;
     *)
       echo "usage: scripts/bench.sh [--quick] [ROW ...]" >&2
       exit 2
@@ -45,6 +45,7 @@ require_build
 build build
 build build-static -DMORVANE_STATIC_RUNTIME=ON
 tool=$PWD/build/morvane_gen
+companion=$PWD/build/morvane
 static_tool=$PWD/build-static/morvane_gen
 generator=$PWD/tests/bench/compiler_output.awk
 
@@ -272,6 +273,45 @@ row_8() {
   done
 }
 
+# check_sound PACKAGE: the companion finds nothing in it.
+check_sound() {
+  "$companion" check "$1" >report || fail "checking $1"
+  [ "$(wc -l <report)" -eq 1 ] && grep -q ': sound, ' report || fail "checking $1: $(head -1 report)"
+}
+
+row_21() {
+  "$tool" -d images -f net.bin >report
+  check_sound net.bin
+  ours=(0 out/report "$companion" check net.bin)
+  yardstick=(0 out/report "$companion" --version)
+  compare 21 "check 4 images of $megabytes MiB" "morvane --version" "1.3" "$starts"
+  rm net.bin
+}
+
+row_22() {
+  # Images that reach to the address of the DAG binary.
+  make_folder small dags="$small_dags" ports=2 image_size=300
+  pack small net.bin "$(package_size "$small_dags" 2 300)"
+  check_sound net.bin
+  ours=(0 out/report "$companion" check net.bin)
+  yardstick=(0 /dev/null cat net.bin)
+  compare 22 "check $small_dags DVIs" "cat of the package to /dev/null" "2.0" 10
+  rm -rf small net.bin
+}
+
+row_23() {
+  make_folder large dags="$large_dags" ports=100 image_size=300
+  pack large net.bin "$(package_size "$large_dags" 100 300)"
+  rm -rf large
+  "$companion" show --json net.bin >shown
+  [ "$(grep -c '"port_name"' shown)" -eq $((large_dags * 100)) ] || fail "show leaves out ports"
+  rm shown
+  ours=(0 out/report "$companion" show --json net.bin)
+  yardstick=(1 out/report "$tool" -f net.bin -p out -v)
+  compare 23 "show --json $large_dags DVIs of 100 ports" "morvane_gen -v" "1.0, 16 MiB"
+  rm -f net.bin
+}
+
 # inspect PACKAGE LINES: inspects into check/parse and checks the length of the report.
 inspect() {
   local lines
@@ -285,12 +325,12 @@ inspect() {
 echo "Times in ms and ratios are medians of $pairs pairs, in brackets the least and the greatest ratio."
 echo "| # | workload | ms | yardstick | ms | ratio | peak MiB | goal |"
 echo "|---|---|---|---|---|---|---|---|"
-if wanted 1 || wanted 2 || wanted 9; then
+if wanted 1 || wanted 2 || wanted 9 || wanted 21; then
   make_images
 fi
-for row in 1 2 9 3 4 5 6 7 8; do
+for row in 1 2 9 21 3 4 5 6 7 8 22 23; do
   if wanted "$row"; then
     "row_$row"
   fi
-  [ "$row" != 9 ] || rm -rf images
+  [ "$row" != 21 ] || rm -rf images
 done
