@@ -20,7 +20,7 @@ for argument in "$@"; do
       pairs=3
       megabytes=8 small_dags=400 few_dags=120 many_dags=1200 many_ports=4000 large_dags=40 starts=20
       ;;
-    [1-9] | diff | extract | pack | packs) rows+=("$argument") ;;
+    [1-9] | check | checks | show | diff | extract | pack | packs) rows+=("$argument") ;;
     *)
       echo "usage: scripts/bench.sh [--quick] [ROW ...]" >&2
       exit 2
@@ -320,6 +320,45 @@ row_extract() {
   rm net.bin
 }
 
+# check_sound PACKAGE: the companion finds nothing in it.
+check_sound() {
+  "$companion" check "$1" >report || fail "checking $1"
+  [ "$(wc -l <report)" -eq 1 ] && grep -q ': sound, ' report || fail "checking $1: $(head -1 report)"
+}
+
+row_check() {
+  "$tool" -d images -f net.bin >report
+  check_sound net.bin
+  ours=(0 out/report "$companion" check net.bin)
+  yardstick=(0 out/report "$companion" --version)
+  compare check "check 4 images of $megabytes MiB" "morvane --version" "1.3" "$starts"
+  rm net.bin
+}
+
+row_checks() {
+  # Images that reach to the address of the DAG binary.
+  make_folder small dags="$small_dags" ports=2 image_size=300
+  pack small net.bin "$(package_size "$small_dags" 2 300)"
+  check_sound net.bin
+  ours=(0 out/report "$companion" check net.bin)
+  yardstick=(0 /dev/null cat net.bin)
+  compare checks "check $small_dags DVIs" "cat of the package to /dev/null" "2.0" 10
+  rm -rf small net.bin
+}
+
+row_show() {
+  make_folder large dags="$large_dags" ports=100 image_size=300
+  pack large net.bin "$(package_size "$large_dags" 100 300)"
+  rm -rf large
+  "$companion" show --json net.bin >shown
+  [ "$(grep -c '"port_name"' shown)" -eq $((large_dags * 100)) ] || fail "show leaves out ports"
+  rm shown
+  ours=(0 out/report "$companion" show --json net.bin)
+  yardstick=(1 out/report "$tool" -f net.bin -p out -v)
+  compare show "show --json $large_dags DVIs of 100 ports" "morvane_gen -v" "1.0, 16 MiB"
+  rm -f net.bin
+}
+
 # inspect PACKAGE LINES: inspects into check/parse and checks the length of the report.
 inspect() {
   local lines
@@ -342,14 +381,14 @@ run_row() {
   fi
 }
 
-for row in 1 2 9 diff extract pack; do
+for row in 1 2 9 check diff extract pack; do
   if wanted "$row"; then
     [ -d images ] || make_images
     run_row "$row"
   fi
 done
 rm -rf images
-for row in 3 4 5 6 7 8 packs; do
+for row in 3 4 5 6 7 8 checks show packs; do
   if wanted "$row"; then
     run_row "$row"
   fi

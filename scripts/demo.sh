@@ -26,4 +26,6 @@ for image in examples/wake_word/*.dvi; do
   run cmp "$image" "$out/parse/$(basename "$image")"
 done
 run cmp "$out/net.bin" "$out/again.bin"
+run build/morvane check "$out/net.bin"
+run build/morvane show "$out/net.bin"
 echo "The images and the package made from the parse folder are the same, byte for byte."

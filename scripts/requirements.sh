@@ -38,13 +38,14 @@ require() {
 }
 
 require_build() {
-  require g++ g++ cmake cmake make make
+  require g++ g++ cmake cmake make make libcli11-dev /usr/include/CLI/CLI.hpp \
+    nlohmann-json3-dev /usr/include/nlohmann/json.hpp libxxhash-dev /usr/include/xxhash.h
 }
 
 require_test() {
   require_build
   require libgtest-dev /usr/include/gtest/gtest.h locales /usr/share/i18n/locales/tr_TR \
-    mandoc mandoc zsh zsh graphviz dot nodejs node npm npm
+    mandoc mandoc xxhash xxhsum zsh zsh graphviz dot nodejs node npm npm
 }
 
 require_fuzz() {
