@@ -369,9 +369,6 @@ inspect() {
   [ "$lines" -eq "$2" ] || fail "the report has $lines lines, not $2"
 }
 
-echo "Times in ms and ratios are medians of $pairs pairs, in brackets the least and the greatest ratio."
-echo "| # | workload | ms | yardstick | ms | ratio | peak MiB | goal |"
-echo "|---|---|---|---|---|---|---|---|"
 # run_row ROW: measures a row. The rows of morvane have names instead of numbers.
 run_row() {
   if [[ $1 == [0-9] ]] || [ -x "$companion" ]; then
@@ -381,6 +378,9 @@ run_row() {
   fi
 }
 
+echo "Times in ms and ratios are medians of $pairs pairs, in brackets the least and the greatest ratio."
+echo "| # | workload | ms | yardstick | ms | ratio | peak MiB | goal |"
+echo "|---|---|---|---|---|---|---|---|"
 for row in 1 2 9 check diff extract pack; do
   if wanted "$row"; then
     [ -d images ] || make_images

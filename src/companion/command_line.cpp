@@ -177,7 +177,8 @@ int end_parsing(const CLI::App& program, const CLI::ParseError& end, console& st
 int run_command_line(const std::vector<std::string>& arguments) {
   console streams{.colour = has_colours()};
   command_runner chosen;
-  CLI::App program("Checks, shows and compares the packages of morvane_gen.", "morvane");
+  CLI::App program("Packs, checks, shows, compares and extracts packages of morvane_gen.",
+                   "morvane");
   program.set_version_flag("--version", "morvane " + version_text(version_word, revision_hash()));
   program.require_subcommand(1);
   program.get_formatter()->label("SUBCOMMAND", "COMMAND");
