@@ -1,11 +1,13 @@
 # morvane, the companion program: a second executable, made of the same code as morvane_gen and of more. It
 # needs headers that morvane_gen does not need, and is left out where they are missing.
 
-# Installs the program and its manual, if it is built.
+# Installs the program with its manual, completions and CMake module, if it is built.
 function(install_companion)
   if(TARGET morvane_companion)
     install(TARGETS morvane_companion RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
     install_manual(morvane.1)
+    install(FILES cmake/morvaneConfig.cmake DESTINATION share/cmake/morvane)
+    install_completions(morvane)
     add_dependencies(shipped morvane_companion)
   endif()
 endfunction()

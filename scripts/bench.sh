@@ -4,7 +4,7 @@
 #     scripts/bench.sh [--quick] [ROW ...]
 #
 # --quick     a smoke run with little data and few pairs; its figures mean nothing
-# ROW         the rows to measure, all by default
+# ROW         the rows to measure, all by default: 1 to 9, and diff and extract, of morvane
 # TMPDIR      where the scratch folder is made: it decides which file system is measured. A full run
 #             needs 5 GiB there.
 #
@@ -20,7 +20,7 @@ for argument in "$@"; do
       pairs=3
       megabytes=8 small_dags=400 few_dags=120 many_dags=1200 many_ports=4000 large_dags=40 starts=20
       ;;
-    [1-9] | 2[123]) rows+=("$argument") ;;
+    [1-9] | check | checks | show | diff | extract | pack | packs) rows+=("$argument") ;;
     *)
       echo "usage: scripts/bench.sh [--quick] [ROW ...]" >&2
       exit 2
@@ -45,8 +45,13 @@ require_build
 build build
 build build-static -DMORVANE_STATIC_RUNTIME=ON
 tool=$PWD/build/morvane_gen
-companion=$PWD/build/morvane
 static_tool=$PWD/build-static/morvane_gen
+companion=$PWD/build/morvane
+if cmake --build build --target help | grep -q morvane_companion; then
+  cmake --build build --parallel "$(nproc)" --target morvane_companion >/dev/null
+else
+  rm -f "$companion"
+fi
 generator=$PWD/tests/bench/compiler_output.awk
 
 scratch=$(mktemp -d "${TMPDIR:-/tmp}/morvane_bench.XXXXXX")
@@ -273,33 +278,75 @@ row_8() {
   done
 }
 
+# pack_images: packs the large images into net.bin.
+pack_images() {
+  "$tool" -d images -f net.bin >report
+}
+
+row_diff() {
+  pack_images
+  cp net.bin copy.bin
+  "$companion" diff net.bin copy.bin >report || fail "equal packages differ"
+  ours=(0 out/report "$companion" diff net.bin copy.bin)
+  yardstick=(0 out/report cmp net.bin copy.bin)
+  compare diff "compare two equal packages of $((4 * megabytes)) MiB" "cmp" "1.0"
+  rm net.bin copy.bin
+}
+
+row_pack() {
+  "$companion" pack images -o net.bin --no-sync --quiet
+  "$tool" -d images -f copy.bin >report
+  cmp net.bin copy.bin || fail "the two programs write different packages"
+  rm net.bin copy.bin
+  ours=(0 out/report "$companion" pack images -o out/net.bin --no-sync)
+  yardstick=(0 out/report "$tool" -d images -f out/net.bin)
+  compare pack "morvane pack, 4 images of $megabytes MiB" "morvane_gen" "1.5, 16 MiB"
+}
+
+row_packs() {
+  make_folder small dags="$small_dags" ports=2 image_size=100
+  ours=(0 out/report "$companion" pack small -o out/net.bin --no-sync)
+  yardstick=(0 out/report "$tool" -d small -f out/net.bin)
+  compare packs "morvane pack, $small_dags DAGs" "morvane_gen" "1.6"
+  rm -rf small
+}
+
+row_extract() {
+  pack_images
+  "$companion" extract -o - net.bin net_split_1 | cmp - "${images[1]}" || fail "the image differs"
+  ours=(0 out/copy "$companion" extract -o - net.bin net_split_1)
+  yardstick=(0 out/copy cat "${images[1]}")
+  compare extract "extract $megabytes MiB to standard output" "cat of the image into a file" "1.1"
+  rm net.bin
+}
+
 # check_sound PACKAGE: the companion finds nothing in it.
 check_sound() {
   "$companion" check "$1" >report || fail "checking $1"
   [ "$(wc -l <report)" -eq 1 ] && grep -q ': sound, ' report || fail "checking $1: $(head -1 report)"
 }
 
-row_21() {
+row_check() {
   "$tool" -d images -f net.bin >report
   check_sound net.bin
   ours=(0 out/report "$companion" check net.bin)
   yardstick=(0 out/report "$companion" --version)
-  compare 21 "check 4 images of $megabytes MiB" "morvane --version" "1.3" "$starts"
+  compare check "check 4 images of $megabytes MiB" "morvane --version" "1.3" "$starts"
   rm net.bin
 }
 
-row_22() {
+row_checks() {
   # Images that reach to the address of the DAG binary.
   make_folder small dags="$small_dags" ports=2 image_size=300
   pack small net.bin "$(package_size "$small_dags" 2 300)"
   check_sound net.bin
   ours=(0 out/report "$companion" check net.bin)
   yardstick=(0 /dev/null cat net.bin)
-  compare 22 "check $small_dags DVIs" "cat of the package to /dev/null" "2.0" 10
+  compare checks "check $small_dags DVIs" "cat of the package to /dev/null" "2.0" 10
   rm -rf small net.bin
 }
 
-row_23() {
+row_show() {
   make_folder large dags="$large_dags" ports=100 image_size=300
   pack large net.bin "$(package_size "$large_dags" 100 300)"
   rm -rf large
@@ -308,7 +355,7 @@ row_23() {
   rm shown
   ours=(0 out/report "$companion" show --json net.bin)
   yardstick=(1 out/report "$tool" -f net.bin -p out -v)
-  compare 23 "show --json $large_dags DVIs of 100 ports" "morvane_gen -v" "1.0, 16 MiB"
+  compare show "show --json $large_dags DVIs of 100 ports" "morvane_gen -v" "1.0, 16 MiB"
   rm -f net.bin
 }
 
@@ -322,15 +369,27 @@ inspect() {
   [ "$lines" -eq "$2" ] || fail "the report has $lines lines, not $2"
 }
 
+# run_row ROW: measures a row. The rows of morvane have names instead of numbers.
+run_row() {
+  if [[ $1 == [0-9] ]] || [ -x "$companion" ]; then
+    "row_$1"
+  else
+    note "$1" "morvane $1" "morvane is not built here"
+  fi
+}
+
 echo "Times in ms and ratios are medians of $pairs pairs, in brackets the least and the greatest ratio."
 echo "| # | workload | ms | yardstick | ms | ratio | peak MiB | goal |"
 echo "|---|---|---|---|---|---|---|---|"
-if wanted 1 || wanted 2 || wanted 9 || wanted 21; then
-  make_images
-fi
-for row in 1 2 9 21 3 4 5 6 7 8 22 23; do
+for row in 1 2 9 check diff extract pack; do
   if wanted "$row"; then
-    "row_$row"
+    [ -d images ] || make_images
+    run_row "$row"
   fi
-  [ "$row" != 21 ] || rm -rf images
+done
+rm -rf images
+for row in 3 4 5 6 7 8 checks show packs; do
+  if wanted "$row"; then
+    run_row "$row"
+  fi
 done

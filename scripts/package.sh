@@ -30,13 +30,13 @@ build() {
   logged cmake --build "$1/build-aarch64" --parallel "$(nproc)" --target shipped
 }
 
-# pack FOLDER PACKAGES: makes the packages of both builds.
+# pack FOLDER: makes the packages of both builds under the current umask, in FOLDER/packages_UMASK.
 pack() {
-  local build
+  local build packages
+  packages=$1/packages_$(umask)
   for build in build build-aarch64; do
-    rm -rf "$1/$build/_CPack_Packages"
-    (cd "$1/$build" && logged cpack -B "$2")
-    rm -rf "$2/_CPack_Packages"
+    (cd "$1/$build" && logged cpack -B "$packages")
+    rm -rf "$packages/_CPack_Packages"
   done
 }
 
@@ -48,33 +48,35 @@ localedef -i tr_TR -f UTF-8 "$scratch/tr_TR.UTF-8"
   umask 022
   export LC_ALL=C TZ=UTC0
   build "$one"
-  pack "$one" "$scratch/packages"
+  pack "$one"
 )
 (
   umask 077
-  export LOCPATH="$scratch" LC_ALL=tr_TR.UTF-8 TZ=NPT-5:45
+  # The programs that bash starts find this locale, bash itself does not.
+  export LOCPATH="$scratch" LC_ALL=tr_TR.UTF-8 TZ=NPT-5:45 2>/dev/null
   build "$another"
-  pack "$another" "$scratch/packages_077"
+  pack "$another"
 )
 for mask in 002 027; do
   (
     umask $mask
-    pack "$one" "$scratch/packages_$mask"
+    pack "$one"
   )
 done
 
 for binary in build{,-aarch64}/{morvane_gen,libmorvane.so}; do
   cmp "$one/$binary" "$another/$binary"
 done
-for mask in 002 027 077; do
-  diff -r "$scratch/packages" "$scratch/packages_$mask"
+packages=$one/packages_0022
+for others in "$one/packages_0002" "$one/packages_0027" "$another/packages_0077"; do
+  diff -r "$packages" "$others"
 done
 echo "Builds in different folders, locales, time zones and under four umasks gave the same bytes:"
-(cd "$scratch/packages" && sha256sum ./*)
+(cd "$packages" && sha256sum ./*)
 
-lintian --fail-on error,warning --allow-root "$scratch"/packages/*.deb 2>/dev/null
+lintian --fail-on error,warning --allow-root "$packages"/*.deb 2>/dev/null
 echo "Lintian finds no error and no warning."
-for package in "$scratch"/packages/*.deb; do
+for package in "$packages"/*.deb; do
   dpkg-deb --field "$package" >"$scratch/fields"
   grep -q '^Multi-Arch: ' "$scratch/fields" || fail "$package has no field Multi-Arch"
   ! grep '^Homepage:' "$scratch/fields" || fail "$package has a homepage"
@@ -83,7 +85,7 @@ done
 # An empty root gets the package and the system libraries that it names, nothing else: not even /proc.
 root="$scratch/root"
 mkdir "$root"
-dpkg-deb --extract "$scratch"/packages/morvane-gen_*_"$(dpkg --print-architecture)".deb "$root"
+dpkg-deb --extract "$packages"/morvane-gen_*_"$(dpkg --print-architecture)".deb "$root"
 ldd "$root"/usr/lib/*/morvane-gen/libmorvane.so | grep -o '/lib[^ ]*' | while read -r library; do
   install -D "$library" "$root$library"
 done
@@ -100,4 +102,4 @@ SOURCE=$PWD NEEDS="" bash tests/packaging/installed_documents_test.sh "$root/usr
 echo "The links and the commands of the installed documents work."
 
 mkdir dist
-cp "$scratch"/packages/* dist
+cp "$packages"/* dist

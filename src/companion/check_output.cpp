@@ -4,22 +4,11 @@
 
 #include "companion/finding_sarif.h"
 #include "companion/printable_text.h"
+#include "companion/verdict.h"
 
 namespace morvane::companion {
 
 namespace {
-
-/// "1 port", "2 ports"
-std::string counted(std::uint64_t number, std::string_view thing) {
-  return joined(number, " ", thing, number == 1 ? "" : "s");
-}
-
-/// "net.bin: sound, 3 DVIs, 14 ports, with vproc records, 25379 bytes"
-std::string verdict_line(std::string_view path, const package_summary& summary) {
-  return joined(printable(path), ": sound, ", counted(summary.dvis, "DVI"), ", ",
-                counted(summary.ports, "port"), summary.has_vproc ? ", with" : ", without",
-                " vproc records, ", counted(summary.bytes, "byte"), "\n");
-}
 
 void write_summary(json_writer& json, const package_summary& summary, bool is_sound) {
   end_array(json);
@@ -69,7 +58,7 @@ void end_package(check_output& output, std::string_view path, const package_summ
   if (output.format == finding_format::json) {
     write_summary(output.json, summary, is_sound);
   } else if (output.format == finding_format::text && is_sound && !streams.quiet) {
-    print_result(streams, verdict_line(path, summary));
+    print_result(streams, verdict_line(path, "sound", summary));
   }
 }
 

@@ -9,6 +9,9 @@
 
 #include "companion/check_command.h"
 #include "companion/console.h"
+#include "companion/diff_command.h"
+#include "companion/extract_command.h"
+#include "companion/pack_command.h"
 #include "companion/printable_text.h"
 #include "companion/show_command.h"
 #include "format/build_constants.h"
@@ -70,6 +73,22 @@ command_runner declare_check(CLI::App& app) {
   return [options](console& streams) { return run_check(*options, streams); };
 }
 
+command_runner declare_pack(CLI::App& app) {
+  const auto options = std::make_shared<pack_options>();
+  add_text(app, "FOLDER", options->folder, "The compiler's output folder")->required();
+  add_text(app, "-o,--output", options->package, "The package to write")
+      ->required()
+      ->type_name("FILE");
+  app.add_flag("--vproc", options->vproc, "Write vproc records too");
+  app.add_flag("--werror", options->warnings_are_errors, "Treat warnings as errors");
+  add_text(app, "--depfile", options->depfile, "Write a dependency file for Make and Ninja")
+      ->type_name("FILE");
+  app.add_flag_callback(
+      "--no-sync", [options] { options->sync = false; },
+      "Do not wait until the package is on the disk");
+  return [options](console& streams) { return run_pack(*options, streams); };
+}
+
 command_runner declare_show(CLI::App& app) {
   const auto options = std::make_shared<show_options>();
   add_text(app, "PACKAGE", options->package, "The package to show")->required();
@@ -78,9 +97,35 @@ command_runner declare_show(CLI::App& app) {
   return [options](console& streams) { return run_show(*options, streams); };
 }
 
+command_runner declare_diff(CLI::App& app) {
+  const auto options = std::make_shared<diff_options>();
+  add_text(app, "OLD", options->old_package, "The package to compare with")->required();
+  add_text(app, "NEW", options->new_package, "The package to compare")->required();
+  app.add_flag("--json", options->json, "Write the differences as JSON");
+  return [options](console& streams) { return run_diff(*options, streams); };
+}
+
+command_runner declare_extract(CLI::App& app) {
+  const auto options = std::make_shared<extract_options>();
+  add_text(app, "PACKAGE", options->package, "The package to extract from")->required();
+  add_text(app, "DAG_NAME", options->dag_names, "The images to extract; all when no name is given");
+  add_text(app, "-o,--output", options->folder,
+           "The folder for the images, the current one by default; - writes one image to standard "
+           "output")
+      ->type_name("FOLDER");
+  app.add_flag("--force", options->force, "Replace existing files");
+  app.add_flag("--list", options->list, "Print the names of the images, and extract nothing");
+  return [options](console& streams) { return run_extract(*options, streams); };
+}
+
 constexpr std::array commands{
+    command{"pack", "Pack a compiler output folder, safely", "morvane pack out -o net.bin",
+            declare_pack},
     command{"check", "Tell whether packages are sound", "morvane check net.bin", declare_check},
     command{"show", "Show what a package holds", "morvane show --json net.bin", declare_show},
+    command{"diff", "Tell how two packages differ", "morvane diff old.bin new.bin", declare_diff},
+    command{"extract", "Write the images of a package to files",
+            "morvane extract net.bin -o images", declare_extract},
 };
 
 /// Declares a command. The runner is kept when the command line asks for that command.
@@ -132,7 +177,8 @@ int end_parsing(const CLI::App& program, const CLI::ParseError& end, console& st
 int run_command_line(const std::vector<std::string>& arguments) {
   console streams{.colour = has_colours()};
   command_runner chosen;
-  CLI::App program("Checks, shows and compares the packages of morvane_gen.", "morvane");
+  CLI::App program("Packs, checks, shows, compares and extracts packages of morvane_gen.",
+                   "morvane");
   program.set_version_flag("--version", "morvane " + version_text(version_word, revision_hash()));
   program.require_subcommand(1);
   program.get_formatter()->label("SUBCOMMAND", "COMMAND");

@@ -1,16 +1,15 @@
 #include "companion/console.h"
 
 #include <fcntl.h>
-#include <poll.h>
 #include <unistd.h>
 
 #include <array>
-#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <system_error>
 
+#include "companion/checked_write.h"
 #include "companion/printable_text.h"
 
 namespace morvane::companion {
@@ -19,34 +18,10 @@ namespace {
 
 constexpr std::size_t most_pending = std::size_t{64} * 1024;
 
-/// Writes a part of the text; returns how much, or -1 with errno. Waits for a descriptor that takes
-/// nothing now.
-ssize_t write_some(int descriptor, std::string_view text) {
-  const ssize_t put = ::write(descriptor, text.data(), text.size());
-  if (put == 0) {
-    errno = EIO;
-    return -1;
-  }
-  if (put < 0 && errno == EINTR) {
-    return 0;
-  }
-  if (put < 0 && errno == EAGAIN) {
-    pollfd ready{.fd = descriptor, .events = POLLOUT, .revents = 0};
-    return ::poll(&ready, 1, -1) < 0 && errno != EINTR ? -1 : 0;
-  }
-  return put;
-}
-
-/// Writes the whole text. Returns 0, or the errno of the failure.
+/// Returns 0, or the errno of the failure.
 int write_all(int descriptor, std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t put = write_some(descriptor, text);
-    if (put < 0) {
-      return errno;
-    }
-    text.remove_prefix(static_cast<std::size_t>(put));
-  }
-  return 0;
+  return write_checked(descriptor,
+                       {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
 }
 
 bool is_set(const char* variable) {
@@ -66,7 +41,10 @@ void settle_standard_streams() {
       static_cast<void>(::open("/dev/null", wrong_way.at(static_cast<std::size_t>(stream))));
     }
   }
-  std::signal(SIGPIPE, SIG_IGN);  // NOLINT(cert-err33-c): SIGPIPE can be ignored
+  // NOLINTBEGIN(cert-err33-c): both can be ignored
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+  // NOLINTEND(cert-err33-c)
 }
 
 bool has_colours() {

@@ -24,8 +24,8 @@ struct console {
 };
 
 /// Opens the descriptors 0, 1 and 2 that are closed, so that no other file gets their numbers, but
-/// such that reading and writing them still fails. Ignores SIGPIPE: a closed pipe is an error of
-/// write.
+/// such that reading and writing them still fails. Ignores SIGPIPE and SIGXFSZ: a closed pipe, and
+/// a file that would become larger than the user allows, are errors of write.
 void settle_standard_streams();
 
 /// Whether standard output shows colours: a terminal that is not dumb, and NO_COLOR is not set.

@@ -4,9 +4,7 @@
 #include <xxhash.h>
 
 #include <algorithm>
-#include <array>
-#include <memory>
-#include <new>
+#include <string_view>
 
 namespace morvane::companion {
 
@@ -14,14 +12,26 @@ namespace {
 
 constexpr std::size_t step = std::size_t{1} << 20U;
 
-struct state_deleter {
-  void operator()(XXH3_state_t* state) const { XXH3_freeState(state); }
+}  // namespace
+
+struct byte_digest::sums {
+  XXH3_state_t state;
 };
 
-std::string hexadecimal(const XXH128_hash_t& hash) {
+byte_digest::byte_digest() : sums_(std::make_unique<sums>()) {
+  XXH3_128bits_reset(&sums_->state);
+}
+
+byte_digest::~byte_digest() = default;
+
+void byte_digest::add(std::span<const std::byte> bytes) {
+  XXH3_128bits_update(&sums_->state, bytes.data(), bytes.size());
+}
+
+std::string byte_digest::text() const {
   constexpr std::string_view digits = "0123456789abcdef";
   XXH128_canonical_t canonical;
-  XXH128_canonicalFromHash(&canonical, hash);
+  XXH128_canonicalFromHash(&canonical, XXH3_128bits_digest(&sums_->state));
   std::string text;
   for (const unsigned char byte : canonical.digest) {
     text += digits[byte >> 4U];
@@ -30,21 +40,15 @@ std::string hexadecimal(const XXH128_hash_t& hash) {
   return text;
 }
 
-}  // namespace
-
 std::string xxh3_128(const package_bytes& package, std::span<const std::uint8_t> bytes) {
-  const std::unique_ptr<XXH3_state_t, state_deleter> state(XXH3_createState());
-  if (!state) {
-    throw std::bad_alloc();
-  }
-  XXH3_128bits_reset(state.get());
+  byte_digest digest;
   while (!bytes.empty()) {
     const auto part = bytes.first(std::min(step, bytes.size()));
-    XXH3_128bits_update(state.get(), part.data(), part.size());
-    package.release(static_cast<std::size_t>(part.data() - package.bytes().data()), part.size());
+    digest.add(std::as_bytes(part));
+    package.release(part);
     bytes = bytes.subspan(part.size());
   }
-  return hexadecimal(XXH3_128bits_digest(state.get()));
+  return digest.text();
 }
 
 }  // namespace morvane::companion

@@ -78,6 +78,19 @@ void package_bytes::release(std::size_t offset, std::uint64_t count) const {
   }
 }
 
+void package_bytes::fetch(std::span<const std::uint8_t> part) const {
+#ifdef MADV_POPULATE_READ
+  const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+  const auto begin = static_cast<std::size_t>(part.data() - data_) / page * page;
+  const auto end = static_cast<std::size_t>(part.data() - data_) + part.size();
+  if (is_mapped_ && begin < end) {
+    // A kernel that does not know this reads page by page.
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): the system's interface
+    ::madvise(const_cast<std::uint8_t*>(data_ + begin), end - begin, MADV_POPULATE_READ);
+  }
+#endif
+}
+
 int package_bytes::load(const std::string& path) {
   const file_handle file = open_and_wait(path);
   struct stat status {};

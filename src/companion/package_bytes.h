@@ -29,6 +29,12 @@ class package_bytes {
   /// They can still be read, at the cost of reading them from the file again. Bytes that do not
   /// exist are ignored: another program may have changed the counts in the file.
   void release(std::size_t offset, std::uint64_t count) const;
+  void release(std::span<const std::uint8_t> part) const {
+    release(static_cast<std::size_t>(part.data() - data_), part.size());
+  }
+
+  /// Asks the system for a part of the bytes at once, instead of page by page where they are read.
+  void fetch(std::span<const std::uint8_t> part) const;
 
   /// Reads a file, or anything else that ends, such as a pipe. Returns 0 or the errno of the
   /// failure; the bytes are then as they were.

@@ -10,7 +10,7 @@
 
 namespace morvane {
 
-settings_record settings;  // NOLINT(cert-err58-cpp): nobody could go on without the defaults
+settings_record settings;  // NOLINT(cert-err58-cpp): without the defaults the tool cannot run
 
 namespace {
 

@@ -3,9 +3,9 @@
 
 namespace morvane {
 
-/// Packs the folder that the settings name into the package that they name, says how large it is,
-/// and inspects it when they ask for that. Returns 0; or -1 after the message of what failed, and
-/// then leaves the package as far as it was written.
+/// Packs the input folder into the package, prints its size and, if settings.verbose is set,
+/// inspects it. Returns 0; or -1 after the message of what failed. A failed run leaves an
+/// incomplete package.
 int run_pack();
 
 }  // namespace morvane

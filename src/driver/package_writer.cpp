@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 
 #include "io/message.h"
 
@@ -10,22 +11,16 @@ namespace morvane {
 
 namespace {
 
-void write_waiting(package_writer& package) {
-  write_bytes(package.file, std::span(package.buffer).first(package.waiting));
-  package.written += package.waiting;
-  package.waiting = 0;
-}
-
 /// The part of the buffer that takes the next bytes, never empty.
 std::span<std::byte> free_space(package_writer& package) {
   if (package.waiting == package.buffer.size()) {
-    write_waiting(package);
+    flush_package(package);
   }
   return std::span(package.buffer).subspan(package.waiting);
 }
 
-/// Drops the bytes of the package from an earlier position on. What has left through a pipe is
-/// gone.
+/// Removes the bytes of the package after a position. Bytes that went into a pipe cannot be
+/// removed.
 void cut_back(package_writer& package, std::uint64_t position) {
   if (position >= package.written) {
     package.waiting = position - package.written;
@@ -72,8 +67,8 @@ int read_file_bytes(package_writer& package, const std::string& path, std::int32
   if (!file.handle.is_open()) {
     return report_open_failure(path);
   }
-  // A negative count asks for more than any file holds. A short file is known by its size before a
-  // byte of it is copied; one that tells no size, or shrinks, is cut off again.
+  // A negative count is more than any file holds. The size of a short file is known before a byte
+  // is copied. If a file has no size, or shrinks, its bytes are removed again.
   const std::uint64_t begin = package.written + package.waiting;
   const bool refused = count < 0 || (file.size > 0 && file.size < count);
   if (refused || copy_bytes(package, file.handle, static_cast<std::size_t>(count)) <
@@ -85,8 +80,20 @@ int read_file_bytes(package_writer& package, const std::string& path, std::int32
   return 0;
 }
 
+void flush_package(package_writer& package) {
+  const auto bytes = std::span(package.buffer).first(package.waiting);
+  if (package.watch.see != nullptr) {
+    package.watch.see(package.watch.state, bytes);
+  }
+  if (write_bytes(package.file, bytes) < bytes.size() && package.write_error == 0) {
+    package.write_error = errno;
+  }
+  package.written += package.waiting;
+  package.waiting = 0;
+}
+
 void close_package(package_writer& package) {
-  write_waiting(package);
+  flush_package(package);
   package.file = file_handle();
 }
 

@@ -1,4 +1,4 @@
-// Writes a package front to back, through one buffer that images pass through as well.
+// Writes a package from front to back through one buffer. Images go through the same buffer.
 #pragma once
 
 #include <cstdint>
@@ -11,12 +11,20 @@
 
 namespace morvane {
 
-/// A package on its way to its file. Bytes wait in the buffer until it is full.
+/// Sees the bytes of a package before they are written, in their order.
+struct byte_watch {
+  void (*see)(void* state, std::span<const std::byte> bytes) = nullptr;
+  void* state = nullptr;
+};
+
+/// A package that is being written. Bytes stay in the buffer until it is full.
 struct package_writer {
   file_handle file;
   std::vector<std::byte> buffer = std::vector<std::byte>(chunk_size);
   std::size_t waiting = 0;    // bytes in the buffer
   std::uint64_t written = 0;  // bytes in the file
+  int write_error = 0;        // errno of the first write that failed
+  byte_watch watch{};
 };
 
 /// Appends bytes to the package.
@@ -28,12 +36,14 @@ void append_records(package_writer& package, const std::vector<Record>& records)
   append_bytes(package, std::as_bytes(std::span(records)));
 }
 
-/// Appends the first count bytes of a file. Returns 0; or -1, with nothing of the file in the
-/// package, after the message "can't open file ..." or, when the file has fewer bytes, "error: fail
-/// to read ...".
+/// Appends the first count bytes of a file. Returns 0. On failure it appends nothing, prints "can't
+/// open file ..." or, if the file has fewer bytes, "error: fail to read ...", and returns -1.
 int read_file_bytes(package_writer& package, const std::string& path, std::int32_t count);
 
-/// Writes what waits in the buffer and closes the file.
+/// Writes the rest of the buffer.
+void flush_package(package_writer& package);
+
+/// Writes the rest of the buffer and closes the file.
 void close_package(package_writer& package);
 
 }  // namespace morvane

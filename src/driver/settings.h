@@ -5,7 +5,7 @@
 
 namespace morvane {
 
-/// The value of settings::dir that stands for "no input folder was given", also when it was.
+/// This value of settings::dir means that no input folder is given, even if the user typed it.
 inline constexpr const char* no_input_folder = "dirpath";
 
 struct settings_record {

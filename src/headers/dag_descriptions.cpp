@@ -17,7 +17,8 @@ bool holds_value(std::string_view line, std::string_view key) {
   return find_macro_value(line, key, value, macro_delimiters) != no_value;
 }
 
-int parse_dag_description(dvi_desc& dvi, std::string_view header) {
+/// Fills the fields that the header describes.
+int read_fields(dvi_desc& dvi, std::string_view header) {
   line_reader lines{header};
   std::string_view dag_name;
   if (!next_value(lines, dag_name_macro, dag_name)) {
@@ -44,18 +45,27 @@ int parse_dag_description(dvi_desc& dvi, std::string_view header) {
 
 }  // namespace
 
+int parse_dag_description(dvi_desc& dvi, std::string_view header, std::int32_t index,
+                          std::size_t position) {
+  dvi = {};
+  if (read_fields(dvi, header) != 0) {
+    return -1;
+  }
+  dvi.dvi_id = static_cast<std::uint8_t>(index);
+  dvi.vproc_id = static_cast<std::uint8_t>(position);
+  dvi.dvi_pkg_size = dvi.dvi_img_size + static_cast<std::uint32_t>(sizeof(port_desc)) *
+                                            (dvi.input_num + dvi.output_num);
+  return 0;
+}
+
 int parse_dag_descriptions(std::vector<dvi_desc>& dvis, const std::string& folder,
                            const std::vector<input_entry>& headers) {
   for (std::size_t position = 0; position < headers.size(); ++position) {
     dvi_desc dvi{};
     const std::string header = read_file(join_path(folder, headers[position].name));
-    if (parse_dag_description(dvi, header) != 0) {
+    if (parse_dag_description(dvi, header, headers[position].index, position) != 0) {
       return -1;
     }
-    dvi.dvi_id = static_cast<std::uint8_t>(headers[position].index);
-    dvi.vproc_id = static_cast<std::uint8_t>(position);
-    dvi.dvi_pkg_size = dvi.dvi_img_size + static_cast<std::uint32_t>(sizeof(port_desc)) *
-                                              (dvi.input_num + dvi.output_num);
     dvis.push_back(dvi);
   }
   return 0;

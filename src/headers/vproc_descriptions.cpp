@@ -9,8 +9,6 @@
 
 namespace morvane {
 
-namespace {
-
 vproc_desc count_vproc_records(std::string_view header) {
   vproc_desc vproc{};
   line_reader lines{header};
@@ -28,8 +26,6 @@ vproc_desc count_vproc_records(std::string_view header) {
                              static_cast<std::uint32_t>(sizeof(smb_desc)) * vproc.smb_num;
   return vproc;
 }
-
-}  // namespace
 
 int parse_vproc_description(std::vector<vproc_desc>& vprocs, const std::string& folder,
                             const std::vector<input_entry>& headers) {

@@ -10,9 +10,12 @@
 
 namespace morvane {
 
-/// Appends one vproc_desc for every header of the folder, in the order of the list. It contains the
-/// numbers of lines that introduce variables and SMBs. A line that introduces both counts as a
-/// variable. A header that cannot be read gives zeros. Returns 0.
+/// The vproc_desc of a header's text: the numbers of lines that introduce variables and SMBs. A
+/// line that introduces both counts as a variable.
+vproc_desc count_vproc_records(std::string_view header);
+
+/// Appends one vproc_desc for every header of the folder, in the order of the list. A header that
+/// cannot be read gives zeros. Returns 0.
 int parse_vproc_description(std::vector<vproc_desc>& vprocs, const std::string& folder,
                             const std::vector<input_entry>& headers);
 

@@ -34,8 +34,8 @@ void append_macro_lines(std::string& lines, std::string_view prefix,
   }
 }
 
-/// Appends the lines of every item to the header of a DAG, piece by piece: a package may claim any
-/// number of items, so the lines of all of them together are never held.
+/// Appends the lines of every item to the header of a DAG in pieces. A package may claim any number
+/// of items, so their lines must not all be in memory at once.
 template <class Item, class AppendLines>
 void append_blocks(parse_folder& folder, std::string_view dag_name, const claimed_list<Item>& items,
                    const AppendLines& append_lines) {

@@ -1,5 +1,5 @@
-// Regenerates the headers: restates what a package holds about a DVI in the macros that the
-// compiler's headers use, block by block at the end of the DVI's header.
+// Regenerates the headers: writes what a package contains about a DVI with the macros of the
+// compiler's headers. Each block is appended to the header of its DVI.
 #pragma once
 
 #include <string>
@@ -13,7 +13,7 @@
 
 namespace morvane {
 
-/// Deletes what stands in the place of every DVI's header.
+/// Deletes the header of every DVI, if there is one.
 void remove_headers(const parse_folder& folder, const claimed_list<dvi_desc>& dvis);
 
 /// Appends the line "#define PREFIX+SUFFIX VALUE" to the lines, with a tab between its words and,
@@ -21,9 +21,9 @@ void remove_headers(const parse_folder& folder, const claimed_list<dvi_desc>& dv
 void append_define_line(std::string& lines, std::string_view prefix, std::string_view suffix,
                         std::string_view value, bool quoted);
 
-/// The block writers append one block per record to the header of its DVI. Without records they
-/// still open it, and so report each that cannot be opened. The DVIs must live as long as the
-/// folder.
+/// The block writers append one block per record to the header of its DVI. They open the header
+/// even without records, so that each of them reports a header that cannot be opened. The DVIs must
+/// live as long as the folder.
 void write_dag_blocks(parse_folder& folder, const claimed_list<dvi_desc>& dvis);
 void write_port_blocks(parse_folder& folder, const dvi_desc& dvi,
                        const claimed_list<port_desc>& ports, const port_class& ports_class);

@@ -12,7 +12,7 @@ namespace morvane {
 
 namespace {
 
-/// An inspection under way: the package, where its parts go, and the DVI table.
+/// The state of an inspection: the package, the output folder and the DVI table.
 struct inspection {
   package_reader package;
   parse_folder folder;
@@ -20,7 +20,7 @@ struct inspection {
   bool images_saved = true;
 };
 
-/// Returns whether the package header was there; one that is not whole leaves all its words 0.
+/// Returns whether the package has a complete header. If not, all words of the header are 0.
 bool read_pkg_header(package_reader& package, pkg_header& header) {
   const bool whole = read_package(package, bytes_of(header)) == sizeof header;
   if (!whole) {
@@ -71,8 +71,8 @@ void inspect_vproc_block(inspection& run, const vproc_desc& vproc, const dvi_des
   print_line();
 }
 
-/// A package does not say whether it has a vproc section: one word after the last image is taken
-/// for it.
+/// A package does not say whether it has a vproc section. Four bytes after the last image are taken
+/// as its begin.
 void inspect_vproc_section(inspection& run) {
   if (!holds_more(run.package, sizeof(std::uint32_t))) {
     return;

@@ -10,7 +10,7 @@ std::span<const std::byte> buffered(const package_reader& package) {
   return std::span(package.buffer).subspan(package.begin, package.end - package.begin);
 }
 
-/// Moves what is left in the buffer to its front and fills the rest from the file.
+/// Moves the unread bytes to the front of the buffer and fills the rest from the file.
 void refill(package_reader& package) {
   const std::span<const std::byte> left = buffered(package);
   std::ranges::copy(left, package.buffer.begin());
@@ -19,8 +19,7 @@ void refill(package_reader& package) {
   package.end += read_bytes(package.file, std::span(package.buffer).subspan(package.end));
 }
 
-/// Takes up to count bytes off the front of the package; none at its end. They stay until the next
-/// call.
+/// Takes up to count bytes from the package, none at its end. They are valid until the next call.
 std::span<const std::byte> take_bytes(package_reader& package, std::size_t count) {
   if (package.begin == package.end) {
     refill(package);

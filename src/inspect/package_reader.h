@@ -1,5 +1,5 @@
-// Reads a package front to back. A package that ends early reads as zeros from there on: memory is
-// taken for what the file holds, never for what it claims.
+// Reads a package from front to back. Bytes after the end of the file read as zeros. Memory is
+// allocated for what the file holds, never for what it claims.
 #pragma once
 
 #include <algorithm>
@@ -25,8 +25,8 @@ struct package_reader {
   std::size_t end = 0;
 };
 
-/// A list of as many items as a package claims to hold. Those that it does hold are present; one
-/// beyond them looks like the item named so.
+/// A list with as many items as a package claims to hold. Items that the file holds are present;
+/// every other item is equal to beyond.
 template <class Item>
 struct claimed_list {
   std::size_t count = 0;
@@ -38,29 +38,29 @@ struct claimed_list {
   }
 };
 
-/// Lists of more bytes than this, and more than the file has, are refused.
+/// A list with more bytes than this, and more than the file has, is refused.
 inline constexpr std::int64_t largest_claim = std::int64_t{4} << 30;
 
-/// Opens a package. Its file is closed when it cannot be opened.
+/// Opens a package. If it cannot be opened, its file is closed.
 package_reader open_package(const std::string& path);
 
-/// Fills the bytes as far as the package goes. Returns how many were filled.
+/// Fills the bytes until the package ends. Returns the number of bytes filled.
 std::size_t read_package(package_reader& package, std::span<std::byte> bytes);
 
-/// Whether at least so many bytes are left; a few, at most chunk_size.
+/// Whether at least this number of bytes is left. The number must not exceed chunk_size.
 bool holds_more(package_reader& package, std::size_t bytes);
 
-/// Moves the next count bytes of the package to a file, as far as they are there. Without an open
-/// file they are passed over.
+/// Moves the next count bytes of the package to a file, or fewer if the package ends. If the file
+/// is closed, the bytes are skipped.
 void extract_bytes(package_reader& package, const file_handle& file, std::size_t count);
 
-/// A count from a package as a number of items. Throws std::bad_array_new_length for one that is
-/// negative as a signed number, and std::bad_alloc for one that no buffer could serve.
+/// A count from a package as a number of items. Throws std::bad_array_new_length if the count is
+/// negative as a signed number, and std::bad_alloc if it is too large to allocate.
 std::size_t checked_count(const package_reader& package, std::uint32_t count,
                           std::size_t item_size);
 
-/// Reads a list of records. A record that is cut keeps what came of it. Throws as checked_count
-/// does.
+/// Reads a list of records. An incomplete record keeps the bytes that were read. Throws as
+/// checked_count does.
 template <class Record>
 claimed_list<Record> read_records(package_reader& package, std::uint32_t count) {
   claimed_list<Record> records{.count = checked_count(package, count, sizeof(Record))};

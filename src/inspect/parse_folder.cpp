@@ -11,7 +11,7 @@ namespace morvane {
 
 namespace {
 
-constexpr std::string_view folder_name = "parse";
+constexpr std::string_view parse_folder_name = "parse";
 constexpr mode_t folder_mode = 0777;  // less what the umask takes
 
 bool is_in_folder(std::string_view name) {
@@ -35,7 +35,7 @@ created_file as_created(const file_handle& file) {
 }  // namespace
 
 parse_folder make_parse_folder(std::string_view parsedir, const file_identity& package) {
-  parse_folder folder{.path = join_path(parsedir, folder_name), .package = package};
+  parse_folder folder{.path = join_path(parsedir, parse_folder_name), .package = package};
   ::mkdir(folder.path.c_str(), folder_mode);
   folder.handle = open_folder(folder.path);
   return folder;

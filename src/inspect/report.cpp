@@ -9,7 +9,7 @@ namespace morvane {
 
 namespace {
 
-// The labels that stand in more than one kind of line.
+// Labels that appear in more than one kind of line.
 constexpr std::string_view dvi_id_label = "dvi_id: ";
 constexpr std::string_view dag_name_label = " dag_name: ";
 constexpr std::string_view input_num_label = " input_num: ";

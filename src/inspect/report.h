@@ -1,4 +1,4 @@
-// The report's lines: one function per line, labels and values side by side.
+// The lines of the report: one function per kind of line.
 #pragma once
 
 #include "format/macros.h"
@@ -9,7 +9,7 @@ namespace morvane {
 
 void print_pkg_header(const pkg_header& header);
 
-/// The DVI's line in the table at the head of the report.
+/// The line of a DVI in the table at the start of the report.
 void print_dvi_description(const dvi_desc& dvi);
 
 /// The line above a DVI's ports.

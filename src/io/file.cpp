@@ -129,7 +129,12 @@ std::size_t write_bytes(int descriptor, std::span<const std::byte> bytes) {
         uninterrupted([&] { return ::write(descriptor, rest.data(), rest.size()); });
     if (put > 0) {
       written += static_cast<std::size_t>(put);
-    } else if (put == 0 || errno != EAGAIN || !wait_for_room(descriptor)) {
+      continue;
+    }
+    if (put == 0) {
+      errno = EIO;
+    }
+    if (errno != EAGAIN || !wait_for_room(descriptor)) {
       break;
     }
   }

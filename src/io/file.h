@@ -45,15 +45,15 @@ struct file_identity {
 
 file_identity identity_in(const struct stat& status);
 
-/// What the system knows of an open file; nothing when it is not open.
+/// The state of an open file; nothing if it is not open.
 std::optional<struct stat> status_of(const file_handle& file);
 
-/// The identity of what stands at a path, symbolic links followed; nothing when it is missing.
+/// The identity of the file at a path, after symbolic links; nothing if there is no file.
 std::optional<file_identity> identity_at(const std::string& path);
 
-/// Opens a path as the system does, closed on exec. A relative path starts at the folder, an open
-/// descriptor or AT_FDCWD. Waits for a file that another program holds a lease on. The handle is
-/// closed when the file cannot be opened, and errno tells why.
+/// Opens a path with the flags of open(2), and closes it on exec. A relative path starts at the
+/// folder, an open descriptor or AT_FDCWD. Waits for a file that another program holds a lease on.
+/// If the file cannot be opened, the handle is closed and errno holds the reason.
 file_handle open_at(int folder, const std::string& path, int flags);
 
 /// A file to read, what it is, and its size.
@@ -63,8 +63,8 @@ struct readable_file {
   std::int64_t size = -1;  // bytes of a regular file, -1 for anything else
 };
 
-/// Opens a file to read. A named pipe that nobody writes to reads as empty instead of waiting for a
-/// writer. The handle is closed when the file cannot be opened.
+/// Opens a file to read. Does not wait for the writer of a named pipe: without one, the pipe is
+/// empty. The handle is closed if the file cannot be opened.
 readable_file open_to_read(const std::string& path);
 
 /// A file to write, and whether it was created for that.
@@ -74,24 +74,24 @@ struct writable_file {
   bool is_new = false;
 };
 
-/// Creates a file to write, or opens the existing one without changing its content. The handle is
-/// closed when the file cannot be opened.
+/// Creates a file to write, or opens the existing file without changing its content. The handle is
+/// closed if the file cannot be opened.
 writable_file open_to_write(const std::string& path);
 
-/// Removes the content of an open file; a device or a pipe has none to remove. Returns whether the
-/// file is empty now.
+/// Removes the content of an open file. A device or a pipe has no content. Returns whether the file
+/// is empty now.
 bool empty_file(const file_handle& file);
 
-/// Reads until the bytes are filled or the file ends; an unreadable file ends at once. Returns the
+/// Reads until the bytes are filled or the file ends. A read error counts as the end. Returns the
 /// number of bytes read.
 std::size_t read_bytes(const file_handle& file, std::span<std::byte> bytes);
 
-/// Writes all bytes, also to a stream that takes no more for now. Returns how many were written:
-/// what the system refuses is lost, and so is the rest.
+/// Writes all bytes. Waits while a stream in non-blocking mode is full. Returns the number of bytes
+/// written, which is smaller after an error; errno then holds the reason.
 std::size_t write_bytes(int descriptor, std::span<const std::byte> bytes);
 std::size_t write_bytes(const file_handle& file, std::span<const std::byte> bytes);
 
-/// The whole content of a file. One that cannot be opened, or a folder, reads as empty.
+/// The whole content of a file; empty for a folder or a file that cannot be opened.
 std::string read_file(const std::string& path);
 
 /// FOLDER/NAME. The slash is always added.

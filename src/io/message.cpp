@@ -8,7 +8,25 @@
 
 namespace morvane {
 
+namespace {
+
+collected_messages* collector = nullptr;
+
+}  // namespace
+
+collected_messages::collected_messages() {
+  collector = this;
+}
+
+collected_messages::~collected_messages() {
+  collector = nullptr;
+}
+
 void print_text(std::string_view text) {
+  if (collector != nullptr) {
+    collector->text += text;
+    return;
+  }
   // Errors on standard output cannot be reported.
   write_bytes(STDOUT_FILENO, std::as_bytes(std::span(text)));
 }

@@ -1,4 +1,4 @@
-// Lines on standard output. Messages and reports are this tool's interface, errors included.
+// Lines on standard output: reports and messages, including errors.
 #pragma once
 
 #include <array>
@@ -14,7 +14,7 @@ inline void append_piece(std::string& text, std::string_view piece) {
   text += piece;
 }
 
-/// Appends a literal, whose length needs no counting.
+/// Appends a literal. Its length is known at compile time.
 template <std::size_t size>
 // NOLINTNEXTLINE(*-avoid-c-arrays): that is what a literal is
 void append_piece(std::string& text, const char (&literal)[size]) {
@@ -38,6 +38,17 @@ void append_pieces(std::string& text, const Pieces&... pieces) {
 
 /// Writes a text to standard output at once, without a buffer between.
 void print_text(std::string_view text);
+
+/// As long as it lives, print_text appends to its text instead. One may live at a time.
+class collected_messages {
+ public:
+  collected_messages();
+  collected_messages(const collected_messages&) = delete;
+  collected_messages& operator=(const collected_messages&) = delete;
+  ~collected_messages();
+
+  std::string text{};
+};
 
 /// Prints the pieces, texts and numbers, as one line.
 template <class... Pieces>

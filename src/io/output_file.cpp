@@ -14,8 +14,7 @@ file_handle create_new(const file_handle& folder, const std::string& name) {
   return open_at(folder.descriptor(), name, O_WRONLY | O_CREAT | O_EXCL);
 }
 
-/// Opens what stands under a name, unless that is a symbolic link. Does not wait for the reader of
-/// a pipe.
+/// Opens an existing file, but no symbolic link. Does not wait for the reader of a pipe.
 file_handle open_existing(const file_handle& folder, const std::string& name, int flags) {
   return open_at(folder.descriptor(), name, O_WRONLY | O_NOFOLLOW | O_NONBLOCK | flags);
 }
@@ -24,7 +23,7 @@ bool is_regular_with_one_name(const struct stat& status) {
   return S_ISREG(status.st_mode) && status.st_nlink == 1;
 }
 
-/// For a folder that does not let go of its files.
+/// For a file that cannot be removed, because its folder is not writable.
 file_handle empty_existing(const file_handle& folder, const std::string& name,
                            const file_identity& kept) {
   file_handle file = open_existing(folder, name, 0);
@@ -54,7 +53,7 @@ file_handle reopen_file(const file_handle& folder, const std::string& name,
                         const created_file& created) {
   file_handle file = open_existing(folder, name, O_APPEND);
   const std::optional<struct stat> status = status_of(file);
-  // A file that took the place of a deleted one may get its inode, but hardly its size.
+  // A new file may get the inode of a deleted one, but is unlikely to have its size.
   const bool is_the_same = status && is_regular_with_one_name(*status) &&
                            identity_in(*status) == created.identity &&
                            static_cast<std::uint64_t>(status->st_size) == created.size;

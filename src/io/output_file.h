@@ -1,5 +1,5 @@
-// Files that a program creates in a folder of its own. What stands in a file's place is removed,
-// never written into: it may be a link, a pipe or a device, or have another name elsewhere.
+// Output files in a folder. An existing file of the same name is removed, never written into: it
+// may be a link, a pipe or a device, or have another name elsewhere.
 #pragma once
 
 #include <string>
@@ -8,29 +8,28 @@
 
 namespace morvane {
 
-/// Opens a folder for the functions below. They reach the folder that was opened, whatever takes
-/// its path later. The handle is closed when the folder cannot be opened.
+/// Opens a folder for the functions below. They use this folder even if its path names another one
+/// later. The handle is closed if the folder cannot be opened.
 file_handle open_folder(const std::string& path);
 
-/// A file that was created in a folder, as it was left.
+/// A file that create_file created, and its size after the last write.
 struct created_file {
   file_identity identity{};
   std::uint64_t size = 0;  // bytes
 };
 
-/// Creates a file in a folder, in place of what stands there. A regular file that the system does
-/// not remove is emptied and used, when it has no other name. The handle is closed when a folder or
-/// the kept file stands there, or the file cannot be created.
+/// Creates a file in a folder and replaces an existing one. A regular file that cannot be removed
+/// is emptied and used if it has no other name. The handle is closed if the name belongs to a
+/// folder or to the kept file, or the file cannot be created.
 file_handle create_file(const file_handle& folder, const std::string& name,
                         const file_identity& kept);
 
-/// Opens a created file to write at its end. The handle is closed when another file stands in its
-/// place, or it changed since, or has got another name.
+/// Opens a created file to append to it. The handle is closed if the name belongs to another file
+/// now, or if the file has another size or a second name.
 file_handle reopen_file(const file_handle& folder, const std::string& name,
                         const created_file& created);
 
-/// Removes what stands under a name in a folder. Returns whether it did: a folder and the kept file
-/// stay.
+/// Removes a file from a folder. Returns whether it did. Folders and the kept file are not removed.
 bool remove_file(const file_handle& folder, const std::string& name, const file_identity& kept);
 
 }  // namespace morvane

@@ -15,8 +15,8 @@ bool is_open(int stream) {
   return ::fcntl(stream, F_GETFD) >= 0;
 }
 
-/// Opens the null device under the lowest free number. A system without devices still has a root
-/// folder, which takes no bytes either.
+/// Opens the null device with the lowest free number. Without a null device the root folder serves:
+/// it takes no bytes either.
 bool open_nothing() {
   // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): as above
   return ::open("/dev/null", O_RDWR) >= 0 || ::open("/", O_RDONLY) >= 0;

@@ -27,7 +27,7 @@ TEST(CommandLine, HelpsWithTheProgramAndWithEachCommand) {
   const run_result program = run_morvane({"--help"}, ".");
   EXPECT_EQ(program.status, 0);
   EXPECT_EQ(program.diagnostics, "");
-  for (const char* command : {"check", "show"}) {
+  for (const char* command : {"check", "show", "diff", "extract"}) {
     EXPECT_NE(program.output.find(std::string("\n  ") + command + " "), std::string::npos);
     const run_result help = run_morvane({command, "--help"}, ".");
     EXPECT_EQ(help.status, 0);

@@ -36,7 +36,7 @@ class sample {
   /// A run on an unchanged sample; the package of an earlier run and its parse folder are gone.
   outcome after(const std::vector<std::string>& arguments, const fault& fault) {
     renew();
-    const run_result run = run_tool_with(fault, arguments, folder.path());
+    const run_result run = run_with(fault, tool_words(arguments), folder.path());
     return {.run = run, .files = folder.files()};
   }
 
@@ -48,7 +48,7 @@ class sample {
 
   std::map<std::string, unsigned> calls(const std::vector<std::string>& arguments) {
     renew();
-    return calls_of(arguments, folder.path());
+    return calls_of(tool_words(arguments), folder.path());
   }
 
   scratch_folder folder;
@@ -230,8 +230,8 @@ TEST(UnreadableFolder, ThatFailsMidwayCountsAsOneThatCannotBeOpened) {
   // 600 files and two names for folders.
   for (const unsigned number : {1U, 2U, 50U, 602U, 603U}) {
     const run_result run =
-        run_tool_with({.kind = "readdir", .number = number, .effect = error_effect(EIO)},
-                      {"-d", "in", "-f", "net.bin"}, folder.path());
+        run_with({.kind = "readdir", .number = number, .effect = error_effect(EIO)},
+                 tool_words({"-d", "in", "-f", "net.bin"}), folder.path());
     EXPECT_EQ(run.status, 255);
     EXPECT_EQ(run.output, "error: can't find matched .dvi files and .h files\n");
     EXPECT_FALSE(folder.exists("net.bin"));
@@ -245,9 +245,9 @@ TEST(UnreadableFolder, ThatFailsMidwayInTheSearchForHeadersHasNone) {
   const scratch_folder folder;
   folder.write("in/net.dvi", "");
   folder.write("in/net.h", "");
-  const run_result run = run_tool_with(
-      {.kind = "readdir", .number = 6, .from_then_on = true, .effect = error_effect(EIO)},
-      {"-d", "in", "-f", "net.bin"}, folder.path());
+  const run_result run =
+      run_with({.kind = "readdir", .number = 6, .from_then_on = true, .effect = error_effect(EIO)},
+               tool_words({"-d", "in", "-f", "net.bin"}), folder.path());
   EXPECT_EQ(run.status, 255);
   EXPECT_EQ(
       run.output,

@@ -223,6 +223,14 @@ int rename(const char* from, const char* to) {
   return is_chosen(rename_kind) ? -1 : NEXT(rename)(from, to);
 }
 
+int renameat(int folder, const char* from, int other, const char* to) {
+  return is_chosen(rename_kind) ? -1 : NEXT(renameat)(folder, from, other, to);
+}
+
+int renameat2(int folder, const char* from, int other, const char* to, unsigned flags) {
+  return is_chosen(rename_kind) ? -1 : NEXT(renameat2)(folder, from, other, to, flags);
+}
+
 int fsync(int file) {
   return is_chosen(sync_kind) ? -1 : NEXT(fsync)(file);
 }

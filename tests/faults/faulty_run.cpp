@@ -8,14 +8,13 @@ namespace morvane::test {
 
 namespace {
 
-/// The tool's command with the library preloaded. A sanitizer's runtime asks to be the first
+/// The command with the library preloaded. A sanitizer's runtime asks to be the first
 /// library; it works as the second one too.
 std::vector<std::string> with_library(const std::string& request,
-                                      const std::vector<std::string>& arguments) {
+                                      const std::vector<std::string>& command) {
   std::vector<std::string> words = {"env", "LD_PRELOAD=" MORVANE_FAULT_LIBRARY,
                                     "ASAN_OPTIONS=verify_asan_link_order=0", request};
-  const std::vector<std::string> tool = tool_words(arguments);
-  words.insert(words.end(), tool.begin(), tool.end());
+  words.insert(words.end(), command.begin(), command.end());
   return words;
 }
 
@@ -29,17 +28,17 @@ bool can_make_faults() {
   return run_prefix().empty();
 }
 
-run_result run_tool_with(const fault& fault, const std::vector<std::string>& arguments,
-                         const std::string& folder) {
+run_result run_with(const fault& fault, const std::vector<std::string>& command,
+                    const std::string& folder) {
   const std::string request = "MORVANE_FAULT=" + fault.kind + ":" + std::to_string(fault.number) +
                               (fault.from_then_on ? "+" : "") + ":" + fault.effect;
-  return run_program(with_library(request, arguments), folder);
+  return run_program(with_library(request, command), folder);
 }
 
-std::map<std::string, unsigned> calls_of(const std::vector<std::string>& arguments,
+std::map<std::string, unsigned> calls_of(const std::vector<std::string>& command,
                                          const std::string& folder) {
   const scratch_folder scratch;
-  run_program(with_library("MORVANE_FAULT_COUNTS=" + scratch.path("counts"), arguments), folder);
+  run_program(with_library("MORVANE_FAULT_COUNTS=" + scratch.path("counts"), command), folder);
   std::istringstream lines(scratch.read("counts"));
   std::map<std::string, unsigned> counts;
   std::string kind;

@@ -24,12 +24,12 @@ std::string error_effect(int error);
 /// Whether faults can be made here: not behind an emulator or a memory checker.
 bool can_make_faults();
 
-/// Runs the tool in a folder with a fault.
-run_result run_tool_with(const fault& fault, const std::vector<std::string>& arguments,
-                         const std::string& folder);
+/// Runs a command, such as tool_words or morvane_words, in a folder with a fault.
+run_result run_with(const fault& fault, const std::vector<std::string>& command,
+                    const std::string& folder);
 
-/// How many calls of each kind a run of the tool in a folder makes.
-std::map<std::string, unsigned> calls_of(const std::vector<std::string>& arguments,
+/// How many calls of each kind a command makes in a folder.
+std::map<std::string, unsigned> calls_of(const std::vector<std::string>& command,
                                          const std::string& folder);
 
 }  // namespace morvane::test

@@ -48,15 +48,6 @@ void settle_surroundings() {
   ::_exit(127);
 }
 
-/// A program and its arguments, behind the run prefix.
-std::vector<std::string> prefixed(const std::string& program,
-                                  const std::vector<std::string>& arguments) {
-  std::vector<std::string> words = run_prefix();
-  words.push_back(program);
-  words.insert(words.end(), arguments.begin(), arguments.end());
-  return words;
-}
-
 pid_t start(const std::vector<std::string>& arguments, const std::string& folder, int output,
             int diagnostics) {
   const pid_t child = ::fork();
@@ -75,6 +66,14 @@ int wait_for(pid_t process, rusage& usage) {
   while (::wait4(process, &status, 0, &usage) < 0 && errno == EINTR) {
   }
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+std::vector<std::string> prefixed(const std::string& program,
+                                  const std::vector<std::string>& arguments) {
+  std::vector<std::string> words = run_prefix();
+  words.push_back(program);
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  return words;
 }
 
 int open_stream(const std::string& path) {

@@ -16,15 +16,18 @@ lib/ARCHITECTURE/libmorvane_view.a
 lib/ARCHITECTURE/morvane-gen/libmorvane.so
 lib/ARCHITECTURE/morvane-gen/morvane_gen
 lib/ARCHITECTURE/pkgconfig/morvane-view.pc
+share/bash-completion/completions/morvane
 share/bash-completion/completions/morvane_gen
+share/cmake/morvane/morvaneConfig.cmake
 share/man/man1/morvane.1.gz
 share/man/man1/morvane_gen.1.gz
+share/zsh/site-functions/_morvane
 share/zsh/site-functions/_morvane_gen
 END
 if [ -e "$BUILD/morvane" ]; then
   cp all expected
 else
-  grep -v '/morvane$\|/morvane\.1' all >expected
+  grep -v '/_\?morvane$\|/morvane\.1\|/morvaneConfig' all >expected
 fi
 (cd prefix && find . ! -type d ! -path './share/doc/*' | sed 's,^\./,,; s,^lib/[^/]*-linux-gnu/,lib/ARCHITECTURE/,' |
   LC_ALL=C sort) >found

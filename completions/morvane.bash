@@ -1,0 +1,80 @@
+# bash completion of morvane. The commands, their options and the DAG names come from the program itself.
+
+# Reads what `morvane [COMMAND] --help` says into the variables of the caller: options and commands, and
+# what each option takes, if anything: values[--output]=FOLDER.
+_morvane_read_help() {
+  local line name
+  while IFS= read -r line; do
+    if [[ $line =~ ^'  '(-[^ ]+)(' '([A-Z]+)' ')? ]]; then
+      for name in ${BASH_REMATCH[1]//,/ }; do
+        options+=("$name")
+        values[$name]=${BASH_REMATCH[3]}
+      done
+    elif [[ $line =~ ^'  '([a-z]+)' ' ]]; then
+      commands+=("${BASH_REMATCH[1]}")
+    fi
+  done < <("$@" --help 2>/dev/null)
+}
+
+# Offers the DAG names of a package. A name is never evaluated, whatever it holds.
+_morvane_offer_dag_names() {
+  local program=$1 word=$3 name quoted
+  # As typed, the path may be quoted.
+  local package=${2//[\\\'\"]/}
+  while IFS= read -r name; do
+    printf -v quoted %q "$name"
+    if [[ $quoted == "$word"* ]]; then
+      COMPREPLY+=("$quoted")
+    fi
+  done < <("$program" extract --list "${package/#~\//$HOME/}" 2>/dev/null)
+}
+
+_morvane_offer_values() {
+  case $1 in
+    FOLDER) compopt -o dirnames ;;
+    FORMAT) mapfile -t COMPREPLY < <(compgen -W "text json sarif" -- "$2") ;;
+    *) compopt -o default ;;
+  esac
+}
+
+_morvane() {
+  local program=${COMP_WORDS[0]/#~\//$HOME/} command=${COMP_WORDS[1]} word=${COMP_WORDS[COMP_CWORD]}
+  local before=${COMP_WORDS[COMP_CWORD - 1]} i
+  local -a options=() commands=() arguments=()
+  local -A values=()
+
+  COMPREPLY=()
+  if ((COMP_CWORD == 1)); then
+    _morvane_read_help "$program"
+    mapfile -t COMPREPLY < <(compgen -W "${commands[*]} ${options[*]}" -- "$word")
+    return
+  fi
+  _morvane_read_help "$program" "$command"
+
+  # --output=out arrives as three words.
+  if [[ $word == = ]]; then
+    word=
+  elif [[ $before == = ]]; then
+    before=${COMP_WORDS[COMP_CWORD - 2]}
+  fi
+  for ((i = 2; i < COMP_CWORD; ++i)); do
+    if [[ -n ${values[${COMP_WORDS[i]}]-} ]]; then
+      [[ ${COMP_WORDS[i + 1]} != = ]] || ((++i))
+      ((++i))
+    elif [[ ${COMP_WORDS[i]} != -* ]]; then
+      arguments+=("${COMP_WORDS[i]}")
+    fi
+  done
+
+  if [[ -n ${values[$before]-} ]]; then
+    _morvane_offer_values "${values[$before]}" "$word"
+  elif [[ $word == -* ]]; then
+    mapfile -t COMPREPLY < <(compgen -W "${options[*]}" -- "$word")
+  elif [[ $command == extract && ${#arguments[@]} -gt 0 ]]; then
+    _morvane_offer_dag_names "$program" "${arguments[0]}" "$word"
+  else
+    compopt -o default
+  fi
+}
+
+complete -F _morvane morvane

@@ -1,0 +1,46 @@
+#include "companion/held_signals.h"
+
+#include <array>
+
+namespace morvane::companion {
+
+namespace {
+
+constexpr std::array ending_signals{SIGHUP, SIGINT, SIGQUIT, SIGTERM};
+
+/// One that is ignored, as nohup does, ends nothing, but would wait all the same.
+bool is_ignored(int signal) {
+  struct sigaction action {};
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-union-access): the system's interface
+  return ::sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
+}  // namespace
+
+held_signals::held_signals() {
+  ::sigemptyset(&held_);
+  for (const int signal : ending_signals) {
+    if (!is_ignored(signal)) {
+      ::sigaddset(&held_, signal);
+    }
+  }
+  ::sigprocmask(SIG_BLOCK, &held_, &before_);
+}
+
+held_signals::~held_signals() {
+  ::sigprocmask(SIG_SETMASK, &before_, nullptr);
+}
+
+bool held_signals::is_waiting() const {
+  sigset_t waiting{};
+  ::sigpending(&waiting);
+  for (const int signal : ending_signals) {
+    const bool is_held = ::sigismember(&held_, signal) == 1 && ::sigismember(&before_, signal) == 0;
+    if (is_held && ::sigismember(&waiting, signal) == 1) {
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace morvane::companion

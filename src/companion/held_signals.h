@@ -1,0 +1,25 @@
+// Signals that end the program, held back while a temporary file exists.
+#pragma once
+
+#include <csignal>
+
+namespace morvane::companion {
+
+/// Holds back SIGHUP, SIGINT, SIGQUIT and SIGTERM. One that came in the meantime ends the program
+/// at the end of the scope: what is declared after this object is cleaned up before.
+class held_signals {
+ public:
+  held_signals();
+  held_signals(const held_signals&) = delete;
+  held_signals& operator=(const held_signals&) = delete;
+  ~held_signals();
+
+  /// Whether one of them is waiting to end the program.
+  [[nodiscard]] bool is_waiting() const;
+
+ private:
+  sigset_t held_{};
+  sigset_t before_{};
+};
+
+}  // namespace morvane::companion

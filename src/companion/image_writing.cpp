@@ -1,0 +1,35 @@
+#include "companion/image_writing.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
+
+#include "companion/checked_write.h"
+
+namespace morvane::companion {
+
+namespace {
+
+constexpr std::size_t part_size = std::size_t{1} << 20U;
+
+}  // namespace
+
+int write_image(const opened_package& package, std::span<const std::uint8_t> image, int descriptor,
+                const held_signals* signals, progress_line& progress) {
+  for (std::size_t done = 0; done < image.size();) {
+    const auto part = image.subspan(done, std::min(part_size, image.size() - done));
+    package.bytes.fetch(part);
+    if (const int error = write_checked(descriptor, part); error != 0) {
+      return error;
+    }
+    if (signals != nullptr && signals->is_waiting()) {
+      return EINTR;
+    }
+    package.bytes.release(part);
+    done += part.size();
+    show_progress(progress, done);
+  }
+  return 0;
+}
+
+}  // namespace morvane::companion

@@ -1,0 +1,37 @@
+#include "companion/opened_package.h"
+
+#include "companion/printable_text.h"
+
+namespace morvane::companion {
+
+int open_package(const std::string& path, opened_package& package) {
+  package.path = path;
+  if (const int error = package.bytes.load(path); error != 0) {
+    return error;
+  }
+  const auto bytes = package.bytes.bytes();
+  morvane_view_open(&package.view, bytes.data(), bytes.size(), &package.damage);
+  return 0;
+}
+
+void warn_of_damage(const opened_package& package, std::string_view participle, console& streams) {
+  if (is_damaged(package) && !streams.quiet) {
+    flush_results(streams);
+    print_message(joined(printable(package.path), ": the package is damaged; ", participle,
+                         " is what comes before the damage, and morvane check tells more"));
+  }
+}
+
+void release_dvi(const opened_package& package, const morvane_view_dvi& dvi) {
+  const std::uint64_t ports = std::uint64_t{dvi.input_num} + dvi.output_num;
+  package.bytes.release(dvi.block, ports * sizeof(morvane_port_desc) + dvi.dvi_img_size);
+  package.bytes.release(dvi.vproc_block, dvi.vproc_records_size);
+}
+
+std::span<const std::uint8_t> image_of(const morvane_view& view, const morvane_view_dvi& dvi) {
+  morvane_bytes image{};
+  const bool is_there = morvane_view_image(&view, &dvi, &image) == MORVANE_VIEW_OK;
+  return {is_there ? image.bytes : view.bytes, is_there ? image.size : 0};
+}
+
+}  // namespace morvane::companion

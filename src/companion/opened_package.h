@@ -1,0 +1,41 @@
+// A package that is opened as far as it can be walked.
+#pragma once
+
+#include <morvane/package_view.h>
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "companion/console.h"
+#include "companion/package_bytes.h"
+
+namespace morvane::companion {
+
+struct opened_package {
+  std::string path{};
+  package_bytes bytes{};
+  morvane_view view{};
+  morvane_view_damage damage{};  // with status MORVANE_VIEW_OK when there is none
+};
+
+/// Reads and opens a package. Returns 0, or the errno of the failure to read it.
+int open_package(const std::string& path, opened_package& package);
+
+/// Whether the package cannot be walked to its end.
+inline bool is_damaged(const opened_package& package) {
+  return package.damage.status != MORVANE_VIEW_OK;
+}
+
+/// Tells the user, if the package is damaged and unless quiet is asked for, that only what comes
+/// before the damage is compared, shown or whatever the participle says.
+void warn_of_damage(const opened_package& package, std::string_view participle, console& streams);
+
+/// Gives back the memory of a DVI's ports, image, variables and SMB blocks.
+void release_dvi(const opened_package& package, const morvane_view_dvi& dvi);
+
+/// The bytes of a DVI's image.
+std::span<const std::uint8_t> image_of(const morvane_view& view, const morvane_view_dvi& dvi);
+
+}  // namespace morvane::companion

@@ -1,0 +1,24 @@
+// morvane pack: writes a package that is either complete or not there.
+#pragma once
+
+#include <string>
+
+#include "companion/console.h"
+
+namespace morvane::companion {
+
+struct pack_options {
+  std::string folder;   // the compiler's output
+  std::string package;  // path
+  std::string depfile;  // path; none when empty
+  bool vproc = false;
+  bool warnings_are_errors = false;
+  bool sync = true;  // wait until the package is on the disk
+};
+
+/// Packs the folder into a temporary file, checks it, compares it with the inputs and only then
+/// renames it to the package's path. Returns the exit status. Unless that is status_fine, the
+/// package is as it was before.
+int run_pack(const pack_options& options, console& streams);
+
+}  // namespace morvane::companion

@@ -1,0 +1,69 @@
+// An image, written to a descriptor.
+#include "companion/image_writing.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
+
+#include "companion/sound_package.h"
+#include "harness/scratch_folder.h"
+
+namespace morvane::test {
+namespace {
+
+constexpr std::uint32_t image_size = 3U << 20U;
+
+/// A folder with a package of one large image, and a file to write it to.
+struct image_to_write {
+  scratch_folder folder;
+  companion::opened_package package;
+  companion::progress_line progress;
+  int descriptor = -1;
+
+  image_to_write() {
+    folder.write("net.bin",
+                 header(1) + bytes(dvi("net", image_size)) + std::string(image_size, 'A'));
+    EXPECT_EQ(open_package(folder.path("net.bin"), package), 0);
+    descriptor = ::open(folder.path("image").c_str(), O_WRONLY | O_CREAT, 0600);
+  }
+  ~image_to_write() { ::close(descriptor); }
+
+  [[nodiscard]] int write(const companion::held_signals* signals) {
+    return write_image(package, package.bytes.bytes().subspan(168), descriptor, signals, progress);
+  }
+};
+
+TEST(ImageWriting, WritesTheWholeImage) {
+  image_to_write image;
+  EXPECT_EQ(image.write(nullptr), 0);
+  EXPECT_EQ(image.folder.read("image"), std::string(image_size, 'A'));
+}
+
+TEST(ImageWriting, StopsSoonWhenASignalIsWaiting) {
+  image_to_write image;
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const companion::held_signals signals;
+    ::raise(SIGTERM);
+    ::_exit(image.write(&signals));
+  }
+  int status = 0;
+  EXPECT_EQ(::waitpid(child, &status, 0), child);
+  EXPECT_TRUE(WIFEXITED(status));
+  EXPECT_EQ(WEXITSTATUS(status), EINTR);
+  EXPECT_EQ(std::filesystem::file_size(image.folder.path("image")), 1U << 20U);
+}
+
+TEST(ImageWriting, TellsThatThePackageWasCutMeanwhile) {
+  image_to_write image;
+  std::filesystem::resize_file(image.folder.path("net.bin"), 1U << 20U);
+  EXPECT_EQ(image.write(nullptr), EFAULT);
+}
+
+}  // namespace
+}  // namespace morvane::test

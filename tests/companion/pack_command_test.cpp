@@ -1,0 +1,224 @@
+// morvane pack: the same bytes as morvane_gen, or the package as it was.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+
+#include "harness/run_tool.h"
+#include "harness/scratch_folder.h"
+
+namespace morvane::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* header =
+    "#define net_DAG_NAME net\n"
+    "#define net_image_size 5\n"
+    "/* net HMB_input data */\n"
+    "#define net_data_W 7\n"
+    "/* net HMB_output mask */\n";
+
+class Pack : public testing::Test {
+ protected:
+  void SetUp() override {
+    folder.write("in/net.dvi", "image");
+    folder.write("in/net.h", header);
+  }
+
+  [[nodiscard]] run_result pack(std::vector<std::string> options = {}) const {
+    std::vector<std::string> arguments = {"pack", "in", "-o", "net.bin"};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    return run_morvane(arguments, folder.path());
+  }
+
+  /// What morvane_gen writes for the folder.
+  [[nodiscard]] std::string expected(const std::vector<std::string>& options = {}) const {
+    const scratch_folder other;
+    std::vector<std::string> arguments = {"-d", folder.path("in"), "-f", "net.bin"};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    EXPECT_EQ(run_tool(arguments, other.path()).status, 0);
+    return other.read("net.bin");
+  }
+
+  /// Checks a run that fails: its status, its messages, and that the older package is unchanged.
+  void expect_refused(const std::vector<std::string>& options, int status,
+                      const std::string& output, const std::string& diagnostics) {
+    folder.write("net.bin", "older");
+    const auto before = folder.files();
+    const run_result run = pack(options);
+    EXPECT_EQ(run.status, status);
+    EXPECT_EQ(run.output, output);
+    EXPECT_EQ(run.diagnostics, diagnostics);
+    EXPECT_EQ(folder.files(), before);
+  }
+
+  scratch_folder folder;
+};
+
+TEST_F(Pack, WritesThePackageThatTheToolWrites) {
+  const run_result run = pack();
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.output, "net.bin: packed, 1 DVI, 2 ports, without vproc records, 2333 bytes\n");
+  EXPECT_EQ(run.diagnostics, "");
+  EXPECT_TRUE(folder.read("net.bin") == expected());
+}
+
+TEST_F(Pack, WritesVprocRecordsOnRequest) {
+  folder.write("in/net.h", std::string(header) + "/* $gain */\n#define gain_bsize 8\n");
+  const run_result run = pack({"--vproc"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.output, "net.bin: packed, 1 DVI, 2 ports, with vproc records, 2481 bytes\n");
+  EXPECT_TRUE(folder.read("net.bin") == expected({"-c"}));
+}
+
+TEST_F(Pack, ReplacesAnOlderPackageAndLeavesNothingElse) {
+  folder.write("net.bin", "older");
+  EXPECT_EQ(pack({"--no-sync"}).status, 0);
+  EXPECT_TRUE(folder.read("net.bin") == expected());
+  EXPECT_EQ(folder.files().size(), 3U);
+}
+
+TEST_F(Pack, KeepsThePermissionsOfAnOlderPackage) {
+  folder.write("net.bin", "older");
+  fs::permissions(folder.path("net.bin"), fs::perms{0640});
+  EXPECT_EQ(pack().status, 0);
+  EXPECT_EQ(fs::status(folder.path("net.bin")).permissions(), fs::perms{0640});
+}
+
+TEST_F(Pack, GivesANewPackageThePermissionsThatTheUmaskLeaves) {
+  const mode_t old_mask = ::umask(027);
+  EXPECT_EQ(pack().status, 0);
+  ::umask(old_mask);
+  EXPECT_EQ(fs::status(folder.path("net.bin")).permissions(), fs::perms{0640});
+}
+
+TEST_F(Pack, ReplacesTheFileThatALinkLeadsTo) {
+  folder.write("elsewhere/net.bin", "older");
+  fs::create_symlink("elsewhere/net.bin", folder.path("net.bin"));
+  EXPECT_EQ(pack().status, 0);
+  EXPECT_TRUE(fs::is_symlink(folder.path("net.bin")));
+  EXPECT_TRUE(folder.read("elsewhere/net.bin") == expected());
+}
+
+TEST_F(Pack, LeavesTheOtherNamesOfAnOlderPackageAlone) {
+  folder.write("net.bin", "older");
+  fs::create_hard_link(folder.path("net.bin"), folder.path("kept.bin"));
+  EXPECT_EQ(pack().status, 0);
+  EXPECT_EQ(folder.read("kept.bin"), "older");
+}
+
+TEST_F(Pack, QuietPrintsNothingOfASuccess) {
+  const run_result run = pack({"--quiet", "--vproc"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.output + run.diagnostics, "");
+}
+
+TEST_F(Pack, ShowsWarningsAndGoesOn) {
+  const run_result run = pack({"--vproc"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.diagnostics,
+            "morvane: warning: fail to find vproc self-defined variables in in/net.h\n");
+}
+
+TEST_F(Pack, TreatsWarningsAsErrorsOnRequest) {
+  expect_refused({"--vproc", "--werror"}, 1, "",
+                 "morvane: warning: fail to find vproc self-defined variables in in/net.h\n");
+}
+
+TEST_F(Pack, TreatsWarningsOfTheCheckAsErrorsOnRequest) {
+  folder.write("in/net.h", std::string(header) + "#define net_dagbin_start 9\n");
+  expect_refused({"--werror"}, 1,
+                 "net.bin:0x18: warning: DVI 0: dvi_dag_vaddr is 9, outside the image, which has 5 "
+                 "bytes from 0 on [dagbin-outside-image]\n",
+                 "");
+}
+
+TEST_F(Pack, RefusesAFolderWithoutImages) {
+  fs::remove(folder.path("in/net.dvi"));
+  expect_refused({}, 1, "", "morvane: error: can't find matched .dvi files and .h files\n");
+}
+
+TEST_F(Pack, RefusesAMissingFolder) {
+  fs::remove_all(folder.path("in"));
+  expect_refused({}, 2, "", "morvane: in: No such file or directory\n");
+}
+
+TEST_F(Pack, RefusesAMissingHeader) {
+  fs::remove(folder.path("in/net.h"));
+  expect_refused({}, 1, "",
+                 "morvane: error: can't find file net.h. please check filename format between .dvi "
+                 "and .h files.\n"
+                 "morvane: error: number of DVI files doesn't match that of Header files.\n");
+}
+
+TEST_F(Pack, RefusesAnInputThatIsNoFile) {
+  fs::remove(folder.path("in/net.h"));
+  folder.make_folder("in/net.h");
+  expect_refused({}, 2, "", "morvane: in/net.h: Invalid argument\n");
+}
+
+TEST_F(Pack, RefusesAShortImage) {
+  folder.write("in/net.dvi", "imag");
+  expect_refused({}, 1, "", "morvane: error: fail to read 5 bytes from in/net.dvi\n");
+}
+
+TEST_F(Pack, RefusesAPackageWhoseCountsDisagree) {
+  folder.write("in/net.h", std::string("/* net HMB_input early */\n") + header);
+  const run_result run = pack();
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(run.output.starts_with("net.bin:0x")) << run.output;
+  EXPECT_NE(run.output.find(": error: "), std::string::npos);
+  EXPECT_FALSE(folder.exists("net.bin"));
+}
+
+TEST_F(Pack, RefusesToReplaceAnInput) {
+  const auto before = folder.files();
+  for (const std::string package : {"in/net.dvi", "in/net.h"}) {
+    const run_result run = run_morvane({"pack", "in", "-o", package}, folder.path());
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.diagnostics, "morvane: " + package + ": is one of the files to pack\n");
+  }
+  EXPECT_EQ(folder.files(), before);
+}
+
+TEST_F(Pack, RefusesToReplaceWhatIsNoFile) {
+  folder.make_folder("net.bin");
+  const run_result run = pack();
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.diagnostics, "morvane: net.bin: Is a directory\n");
+  EXPECT_EQ(run_morvane({"pack", "in", "-o", "/dev/full"}, folder.path()).diagnostics,
+            "morvane: /dev/full: Invalid argument\n");
+}
+
+TEST_F(Pack, RefusesAFolderThatDoesNotExistForThePackage) {
+  const run_result run = run_morvane({"pack", "in", "-o", "missing/net.bin"}, folder.path());
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.diagnostics, "morvane: missing/net.bin: No such file or directory\n");
+}
+
+TEST_F(Pack, TellsThatStandardOutputIsFullAfterThePackageIsThere) {
+  std::vector<std::string> words = {"sh", "-c", "exec \"$@\" >/dev/full", "sh"};
+  const auto command = morvane_words({"pack", "in", "-o", "net.bin"});
+  words.insert(words.end(), command.begin(), command.end());
+  const run_result run = run_program(words, folder.path());
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.diagnostics, "morvane: standard output: No space left on device\n");
+  EXPECT_TRUE(folder.read("net.bin") == expected());
+}
+
+TEST_F(Pack, WritesADependencyFile) {
+  EXPECT_EQ(pack({"--depfile", "net.d"}).status, 0);
+  EXPECT_EQ(folder.read("net.d"),
+            "net.bin: \\\n"
+            "  in/net.dvi \\\n"
+            "  in/net.h\n");
+}
+
+TEST_F(Pack, WritesNoPackageWithoutItsDependencyFile) {
+  expect_refused({"--depfile", "missing/net.d"}, 2, "",
+                 "morvane: missing/net.d: No such file or directory\n");
+}
+
+}  // namespace
+}  // namespace morvane::test
