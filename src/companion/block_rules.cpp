@@ -46,7 +46,8 @@ void note_port_overlaps(const morvane_view& view, const morvane_view_dvi& dvi,
                     .begin = begin,
                     .end = begin + port.port_size});
   });
-  for (const auto& [one, other] : find_overlaps(std::move(used))) {
+  const std::vector<overlap> overlaps = find_overlaps(std::move(used));
+  for (const auto& [one, other] : overlaps) {
     tell(sink, kind_of("ports-overlap"),
          dvi.block + other.owner * sizeof(morvane_port_desc) +
              offsetof(morvane_port_desc, port_byte_offset),

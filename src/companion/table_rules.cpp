@@ -59,7 +59,8 @@ void check_dagbin(const morvane_view_dvi& dvi, const finding_sink& sink) {
 }
 
 void note_image_overlaps(std::vector<used_range> images, const finding_sink& sink) {
-  for (const auto& [one, other] : find_overlaps(std::move(images))) {
+  const std::vector<overlap> overlaps = find_overlaps(std::move(images));
+  for (const auto& [one, other] : overlaps) {
     constexpr std::size_t in_record = offsetof(morvane_dvi_desc, dvi_img_vaddr);
     tell(sink, kind_of("images-overlap"),
          sizeof(morvane_pkg_header) + other.owner * sizeof(morvane_dvi_desc) + in_record,
