@@ -6,8 +6,8 @@
 
 namespace morvane::companion {
 
-int write_checked(int descriptor, std::span<const std::uint8_t> bytes) {
-  return write_bytes(descriptor, std::as_bytes(bytes)) == bytes.size() ? 0 : errno;
+int write_checked(int descriptor, std::span<const std::byte> bytes) {
+  return write_bytes(descriptor, bytes) == bytes.size() ? 0 : errno;
 }
 
 }  // namespace morvane::companion
