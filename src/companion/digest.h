@@ -17,6 +17,8 @@ class byte_digest {
   byte_digest();
   byte_digest(const byte_digest&) = delete;
   byte_digest& operator=(const byte_digest&) = delete;
+  byte_digest(byte_digest&&) = delete;
+  byte_digest& operator=(byte_digest&&) = delete;
   ~byte_digest();
 
   void add(std::span<const std::byte> bytes);

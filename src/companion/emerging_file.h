@@ -15,6 +15,8 @@ class emerging_file {
   explicit emerging_file(const file_handle& folder) : folder_(folder) {}
   emerging_file(const emerging_file&) = delete;
   emerging_file& operator=(const emerging_file&) = delete;
+  emerging_file(emerging_file&&) = delete;
+  emerging_file& operator=(emerging_file&&) = delete;
   ~emerging_file();
 
   /// Creates the file, empty, for a name without a slash. Returns 0 or an errno; so below.

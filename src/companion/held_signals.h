@@ -12,6 +12,8 @@ class held_signals {
   held_signals();
   held_signals(const held_signals&) = delete;
   held_signals& operator=(const held_signals&) = delete;
+  held_signals(held_signals&&) = delete;
+  held_signals& operator=(held_signals&&) = delete;
   ~held_signals();
 
   /// Whether one of them is waiting to end the program.

@@ -12,7 +12,7 @@ namespace morvane::companion {
 /// Whether a byte is a control character: below 0x20, or 0x7F.
 constexpr bool is_control(char byte) {
   const auto value = static_cast<unsigned char>(byte);
-  return (value < 0x20) | (value == 0x7F);
+  return value < 0x20 || value == 0x7F;
 }
 
 /// The text with every control character, and every byte that is not UTF-8, as \x and two

@@ -45,6 +45,8 @@ class collected_messages {
   collected_messages();
   collected_messages(const collected_messages&) = delete;
   collected_messages& operator=(const collected_messages&) = delete;
+  collected_messages(collected_messages&&) = delete;
+  collected_messages& operator=(collected_messages&&) = delete;
   ~collected_messages();
 
   std::string text{};
