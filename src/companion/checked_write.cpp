@@ -12,7 +12,7 @@ namespace {
 
 /// Writes a part of the bytes; returns how many, or -1 with errno. Waits for a descriptor that
 /// takes nothing now.
-ssize_t write_some(int descriptor, std::span<const std::uint8_t> bytes) {
+ssize_t write_some(int descriptor, std::span<const std::byte> bytes) {
   const ssize_t put = ::write(descriptor, bytes.data(), bytes.size());
   if (put == 0) {
     errno = EIO;
@@ -30,7 +30,7 @@ ssize_t write_some(int descriptor, std::span<const std::uint8_t> bytes) {
 
 }  // namespace
 
-int write_checked(int descriptor, std::span<const std::uint8_t> bytes) {
+int write_checked(int descriptor, std::span<const std::byte> bytes) {
   while (!bytes.empty()) {
     const ssize_t put = write_some(descriptor, bytes);
     if (put < 0) {

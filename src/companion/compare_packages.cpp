@@ -11,14 +11,14 @@ namespace morvane::companion {
 
 namespace {
 
-constexpr record_form input_form{part_kind::input, sizeof(morvane_port_desc),
-                                 &morvane_view_port::port_name, port_fields};
-constexpr record_form output_form{part_kind::output, sizeof(morvane_port_desc),
-                                  &morvane_view_port::port_name, port_fields};
-constexpr record_form variable_form{part_kind::variable, sizeof(morvane_var_desc),
-                                    &morvane_view_var::var, variable_fields};
-constexpr record_form smb_form{part_kind::smb, sizeof(morvane_smb_desc),
-                               &morvane_view_smb_block::smb_name, smb_fields};
+constexpr record_form<morvane_view_port, port_fields.size()> input_form{
+    part_kind::input, sizeof(morvane_port_desc), &morvane_view_port::port_name, port_fields};
+constexpr record_form<morvane_view_port, port_fields.size()> output_form{
+    part_kind::output, sizeof(morvane_port_desc), &morvane_view_port::port_name, port_fields};
+constexpr record_form<morvane_view_var, variable_fields.size()> variable_form{
+    part_kind::variable, sizeof(morvane_var_desc), &morvane_view_var::var, variable_fields};
+constexpr record_form<morvane_view_smb_block, smb_fields.size()> smb_form{
+    part_kind::smb, sizeof(morvane_smb_desc), &morvane_view_smb_block::smb_name, smb_fields};
 
 /// A DVI of both packages.
 struct dvi_pair {

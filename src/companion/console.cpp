@@ -7,6 +7,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <span>
 #include <system_error>
 
 #include "companion/checked_write.h"
@@ -20,8 +21,7 @@ constexpr std::size_t most_pending = std::size_t{64} * 1024;
 
 /// Returns 0, or the errno of the failure.
 int write_all(int descriptor, std::string_view text) {
-  return write_checked(descriptor,
-                       {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+  return write_checked(descriptor, std::as_bytes(std::span(text)));
 }
 
 bool is_set(const char* variable) {

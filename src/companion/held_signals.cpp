@@ -1,5 +1,6 @@
 #include "companion/held_signals.h"
 
+#include <algorithm>
 #include <array>
 
 namespace morvane::companion {
@@ -34,13 +35,10 @@ held_signals::~held_signals() {
 bool held_signals::is_waiting() const {
   sigset_t waiting{};
   ::sigpending(&waiting);
-  for (const int signal : ending_signals) {
+  return std::ranges::any_of(ending_signals, [&](int signal) {
     const bool is_held = ::sigismember(&held_, signal) == 1 && ::sigismember(&before_, signal) == 0;
-    if (is_held && ::sigismember(&waiting, signal) == 1) {
-      return true;
-    }
-  }
-  return false;
+    return is_held && ::sigismember(&waiting, signal) == 1;
+  });
 }
 
 }  // namespace morvane::companion

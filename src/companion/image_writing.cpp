@@ -19,7 +19,7 @@ int write_image(const opened_package& package, std::span<const std::uint8_t> ima
   for (std::size_t done = 0; done < image.size();) {
     const auto part = image.subspan(done, std::min(part_size, image.size() - done));
     package.bytes.fetch(part);
-    if (const int error = write_checked(descriptor, part); error != 0) {
+    if (const int error = write_checked(descriptor, std::as_bytes(part)); error != 0) {
       return error;
     }
     if (signals != nullptr && signals->is_waiting()) {
