@@ -86,5 +86,8 @@ install(
   FILES_MATCHING
   PATTERN "*.md"
   PATTERN "*.h"
-  PATTERN "*.dvi")
+  PATTERN "*.dvi"
+  PATTERN "*.c"
+  PATTERN "CMakeLists.txt"
+  PATTERN "Makefile")
 install_compressed(packaging/changelog ${CMAKE_INSTALL_DOCDIR})

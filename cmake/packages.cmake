@@ -44,7 +44,7 @@ set(CPACK_DEBIAN_VIEW_DESCRIPTION
     "reader of morvane_gen packages for loaders
 libmorvane_view.a opens a package that lies in memory, checks it once and
 hands out its DAGs, ports and images without a copy. It is freestanding C99
-and is proved to read nothing outside of the package.")
+and checks every access against the size of the package.")
 
 # The bytes of a package are the same wherever it is made.
 set(CPACK_POST_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/normalise_package.cmake)

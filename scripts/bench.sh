@@ -20,7 +20,7 @@ for argument in "$@"; do
       pairs=3
       megabytes=8 small_dags=400 few_dags=120 many_dags=1200 many_ports=4000 large_dags=40 starts=20
       ;;
-    [1-9] | check | checks | show | diff | extract | pack | packs) rows+=("$argument") ;;
+    [1-9] | 1[0-2] | check | checks | show | diff | extract | pack | packs) rows+=("$argument") ;;
     *)
       echo "usage: scripts/bench.sh [--quick] [ROW ...]" >&2
       exit 2
@@ -53,6 +53,8 @@ else
   rm -f "$companion"
 fi
 generator=$PWD/tests/bench/compiler_output.awk
+view_bench=$PWD/tests/bench/package_view_bench.c
+view_library=(-I "$PWD/src/view/include" -I "$PWD/src/format/include" "$PWD/build/libmorvane_view.a")
 
 scratch=$(mktemp -d "${TMPDIR:-/tmp}/morvane_bench.XXXXXX")
 trap 'rm -rf "$scratch"' EXIT
@@ -61,6 +63,7 @@ trap 'exit 130' INT
 trap 'exit 143' TERM
 c++ -std=c++20 -O2 -static -o "$scratch/stopwatch" tests/bench/stopwatch.cpp
 cd "$scratch"
+cc -std=c99 -O2 -o view_bench "$view_bench" "${view_library[@]}"
 
 wanted() {
   local row
@@ -359,6 +362,35 @@ row_show() {
   rm -f net.bin
 }
 
+row_10() {
+  make_folder small dags="$small_dags" ports=2 image_size=100
+  pack small net.bin "$(package_size "$small_dags" 2 100)"
+  ours=(0 out/report ./view_bench open 1000 net.bin)
+  yardstick=(0 out/report ./view_bench table 1000 net.bin)
+  compare 10 "open a package of $small_dags DVIs 1000 times" "a loop over the words it reads" "2.0"
+  rm -rf small net.bin
+}
+
+row_11() {
+  local empty faults
+  "$tool" -d images -f net.bin >report
+  empty=$(./view_bench empty)
+  faults=$(./view_bench faults net.bin)
+  printf '| %s | %-46s | %8s faults | %-34s | %8s faults | %+d | | %s |\n' 11 \
+    "open a mapped package of 4 x $megabytes MiB" "$faults" "an empty program" "$empty" \
+    $((faults - empty)) "+16"
+  rm net.bin
+}
+
+row_12() {
+  make_folder large dags="$large_dags" ports=100 image_size=100
+  pack large net.bin "$(package_size "$large_dags" 100 100)"
+  ours=(0 out/report ./view_bench ports 20 net.bin)
+  yardstick=(0 out/report ./view_bench port_bytes 20 net.bin)
+  compare 12 "walk the ports of $large_dags DVIs of 100 ports 20 times" "a sum of the bytes it reads" "1.2"
+  rm -rf large net.bin
+}
+
 # inspect PACKAGE LINES: inspects into check/parse and checks the length of the report.
 inspect() {
   local lines
@@ -371,7 +403,7 @@ inspect() {
 
 # run_row ROW: measures a row. The rows of morvane have names instead of numbers.
 run_row() {
-  if [[ $1 == [0-9] ]] || [ -x "$companion" ]; then
+  if [[ $1 == [0-9]* ]] || [ -x "$companion" ]; then
     "row_$1"
   else
     note "$1" "morvane $1" "morvane is not built here"
@@ -381,14 +413,14 @@ run_row() {
 echo "Times in ms and ratios are medians of $pairs pairs, in brackets the least and the greatest ratio."
 echo "| # | workload | ms | yardstick | ms | ratio | peak MiB | goal |"
 echo "|---|---|---|---|---|---|---|---|"
-for row in 1 2 9 check diff extract pack; do
+for row in 1 2 9 11 check diff extract pack; do
   if wanted "$row"; then
     [ -d images ] || make_images
     run_row "$row"
   fi
 done
 rm -rf images
-for row in 3 4 5 6 7 8 checks show packs; do
+for row in 3 4 5 6 7 8 10 12 checks show packs; do
   if wanted "$row"; then
     run_row "$row"
   fi

@@ -1,6 +1,6 @@
 /*
- * The reader of packages. The comments that begin with an @ are contracts: scripts/prove.sh proves
- * that every function keeps its own, for every package.
+ * The reader of packages. The comments that begin with an @ are contracts: scripts/prove.sh tries to
+ * prove that every function keeps its own, for every package.
  *
  * Sums and products of counts are computed in 64 bits, where those of 32-bit counts cannot
  * overflow, and compared with the bytes that are left. Only what was found to fit becomes an
@@ -123,28 +123,37 @@ enum {
     string[length] == 0 &&
     \forall integer k; 0 <= k < length ==> string[k] != 0 && string[k] == text[k];
 
-  // The fields are those of the records at the position; the offsets are wherever they are.
-  predicate dvi_fields(struct morvane_view *view, struct morvane_view_dvi *dvi) =
-    \let record = view->bytes + dvi->offset;
-    dvi->position < view->sound_dvis &&
+  // The fields are those of the record at the position.
+  predicate dvi_fields(uint8_t *bytes, struct morvane_view_dvi *dvi) =
+    \let record = dvi_desc(bytes, dvi->position);
     dvi->offset == HEADER_BYTES + dvi->position * DVI_BYTES &&
-    dvi->offset + DVI_BYTES <= view->size &&
     dvi->dvi_id == record[0] && dvi->vproc_id == record[1] && dvi->dvi_ppv == record[2] &&
     dvi->reserved == record[3] && dvi->dvi_img_vaddr == u32(record + 4) &&
-    dvi->dvi_img_size == u32(record + 8) && dvi->dvi_dag_vaddr == u32(record + 12) &&
-    dvi->input_num == u32(record + 16) && dvi->output_num == u32(record + 20) &&
-    dvi->dvi_pkg_size == u32(record + 24) &&
+    dvi->dvi_img_size == image_size(bytes, dvi->position) &&
+    dvi->dvi_dag_vaddr == u32(record + 12) &&
+    dvi->input_num == input_num(bytes, dvi->position) &&
+    dvi->output_num == output_num(bytes, dvi->position) &&
+    dvi->dvi_pkg_size == pkg_size(bytes, dvi->position) &&
     is_text(dvi->dag_name.bytes, dvi->dag_name.length, record + 28, MORVANE_NAME_WIDTH);
 
-  predicate vproc_fields(struct morvane_view *view, struct morvane_view_dvi *dvi) =
-    \let record = view->bytes + dvi->vproc_offset;
-    dvi->position < view->sound_vprocs
-      ? dvi->vproc_offset == view->vproc_table + dvi->position * VPROC_BYTES &&
-        dvi->vproc_offset + VPROC_BYTES <= view->size &&
-        dvi->variable_num == u32(record) && dvi->smb_num == u32(record + 4) &&
-        dvi->vproc_records_size == u32(record + 8)
-      : dvi->vproc_offset == 0 && dvi->vproc_block == 0 && dvi->variable_num == 0 &&
-        dvi->smb_num == 0 && dvi->vproc_records_size == 0;
+  predicate vproc_fields(uint8_t *bytes, integer table, struct morvane_view_dvi *dvi) =
+    \let record = vproc_desc(bytes, table, dvi->position);
+    dvi->vproc_offset == table + dvi->position * VPROC_BYTES &&
+    dvi->variable_num == u32(record) && dvi->smb_num == u32(record + 4) &&
+    dvi->vproc_records_size == u32(record + 8);
+
+  predicate no_vproc(struct morvane_view_dvi *dvi) =
+    dvi->vproc_offset == 0 && dvi->vproc_block == 0 && dvi->variable_num == 0 &&
+    dvi->smb_num == 0 && dvi->vproc_records_size == 0;
+
+  // The records of a DVI lie inside the package, and its fields are theirs.
+  predicate from_records(struct morvane_view *view, struct morvane_view_dvi *dvi) =
+    dvi->position < view->sound_dvis && dvi->offset + DVI_BYTES <= view->size &&
+    dvi_fields(view->bytes, dvi) &&
+    (dvi->position < view->sound_vprocs
+       ? dvi->vproc_offset + VPROC_BYTES <= view->size &&
+         vproc_fields(view->bytes, view->vproc_table, dvi)
+       : no_vproc(dvi));
 
   predicate port_fields(uint8_t *record, struct morvane_view_port *port) =
     port->P == u32(record) && port->D == u32(record + 4) && port->H == u32(record + 8) &&
@@ -164,7 +173,7 @@ enum {
 
   // A DVI that stands where the walk found it.
   predicate in_place(struct morvane_view *view, struct morvane_view_dvi *dvi) =
-    dvi_fields(view, dvi) && vproc_fields(view, dvi) &&
+    from_records(view, dvi) &&
     dvi->block == block_at(view->bytes, view->dvi_num, dvi->position) &&
     (dvi->position < view->sound_vprocs ==>
       dvi->vproc_block ==
@@ -209,13 +218,28 @@ const char* morvane_view_status_text(int status) {
   }
 }
 
+/* A shift by 8 multiplies by 256. The provers know only a shift by 1, so they go there by doubling.
+ */
+/*@
+  lemma shift_1: \forall integer x, n; 0 < n < 2 ==> (x << n) == 2 * x;
+  lemma shift_2: \forall integer x, n; 1 < n < 3 ==>
+    ((x << (n - 1)) << (n - 1)) == (x << n) && (x << n) == 4 * x;
+  lemma shift_4: \forall integer x, n; 3 < n < 5 ==>
+    ((x << (n - 2)) << (n - 2)) == (x << n) && (x << n) == 16 * x;
+  lemma shift_8: \forall integer x, n; 7 < n < 9 ==>
+    ((x << (n - 4)) << (n - 4)) == (x << n) && (x << n) == 256 * x;
+*/
+
 /*@
   requires \valid_read(at + (0 .. 3));
   assigns \nothing;
   ensures \result == u32(at);
 */
 static uint32_t word(const uint8_t* at) {
-  return ((at[3] * (uint32_t)0x100 + at[2]) * 0x100 + at[1]) * 0x100 + at[0];
+  uint32_t value = at[3];
+  value = (value << 8) + at[2];
+  value = (value << 8) + at[1];
+  return (value << 8) + at[0];
 }
 
 /* The signed number that a byte stands for. */
@@ -339,243 +363,266 @@ static int open_header(struct morvane_view* view, struct morvane_view_damage* da
   return MORVANE_VIEW_OK;
 }
 
-/* Checks the DVI at a position, whose block begins at begin. */
+/* Whether a DVI is sound: whether its block, of which so many bytes are left, is whole. */
 /*@
-  requires true_view(view) && begin <= view->size;
-  requires HEADER_BYTES + (position + 1) * DVI_BYTES <= view->size;
-  requires damage == \null || \valid(damage);
-  requires \separated(view, damage);
-  assigns *damage;
-  behavior sound:
-    assumes block_size(view->bytes, position) % 0x100000000 == pkg_size(view->bytes, position);
-    assumes begin + block_size(view->bytes, position) <= view->size;
-    assigns \nothing;
-    ensures \result == MORVANE_VIEW_OK;
-  behavior size_disagrees:
-    assumes block_size(view->bytes, position) % 0x100000000 != pkg_size(view->bytes, position);
-    ensures \result == MORVANE_VIEW_BLOCK_SIZE_DISAGREES;
-    ensures numbers(damage, \result, position, HEADER_BYTES + position * DVI_BYTES + 24,
-                    pkg_size(view->bytes, position), block_size(view->bytes, position));
-  behavior ports_cut:
-    assumes block_size(view->bytes, position) % 0x100000000 == pkg_size(view->bytes, position);
-    assumes begin + ports_size(view->bytes, position) > view->size;
-    ensures \result == MORVANE_VIEW_PORTS_CUT;
-    ensures numbers(damage, \result, position, begin, ports_size(view->bytes, position),
-                    view->size - begin);
-  behavior image_cut:
-    assumes block_size(view->bytes, position) % 0x100000000 == pkg_size(view->bytes, position);
-    assumes begin + ports_size(view->bytes, position) <= view->size;
-    assumes begin + block_size(view->bytes, position) > view->size;
-    ensures \result == MORVANE_VIEW_IMAGE_CUT;
-    ensures numbers(damage, \result, position, begin + ports_size(view->bytes, position),
-                    image_size(view->bytes, position),
-                    view->size - (begin + ports_size(view->bytes, position)));
-  complete behaviors;
-  disjoint behaviors;
+  requires \valid_read(dvi + (0 .. DVI_BYTES - 1));
+  assigns \nothing;
+  ensures \let ports = (u32(dvi + 16) + u32(dvi + 20)) * PORT_BYTES;
+    \result == ((ports + u32(dvi + 8)) % 0x100000000 != u32(dvi + 24)
+                  ? MORVANE_VIEW_BLOCK_SIZE_DISAGREES
+                : ports > left ? MORVANE_VIEW_PORTS_CUT
+                : ports + u32(dvi + 8) > left ? MORVANE_VIEW_IMAGE_CUT : MORVANE_VIEW_OK);
 */
-static int check_dvi(const struct morvane_view* view, uint32_t position, size_t begin,
-                     struct morvane_view_damage* damage) {
-  const size_t offset = HEADER_BYTES + (size_t)position * DVI_BYTES;
-  const uint8_t* const dvi = view->bytes + offset;
-  const uint32_t said = word(dvi + offsetof(struct morvane_dvi_desc, dvi_pkg_size));
-  const uint32_t image = word(dvi + offsetof(struct morvane_dvi_desc, dvi_img_size));
-  const uint64_t ports = port_bytes(word(dvi + offsetof(struct morvane_dvi_desc, input_num)),
-                                    word(dvi + offsetof(struct morvane_dvi_desc, output_num)));
-  const uint64_t left = view->size - begin;
-  /*@ assert said == pkg_size(view->bytes, position); */
-  /*@ assert image == image_size(view->bytes, position); */
-  /*@ assert ports == ports_size(view->bytes, position); */
-  if ((ports + image) % WRAP != said) {
-    return refuse(damage, MORVANE_VIEW_BLOCK_SIZE_DISAGREES, position,
-                  offset + offsetof(struct morvane_dvi_desc, dvi_pkg_size), said, ports + image);
+static int check_dvi(const uint8_t* dvi, size_t left) {
+  const uint64_t block = block_bytes(dvi);
+  const uint64_t ports = block - word(dvi + offsetof(struct morvane_dvi_desc, dvi_img_size));
+  if (block % WRAP != word(dvi + offsetof(struct morvane_dvi_desc, dvi_pkg_size))) {
+    return MORVANE_VIEW_BLOCK_SIZE_DISAGREES;
   }
   if (ports > left) {
-    return refuse(damage, MORVANE_VIEW_PORTS_CUT, position, begin, ports, left);
+    return MORVANE_VIEW_PORTS_CUT;
   }
-  if (image > left - ports) {
-    return refuse(damage, MORVANE_VIEW_IMAGE_CUT, position, begin + (size_t)ports, image,
-                  left - ports);
-  }
-  return MORVANE_VIEW_OK;
+  return block > left ? MORVANE_VIEW_IMAGE_CUT : MORVANE_VIEW_OK;
 }
 
-/* Checks all DVIs. Sets *end to where the block of the last one ends. */
+/* Describes what check_dvi found. */
+/*@
+  requires \valid_read(bytes + (0 .. size - 1)) && begin <= size;
+  requires HEADER_BYTES + (position + 1) * DVI_BYTES <= size;
+  requires damage == \null || \valid(damage);
+  requires \separated(damage, bytes + (0 .. size - 1));
+  requires status == MORVANE_VIEW_IMAGE_CUT ==> begin + ports_size(bytes, position) <= size;
+  assigns *damage;
+  ensures \result == status;
+  ensures status == MORVANE_VIEW_BLOCK_SIZE_DISAGREES ==>
+    numbers(damage, status, position, HEADER_BYTES + position * DVI_BYTES + 24,
+            pkg_size(bytes, position), block_size(bytes, position));
+  ensures status == MORVANE_VIEW_PORTS_CUT ==>
+    numbers(damage, status, position, begin, ports_size(bytes, position), size - begin);
+  ensures status == MORVANE_VIEW_IMAGE_CUT ==>
+    numbers(damage, status, position, begin + ports_size(bytes, position),
+            image_size(bytes, position), size - (begin + ports_size(bytes, position)));
+*/
+static int refuse_dvi(struct morvane_view_damage* damage, int status, uint32_t position,
+                      const uint8_t* bytes, size_t size, size_t begin) {
+  const size_t offset = HEADER_BYTES + (size_t)position * DVI_BYTES;
+  const uint8_t* const dvi = bytes + offset;
+  const uint32_t image = word(dvi + offsetof(struct morvane_dvi_desc, dvi_img_size));
+  const uint64_t block = block_bytes(dvi);
+  const uint64_t ports = block - image;
+  if (status == MORVANE_VIEW_BLOCK_SIZE_DISAGREES) {
+    return refuse(damage, status, position,
+                  offset + offsetof(struct morvane_dvi_desc, dvi_pkg_size),
+                  word(dvi + offsetof(struct morvane_dvi_desc, dvi_pkg_size)), block);
+  }
+  if (status == MORVANE_VIEW_IMAGE_CUT) {
+    return refuse(damage, status, position, begin + (size_t)ports, image, size - begin - ports);
+  }
+  return refuse(damage, status, position, begin, ports, size - begin);
+}
+
+/* Checks all DVIs. Sets *end to where the block of the last sound one ends. */
 /*@
   requires true_view(view) && \valid(view) && \valid(end);
   requires damage == \null || \valid(damage);
-  requires \separated(view, damage, end);
+  requires \separated(view, damage, end, view->bytes + (0 .. view->size - 1));
   requires HEADER_BYTES + view->dvi_num * DVI_BYTES <= view->size;
-  requires view->sound_dvis == 0;
   assigns view->sound_dvis, *end, *damage;
   ensures sound_blocks(view->bytes, view->size, view->dvi_num, view->sound_dvis);
-  ensures \result == MORVANE_VIEW_OK ==>
-    view->sound_dvis == view->dvi_num && *end <= view->size &&
-    *end == block_at(view->bytes, view->dvi_num, view->dvi_num);
+  ensures *end == block_at(view->bytes, view->dvi_num, view->sound_dvis) && *end <= view->size;
+  ensures \result == MORVANE_VIEW_OK ==> view->sound_dvis == view->dvi_num;
   ensures \result != MORVANE_VIEW_OK ==>
     MORVANE_VIEW_IMAGE_CUT <= \result <= MORVANE_VIEW_BLOCK_SIZE_DISAGREES &&
     !sound_blocks(view->bytes, view->size, view->dvi_num, view->dvi_num) &&
-    (damage != \null ==>
-      damage->status == \result && damage->dvi == view->sound_dvis);
+    (damage != \null ==> damage->status == \result && damage->dvi == view->sound_dvis);
 */
 static int check_dvis(struct morvane_view* view, size_t* end, struct morvane_view_damage* damage) {
   const uint8_t* const bytes = view->bytes;
+  const size_t size = view->size;
   const uint32_t dvi_num = view->dvi_num;
+  int status = MORVANE_VIEW_OK;
   size_t begin = HEADER_BYTES + (size_t)dvi_num * DVI_BYTES;
   uint32_t i = 0;
   /*@
-    loop invariant 0 <= i <= dvi_num && view->sound_dvis == i;
-    loop invariant begin == block_at(bytes, dvi_num, i) && begin <= view->size;
-    loop invariant sound_blocks(bytes, view->size, dvi_num, i);
-    loop assigns i, begin, view->sound_dvis, *damage;
+    loop invariant 0 <= i <= dvi_num && status == MORVANE_VIEW_OK;
+    loop invariant begin == block_at(bytes, dvi_num, i) && begin <= size;
+    loop invariant sound_blocks(bytes, size, dvi_num, i);
+    loop assigns i, begin, status;
     loop variant dvi_num - i;
   */
   for (i = 0; i < dvi_num; ++i) {
-    const int status = check_dvi(view, i, begin, damage);
+    const uint8_t* const dvi = bytes + (HEADER_BYTES + (size_t)i * DVI_BYTES);
+    /*@ assert dvi == dvi_desc(bytes, i); */
+    status = check_dvi(dvi, size - begin);
+    /*@ assert sound: status == MORVANE_VIEW_OK <==>
+          block_size(bytes, i) % 0x100000000 == pkg_size(bytes, i) &&
+          begin + block_size(bytes, i) <= size; */
+    /*@ assert image: status == MORVANE_VIEW_IMAGE_CUT ==> begin + ports_size(bytes, i) <= size; */
     if (status != MORVANE_VIEW_OK) {
-      return status;
+      break;
     }
-    /*@ assert block_at(bytes, dvi_num, i + 1) ==
-               block_at(bytes, dvi_num, i) + block_size(bytes, i); */
-    begin += (size_t)block_bytes(bytes + HEADER_BYTES + (size_t)i * DVI_BYTES);
-    view->sound_dvis = i + 1;
+    /*@ assert block_at(bytes, dvi_num, i + 1) == begin + block_size(bytes, i); */
+    begin += (size_t)block_bytes(dvi);
   }
+  if (status != MORVANE_VIEW_OK) {
+    refuse_dvi(damage, status, i, bytes, size, begin);
+  }
+  view->sound_dvis = i;
   *end = begin;
-  return MORVANE_VIEW_OK;
+  /*@ assert view->bytes == bytes && view->size == size && view->dvi_num == dvi_num; */
+  return status;
 }
 
-/* Checks the vproc at a position, whose block begins at begin. */
+/* Whether a vproc is sound: whether its block, of which so many bytes are left, is whole. */
 /*@
-  requires true_view(view) && begin <= view->size;
-  requires view->vproc_table + (position + 1) * VPROC_BYTES <= view->size;
-  requires damage == \null || \valid(damage);
-  requires \separated(view, damage);
-  assigns *damage;
-  behavior sound:
-    assumes vproc_size(view->bytes, view->vproc_table, position) % 0x100000000 ==
-            records_size(view->bytes, view->vproc_table, position);
-    assumes begin + vproc_size(view->bytes, view->vproc_table, position) <= view->size;
-    assigns \nothing;
-    ensures \result == MORVANE_VIEW_OK;
-  behavior size_disagrees:
-    assumes vproc_size(view->bytes, view->vproc_table, position) % 0x100000000 !=
-            records_size(view->bytes, view->vproc_table, position);
-    ensures \result == MORVANE_VIEW_VPROC_SIZE_DISAGREES;
-    ensures numbers(damage, \result, position, view->vproc_table + position * VPROC_BYTES + 8,
-                    records_size(view->bytes, view->vproc_table, position),
-                    vproc_size(view->bytes, view->vproc_table, position));
-  behavior variables_cut:
-    assumes vproc_size(view->bytes, view->vproc_table, position) % 0x100000000 ==
-            records_size(view->bytes, view->vproc_table, position);
-    assumes begin + variables_size(view->bytes, view->vproc_table, position) > view->size;
-    ensures \result == MORVANE_VIEW_VARIABLES_CUT;
-    ensures numbers(damage, \result, position, begin,
-                    variables_size(view->bytes, view->vproc_table, position),
-                    view->size - begin);
-  behavior smbs_cut:
-    assumes vproc_size(view->bytes, view->vproc_table, position) % 0x100000000 ==
-            records_size(view->bytes, view->vproc_table, position);
-    assumes begin + variables_size(view->bytes, view->vproc_table, position) <= view->size;
-    assumes begin + vproc_size(view->bytes, view->vproc_table, position) > view->size;
-    ensures \result == MORVANE_VIEW_SMBS_CUT;
-    ensures numbers(damage, \result, position,
-                    begin + variables_size(view->bytes, view->vproc_table, position),
-                    smbs_size(view->bytes, view->vproc_table, position),
-                    view->size - (begin + variables_size(view->bytes, view->vproc_table,
-  position))); complete behaviors; disjoint behaviors;
+  requires \valid_read(vproc + (0 .. VPROC_BYTES - 1));
+  assigns \nothing;
+  ensures \let variables = u32(vproc) * VAR_BYTES;
+    \let smbs = u32(vproc + 4) * SMB_BYTES;
+    \result == ((variables + smbs) % 0x100000000 != u32(vproc + 8)
+                  ? MORVANE_VIEW_VPROC_SIZE_DISAGREES
+                : variables > left ? MORVANE_VIEW_VARIABLES_CUT
+                : variables + smbs > left ? MORVANE_VIEW_SMBS_CUT : MORVANE_VIEW_OK);
 */
-static int check_vproc(const struct morvane_view* view, uint32_t position, size_t begin,
-                       struct morvane_view_damage* damage) {
-  const size_t offset = view->vproc_table + (size_t)position * VPROC_BYTES;
-  const uint8_t* const vproc = view->bytes + offset;
-  const uint32_t said = word(vproc + offsetof(struct morvane_vproc_desc, vproc_records_size));
+static int check_vproc(const uint8_t* vproc, size_t left) {
+  const uint64_t block = vproc_block_bytes(vproc);
   const uint64_t variables =
       vproc_bytes(word(vproc + offsetof(struct morvane_vproc_desc, variable_num)), 0);
-  const uint64_t smbs = vproc_bytes(0, word(vproc + offsetof(struct morvane_vproc_desc, smb_num)));
-  const uint64_t left = view->size - begin;
-  if ((variables + smbs) % WRAP != said) {
-    return refuse(damage, MORVANE_VIEW_VPROC_SIZE_DISAGREES, position,
-                  offset + offsetof(struct morvane_vproc_desc, vproc_records_size), said,
-                  variables + smbs);
+  if (block % WRAP != word(vproc + offsetof(struct morvane_vproc_desc, vproc_records_size))) {
+    return MORVANE_VIEW_VPROC_SIZE_DISAGREES;
   }
   if (variables > left) {
-    return refuse(damage, MORVANE_VIEW_VARIABLES_CUT, position, begin, variables, left);
+    return MORVANE_VIEW_VARIABLES_CUT;
   }
-  if (smbs > left - variables) {
-    return refuse(damage, MORVANE_VIEW_SMBS_CUT, position, begin + (size_t)variables, smbs,
-                  left - variables);
-  }
-  return MORVANE_VIEW_OK;
+  return block > left ? MORVANE_VIEW_SMBS_CUT : MORVANE_VIEW_OK;
 }
 
-/* Checks all vprocs, whose table fits. Sets *end to where the block of the last one ends. */
+/* Describes what check_vproc found. */
+/*@
+  requires \valid_read(bytes + (0 .. size - 1)) && begin <= size;
+  requires table + (position + 1) * VPROC_BYTES <= size;
+  requires damage == \null || \valid(damage);
+  requires \separated(damage, bytes + (0 .. size - 1));
+  requires status == MORVANE_VIEW_SMBS_CUT ==>
+    begin + variables_size(bytes, table, position) <= size;
+  assigns *damage;
+  ensures \result == status;
+  ensures status == MORVANE_VIEW_VPROC_SIZE_DISAGREES ==>
+    numbers(damage, status, position, table + position * VPROC_BYTES + 8,
+            records_size(bytes, table, position), vproc_size(bytes, table, position));
+  ensures status == MORVANE_VIEW_VARIABLES_CUT ==>
+    numbers(damage, status, position, begin, variables_size(bytes, table, position),
+            size - begin);
+  ensures status == MORVANE_VIEW_SMBS_CUT ==>
+    numbers(damage, status, position, begin + variables_size(bytes, table, position),
+            smbs_size(bytes, table, position),
+            size - (begin + variables_size(bytes, table, position)));
+*/
+static int refuse_vproc(struct morvane_view_damage* damage, int status, uint32_t position,
+                        const uint8_t* bytes, size_t size, size_t table, size_t begin) {
+  const size_t offset = table + (size_t)position * VPROC_BYTES;
+  const uint8_t* const vproc = bytes + offset;
+  const uint64_t block = vproc_block_bytes(vproc);
+  const uint64_t variables =
+      vproc_bytes(word(vproc + offsetof(struct morvane_vproc_desc, variable_num)), 0);
+  if (status == MORVANE_VIEW_VPROC_SIZE_DISAGREES) {
+    return refuse(damage, status, position,
+                  offset + offsetof(struct morvane_vproc_desc, vproc_records_size),
+                  word(vproc + offsetof(struct morvane_vproc_desc, vproc_records_size)), block);
+  }
+  if (status == MORVANE_VIEW_SMBS_CUT) {
+    return refuse(damage, status, position, begin + (size_t)variables, block - variables,
+                  size - begin - variables);
+  }
+  return refuse(damage, status, position, begin, variables, size - begin);
+}
+
+/* Checks all vprocs, whose table fits. Sets *end to where the block of the last sound one ends. */
 /*@
   requires true_view(view) && \valid(view) && \valid(end);
   requires damage == \null || \valid(damage);
-  requires \separated(view, damage, end);
+  requires \separated(view, damage, end, view->bytes + (0 .. view->size - 1));
   requires view->vproc_table + view->dvi_num * VPROC_BYTES <= view->size;
-  requires view->sound_vprocs == 0;
   assigns view->sound_vprocs, *end, *damage;
   ensures sound_vprocs(view->bytes, view->size, view->dvi_num, view->vproc_table,
                        view->sound_vprocs);
-  ensures \result == MORVANE_VIEW_OK ==>
-    view->sound_vprocs == view->dvi_num && *end <= view->size &&
-    *end == vproc_at(view->bytes, view->dvi_num, view->vproc_table, view->dvi_num);
+  ensures *end <= view->size &&
+    *end == vproc_at(view->bytes, view->dvi_num, view->vproc_table, view->sound_vprocs);
+  ensures \result == MORVANE_VIEW_OK ==> view->sound_vprocs == view->dvi_num;
   ensures \result != MORVANE_VIEW_OK ==>
     MORVANE_VIEW_SMBS_CUT <= \result <= MORVANE_VIEW_VPROC_SIZE_DISAGREES &&
     !sound_vprocs(view->bytes, view->size, view->dvi_num, view->vproc_table, view->dvi_num) &&
-    (damage != \null ==>
-      damage->status == \result && damage->dvi == view->sound_vprocs);
+    (damage != \null ==> damage->status == \result && damage->dvi == view->sound_vprocs);
 */
 static int check_vprocs(struct morvane_view* view, size_t* end,
                         struct morvane_view_damage* damage) {
   const uint8_t* const bytes = view->bytes;
+  const size_t size = view->size;
   const uint32_t dvi_num = view->dvi_num;
   const size_t table = view->vproc_table;
+  int status = MORVANE_VIEW_OK;
   size_t begin = table + (size_t)dvi_num * VPROC_BYTES;
   uint32_t i = 0;
   /*@
-    loop invariant 0 <= i <= dvi_num && view->sound_vprocs == i;
-    loop invariant begin == vproc_at(bytes, dvi_num, table, i) && begin <= view->size;
-    loop invariant sound_vprocs(bytes, view->size, dvi_num, table, i);
-    loop assigns i, begin, view->sound_vprocs, *damage;
+    loop invariant 0 <= i <= dvi_num && status == MORVANE_VIEW_OK;
+    loop invariant begin == vproc_at(bytes, dvi_num, table, i) && begin <= size;
+    loop invariant sound_vprocs(bytes, size, dvi_num, table, i);
+    loop assigns i, begin, status;
     loop variant dvi_num - i;
   */
   for (i = 0; i < dvi_num; ++i) {
-    const int status = check_vproc(view, i, begin, damage);
+    const uint8_t* const vproc = bytes + (table + (size_t)i * VPROC_BYTES);
+    /*@ assert vproc == vproc_desc(bytes, table, i); */
+    status = check_vproc(vproc, size - begin);
+    /*@ assert sound: status == MORVANE_VIEW_OK <==>
+          vproc_size(bytes, table, i) % 0x100000000 == records_size(bytes, table, i) &&
+          begin + vproc_size(bytes, table, i) <= size; */
+    /*@ assert smbs: status == MORVANE_VIEW_SMBS_CUT ==>
+          begin + variables_size(bytes, table, i) <= size; */
     if (status != MORVANE_VIEW_OK) {
-      return status;
+      break;
     }
-    /*@ assert vproc_at(bytes, dvi_num, table, i + 1) ==
-               vproc_at(bytes, dvi_num, table, i) + vproc_size(bytes, table, i); */
-    begin += (size_t)vproc_block_bytes(bytes + table + (size_t)i * VPROC_BYTES);
-    view->sound_vprocs = i + 1;
+    /*@ assert vproc_at(bytes, dvi_num, table, i + 1) == begin + vproc_size(bytes, table, i); */
+    begin += (size_t)vproc_block_bytes(vproc);
   }
+  if (status != MORVANE_VIEW_OK) {
+    refuse_vproc(damage, status, i, bytes, size, table, begin);
+  }
+  view->sound_vprocs = i;
   *end = begin;
-  return MORVANE_VIEW_OK;
+  /*@ assert view->bytes == bytes && view->size == size && view->dvi_num == dvi_num &&
+             view->vproc_table == table; */
+  return status;
 }
 
-/* Checks the vproc section, which begins at *at. Sets *at to where its last block ends. */
+/* Checks the vproc section, which begins at *at. Sets *at to where the block of the last vproc
+ * ends. */
 /*@
   requires true_view(view) && \valid(view) && \valid(at);
   requires damage == \null || \valid(damage);
-  requires \separated(view, damage, at);
+  requires \separated(view, damage, at, view->bytes + (0 .. view->size - 1));
   requires *at <= view->size;
   requires view->sound_vprocs == 0 && view->vproc_table == 0;
   assigns view->vproc_table, view->sound_vprocs, *at, *damage;
-  ensures sound_vprocs(view->bytes, view->size, view->dvi_num, view->vproc_table,
-                       view->sound_vprocs);
-  ensures \result == MORVANE_VIEW_OK ==>
-    view->vproc_table == \old(*at) && view->sound_vprocs == view->dvi_num &&
-    *at <= view->size &&
-    *at == vproc_at(view->bytes, view->dvi_num, view->vproc_table, view->dvi_num);
-  ensures \result == MORVANE_VIEW_VPROC_TABLE_CUT <==>
-    \old(*at) + view->dvi_num * VPROC_BYTES > view->size;
-  ensures \result == MORVANE_VIEW_VPROC_TABLE_CUT ==>
-    numbers(damage, \result, 0, \old(*at), view->dvi_num * VPROC_BYTES, view->size - \old(*at));
-  ensures \result != MORVANE_VIEW_OK ==>
-    MORVANE_VIEW_SMBS_CUT <= \result <= MORVANE_VIEW_VPROC_TABLE_CUT &&
-    !sound_vprocs(view->bytes, view->size, view->dvi_num, \old(*at), view->dvi_num) &&
-    (damage != \null ==> damage->status == \result);
+  ensures damage != \null && \result != MORVANE_VIEW_OK ==> damage->status == \result;
+  behavior table_cut:
+    assumes *at + view->dvi_num * VPROC_BYTES > view->size;
+    assigns *damage;
+    ensures \result == MORVANE_VIEW_VPROC_TABLE_CUT;
+    ensures numbers(damage, \result, 0, \old(*at), \old(view->dvi_num) * VPROC_BYTES,
+                    \old(view->size) - \old(*at));
+  behavior table_fits:
+    assumes *at + view->dvi_num * VPROC_BYTES <= view->size;
+    ensures MORVANE_VIEW_SMBS_CUT <= \result <= MORVANE_VIEW_VPROC_SIZE_DISAGREES ||
+            \result == MORVANE_VIEW_OK;
+    ensures view->vproc_table == \old(*at);
+    ensures sound_vprocs(view->bytes, view->size, view->dvi_num, view->vproc_table,
+                         view->sound_vprocs);
+    ensures \result == MORVANE_VIEW_OK ==> view->sound_vprocs == view->dvi_num;
+    ensures *at <= view->size &&
+      *at == vproc_at(view->bytes, view->dvi_num, view->vproc_table, view->sound_vprocs);
+  complete behaviors;
+  disjoint behaviors;
 */
 static int check_vproc_section(struct morvane_view* view, size_t* at,
                                struct morvane_view_damage* damage) {
@@ -654,20 +701,33 @@ static size_t text_length(const uint8_t* field, size_t width) {
 }
 
 /*@
-  requires \valid_read(record + (0 .. DVI_BYTES - 1)) && \valid(dvi);
-  requires \separated(dvi, record + (0 .. DVI_BYTES - 1));
-  assigns dvi->dvi_id, dvi->vproc_id, dvi->dvi_ppv, dvi->reserved, dvi->dvi_img_vaddr,
-          dvi->dvi_img_size, dvi->dvi_dag_vaddr, dvi->input_num, dvi->output_num,
-          dvi->dvi_pkg_size, dvi->dag_name;
-  ensures dvi->dvi_id == record[0] && dvi->vproc_id == record[1] && dvi->dvi_ppv == record[2];
-  ensures dvi->reserved == record[3] && dvi->dvi_img_vaddr == u32(record + 4);
-  ensures dvi->dvi_img_size == u32(record + 8) && dvi->dvi_dag_vaddr == u32(record + 12);
-  ensures dvi->input_num == u32(record + 16) && dvi->output_num == u32(record + 20);
-  ensures dvi->dvi_pkg_size == u32(record + 24);
-  ensures is_text(dvi->dag_name.bytes, dvi->dag_name.length, record + 28, MORVANE_NAME_WIDTH);
+  requires HEADER_BYTES + (position + 1) * DVI_BYTES <= SIZE_MAX;
+  requires \valid_read(dvi_desc(bytes, position) + (0 .. DVI_BYTES - 1)) && \valid(dvi);
+  requires \separated(dvi, dvi_desc(bytes, position) + (0 .. DVI_BYTES - 1));
+  assigns *dvi;
+  ensures dvi->position == position && dvi->block == block;
+  ensures dvi->offset == HEADER_BYTES + position * DVI_BYTES;
+  ensures dvi->dvi_id == dvi_desc(bytes, position)[0];
+  ensures dvi->vproc_id == dvi_desc(bytes, position)[1];
+  ensures dvi->dvi_ppv == dvi_desc(bytes, position)[2];
+  ensures dvi->reserved == dvi_desc(bytes, position)[3];
+  ensures dvi->dvi_img_vaddr == u32(dvi_desc(bytes, position) + 4);
+  ensures dvi->dvi_img_size == image_size(bytes, position);
+  ensures dvi->dvi_dag_vaddr == u32(dvi_desc(bytes, position) + 12);
+  ensures dvi->input_num == input_num(bytes, position);
+  ensures dvi->output_num == output_num(bytes, position);
+  ensures dvi->dvi_pkg_size == pkg_size(bytes, position);
+  ensures is_text(dvi->dag_name.bytes, dvi->dag_name.length, dvi_desc(bytes, position) + 28,
+                  MORVANE_NAME_WIDTH);
+  ensures no_vproc(dvi);
 */
-static void decode_dvi(const uint8_t* record, struct morvane_view_dvi* dvi) {
+static void decode_dvi(const uint8_t* bytes, uint32_t position, size_t block,
+                       struct morvane_view_dvi* dvi) {
+  const size_t offset = HEADER_BYTES + (size_t)position * DVI_BYTES;
+  const uint8_t* const record = bytes + offset;
   const uint8_t* const name = record + offsetof(struct morvane_dvi_desc, dag_name);
+  /*@ assert record == dvi_desc(bytes, position); */
+  dvi->position = position;
   dvi->dvi_id = record[offsetof(struct morvane_dvi_desc, dvi_id)];
   dvi->vproc_id = record[offsetof(struct morvane_dvi_desc, vproc_id)];
   dvi->dvi_ppv = record[offsetof(struct morvane_dvi_desc, dvi_ppv)];
@@ -680,46 +740,37 @@ static void decode_dvi(const uint8_t* record, struct morvane_view_dvi* dvi) {
   dvi->dvi_pkg_size = word(record + offsetof(struct morvane_dvi_desc, dvi_pkg_size));
   dvi->dag_name.bytes = (const char*)name;
   dvi->dag_name.length = text_length(name, MORVANE_NAME_WIDTH);
-}
-
-/* The vproc of a DVI, whose block begins at the given offset, or no vproc. */
-/*@
-  requires true_view(view) && \valid(dvi);
-  requires \separated(dvi, view, view->bytes + (0 .. view->size - 1));
-  assigns dvi->vproc_offset, dvi->vproc_block, dvi->variable_num, dvi->smb_num,
-          dvi->vproc_records_size;
-  ensures \result == MORVANE_VIEW_VPROC_TABLE_CUT <==>
-    dvi->position < view->sound_vprocs &&
-    view->vproc_table + (dvi->position + 1) * VPROC_BYTES > view->size;
-  ensures \result == MORVANE_VIEW_OK || \result == MORVANE_VIEW_VPROC_TABLE_CUT;
-  ensures \result == MORVANE_VIEW_OK ==> vproc_fields(view, dvi);
-  ensures \result == MORVANE_VIEW_OK && dvi->position < view->sound_vprocs ==>
-    dvi->vproc_block == block;
-*/
-static int load_vproc(const struct morvane_view* view, size_t block, struct morvane_view_dvi* dvi) {
-  const uint64_t skipped = (uint64_t)dvi->position * VPROC_BYTES;
-  const uint8_t* const bytes = view->bytes;
-  const size_t table = view->vproc_table;
-  const int present = dvi->position < view->sound_vprocs;
-  if (present && !has(view, table, skipped, VPROC_BYTES)) {
-    return MORVANE_VIEW_VPROC_TABLE_CUT;
-  }
-  dvi->vproc_offset = 0;
-  dvi->vproc_block = 0;
   dvi->variable_num = 0;
   dvi->smb_num = 0;
   dvi->vproc_records_size = 0;
-  if (present) {
-    const size_t offset = table + (size_t)skipped;
-    const uint8_t* const record = bytes + offset;
-    dvi->vproc_offset = offset;
-    dvi->vproc_block = block;
-    dvi->variable_num = word(record + offsetof(struct morvane_vproc_desc, variable_num));
-    dvi->smb_num = word(record + offsetof(struct morvane_vproc_desc, smb_num));
-    dvi->vproc_records_size =
-        word(record + offsetof(struct morvane_vproc_desc, vproc_records_size));
-  }
-  return MORVANE_VIEW_OK;
+  dvi->offset = offset;
+  dvi->block = block;
+  dvi->vproc_offset = 0;
+  dvi->vproc_block = 0;
+}
+
+/*@
+  requires table + (position + 1) * VPROC_BYTES <= SIZE_MAX;
+  requires \valid_read(vproc_desc(bytes, table, position) + (0 .. VPROC_BYTES - 1)) &&
+           \valid(dvi);
+  requires \separated(dvi, vproc_desc(bytes, table, position) + (0 .. VPROC_BYTES - 1));
+  assigns dvi->variable_num, dvi->smb_num, dvi->vproc_records_size, dvi->vproc_offset,
+          dvi->vproc_block;
+  ensures dvi->vproc_offset == table + position * VPROC_BYTES && dvi->vproc_block == block;
+  ensures dvi->variable_num == u32(vproc_desc(bytes, table, position));
+  ensures dvi->smb_num == u32(vproc_desc(bytes, table, position) + 4);
+  ensures dvi->vproc_records_size == u32(vproc_desc(bytes, table, position) + 8);
+*/
+static void decode_vproc(const uint8_t* bytes, size_t table, uint32_t position, size_t block,
+                         struct morvane_view_dvi* dvi) {
+  const size_t offset = table + (size_t)position * VPROC_BYTES;
+  const uint8_t* const record = bytes + offset;
+  /*@ assert record == vproc_desc(bytes, table, position); */
+  dvi->variable_num = word(record + offsetof(struct morvane_vproc_desc, variable_num));
+  dvi->smb_num = word(record + offsetof(struct morvane_vproc_desc, smb_num));
+  dvi->vproc_records_size = word(record + offsetof(struct morvane_vproc_desc, vproc_records_size));
+  dvi->vproc_offset = offset;
+  dvi->vproc_block = block;
 }
 
 /* The DVI at a position, whose blocks begin at the given offsets. */
@@ -727,63 +778,92 @@ static int load_vproc(const struct morvane_view* view, size_t block, struct morv
   requires true_view(view) && \valid(dvi);
   requires \separated(dvi, view, view->bytes + (0 .. view->size - 1));
   assigns *dvi;
-  ensures \result == MORVANE_VIEW_OUT_OF_RANGE <==> position >= view->sound_dvis;
-  ensures \result == MORVANE_VIEW_DVI_TABLE_CUT <==>
-    position < view->sound_dvis && HEADER_BYTES + (position + 1) * DVI_BYTES > view->size;
-  ensures \result == MORVANE_VIEW_VPROC_TABLE_CUT <==>
-    position < view->sound_dvis && HEADER_BYTES + (position + 1) * DVI_BYTES <= view->size &&
-    position < view->sound_vprocs &&
-    view->vproc_table + (position + 1) * VPROC_BYTES > view->size;
-  ensures \result == MORVANE_VIEW_OK || \result == MORVANE_VIEW_OUT_OF_RANGE ||
-          \result == MORVANE_VIEW_DVI_TABLE_CUT || \result == MORVANE_VIEW_VPROC_TABLE_CUT;
-  ensures \result == MORVANE_VIEW_OUT_OF_RANGE ==> *dvi == \old(*dvi);
-  ensures \result == MORVANE_VIEW_OK ==> dvi_fields(view, dvi) && vproc_fields(view, dvi);
-  ensures \result == MORVANE_VIEW_OK ==> dvi->position == position && dvi->block == block;
-  ensures \result == MORVANE_VIEW_OK && position < view->sound_vprocs ==>
-    dvi->vproc_block == vproc_block;
+  behavior out_of_range:
+    assumes position >= view->sound_dvis;
+    assigns \nothing;
+    ensures \result == MORVANE_VIEW_OUT_OF_RANGE;
+  behavior dvi_table_cut:
+    assumes position < view->sound_dvis;
+    assumes HEADER_BYTES + (position + 1) * DVI_BYTES > view->size;
+    assigns \nothing;
+    ensures \result == MORVANE_VIEW_DVI_TABLE_CUT;
+  behavior vproc_table_cut:
+    assumes position < view->sound_dvis;
+    assumes HEADER_BYTES + (position + 1) * DVI_BYTES <= view->size;
+    assumes position < view->sound_vprocs;
+    assumes view->vproc_table + (position + 1) * VPROC_BYTES > view->size;
+    assigns \nothing;
+    ensures \result == MORVANE_VIEW_VPROC_TABLE_CUT;
+  behavior found:
+    assumes position < view->sound_dvis;
+    assumes HEADER_BYTES + (position + 1) * DVI_BYTES <= view->size;
+    assumes position < view->sound_vprocs ==>
+            view->vproc_table + (position + 1) * VPROC_BYTES <= view->size;
+    ensures \result == MORVANE_VIEW_OK;
+    ensures dvi->position == position && dvi->block == block;
+    ensures dvi_fields(\old(view->bytes), dvi);
+    ensures position < \old(view->sound_vprocs) ==>
+      dvi->vproc_block == vproc_block &&
+      vproc_fields(\old(view->bytes), \old(view->vproc_table), dvi);
+    ensures position >= \old(view->sound_vprocs) ==> no_vproc(dvi);
+  complete behaviors;
+  disjoint behaviors;
 */
 static int load_dvi(const struct morvane_view* view, uint32_t position, size_t block,
                     size_t vproc_block, struct morvane_view_dvi* dvi) {
-  const uint64_t skipped = (uint64_t)position * DVI_BYTES;
+  const uint8_t* const bytes = view->bytes;
+  const size_t table = view->vproc_table;
+  const int with_vproc = position < view->sound_vprocs;
+  const uint64_t desc = (uint64_t)position * DVI_BYTES;
+  const uint64_t vproc = (uint64_t)position * VPROC_BYTES;
   if (position >= view->sound_dvis) {
     return MORVANE_VIEW_OUT_OF_RANGE;
   }
-  if (!has(view, HEADER_BYTES, skipped, DVI_BYTES)) {
+  if (!has(view, HEADER_BYTES, desc, DVI_BYTES)) {
     return MORVANE_VIEW_DVI_TABLE_CUT;
   }
-  decode_dvi(view->bytes + (HEADER_BYTES + (size_t)skipped), dvi);
-  dvi->position = position;
-  dvi->offset = HEADER_BYTES + (size_t)skipped;
-  dvi->block = block;
-  return load_vproc(view, vproc_block, dvi);
+  if (with_vproc && !has(view, table, vproc, VPROC_BYTES)) {
+    return MORVANE_VIEW_VPROC_TABLE_CUT;
+  }
+  decode_dvi(bytes, position, block, dvi);
+  if (with_vproc) {
+    decode_vproc(bytes, table, position, vproc_block, dvi);
+  }
+  return MORVANE_VIEW_OK;
 }
 
 /*@
   requires true_view(view) && \valid(dvi);
   requires \separated(dvi, view, view->bytes + (0 .. view->size - 1));
   assigns *dvi;
-  ensures \result == MORVANE_VIEW_OK ==>
-    dvi->position == 0 && dvi_fields(view, dvi) && vproc_fields(view, dvi);
+  ensures \result == MORVANE_VIEW_OK ==> dvi->position == 0 && from_records(view, dvi);
   ensures walked(view) && 0 < view->sound_dvis ==>
     \result == MORVANE_VIEW_OK && in_place(view, dvi);
   ensures accepted(view) && view->dvi_num == 0 ==> \result == MORVANE_VIEW_OUT_OF_RANGE;
-  ensures \result == MORVANE_VIEW_OK || \result == MORVANE_VIEW_OUT_OF_RANGE ||
-          \result == MORVANE_VIEW_DVI_TABLE_CUT || \result == MORVANE_VIEW_VPROC_TABLE_CUT;
 */
 int morvane_view_first(const struct morvane_view* view, struct morvane_view_dvi* dvi) {
   const uint64_t table = (uint64_t)view->dvi_num * DVI_BYTES;
   const uint64_t vproc_table = (uint64_t)view->dvi_num * VPROC_BYTES;
+  const int with_vprocs = view->sound_vprocs != 0;
+  int status = MORVANE_VIEW_OK;
+  size_t vproc_block = 0;
   if (!has(view, HEADER_BYTES, table, 0)) {
     return MORVANE_VIEW_DVI_TABLE_CUT;
   }
-  if (view->sound_vprocs == 0) {
-    return load_dvi(view, 0, HEADER_BYTES + (size_t)table, 0, dvi);
-  }
-  if (!has(view, view->vproc_table, vproc_table, 0)) {
+  if (with_vprocs && !has(view, view->vproc_table, vproc_table, 0)) {
     return MORVANE_VIEW_VPROC_TABLE_CUT;
   }
-  return load_dvi(view, 0, HEADER_BYTES + (size_t)table, view->vproc_table + (size_t)vproc_table,
-                  dvi);
+  if (with_vprocs) {
+    vproc_block = view->vproc_table + (size_t)vproc_table;
+  }
+  status = load_dvi(view, 0, HEADER_BYTES + (size_t)table, vproc_block, dvi);
+  /*@ assert view->bytes == \at(view->bytes, Pre); */
+  /*@ assert view->size == \at(view->size, Pre); */
+  /*@ assert view->dvi_num == \at(view->dvi_num, Pre); */
+  /*@ assert view->sound_dvis == \at(view->sound_dvis, Pre); */
+  /*@ assert view->vproc_table == \at(view->vproc_table, Pre); */
+  /*@ assert view->sound_vprocs == \at(view->sound_vprocs, Pre); */
+  return status;
 }
 
 /*@
@@ -791,15 +871,25 @@ int morvane_view_first(const struct morvane_view* view, struct morvane_view_dvi*
   requires \separated(dvi, view, view->bytes + (0 .. view->size - 1));
   assigns *dvi;
   ensures \result == MORVANE_VIEW_OK ==>
-    dvi->position == \old(dvi->position) + 1 && dvi_fields(view, dvi) && vproc_fields(view, dvi);
+    dvi->position == \old(dvi->position) + 1 && from_records(view, dvi);
+  ensures \result == MORVANE_VIEW_OUT_OF_RANGE ==> dvi->position == \old(dvi->position);
   ensures walked(view) && \old(in_place(view, dvi)) ==>
     (\old(dvi->position) + 1 < view->sound_dvis
        ? \result == MORVANE_VIEW_OK && in_place(view, dvi)
-       : \result == MORVANE_VIEW_OUT_OF_RANGE && *dvi == \old(*dvi));
+       : \result == MORVANE_VIEW_OUT_OF_RANGE);
 */
 int morvane_view_next(const struct morvane_view* view, struct morvane_view_dvi* dvi) {
   const uint64_t ports = port_bytes(dvi->input_num, dvi->output_num);
   const uint64_t vproc = vproc_bytes(dvi->variable_num, dvi->smb_num);
+  int status = MORVANE_VIEW_OK;
+  /*@ assert walked(view) && in_place(view, dvi) ==>
+        dvi->block + ports + dvi->dvi_img_size <= view->size &&
+        block_at(view->bytes, view->dvi_num, dvi->position + 1) ==
+          dvi->block + ports + dvi->dvi_img_size; */
+  /*@ assert walked(view) && in_place(view, dvi) && dvi->position < view->sound_vprocs ==>
+        dvi->vproc_block + vproc <= view->size &&
+        vproc_at(view->bytes, view->dvi_num, view->vproc_table, dvi->position + 1) ==
+          dvi->vproc_block + vproc; */
   if (dvi->position == UINT32_MAX) {
     return MORVANE_VIEW_OUT_OF_RANGE;
   }
@@ -809,8 +899,15 @@ int morvane_view_next(const struct morvane_view* view, struct morvane_view_dvi* 
   if (!has(view, dvi->vproc_block, vproc, 0)) {
     return MORVANE_VIEW_SMBS_CUT;
   }
-  return load_dvi(view, dvi->position + 1, dvi->block + (size_t)ports + dvi->dvi_img_size,
-                  dvi->vproc_block + (size_t)vproc, dvi);
+  status = load_dvi(view, dvi->position + 1, dvi->block + (size_t)ports + dvi->dvi_img_size,
+                    dvi->vproc_block + (size_t)vproc, dvi);
+  /*@ assert view->bytes == \at(view->bytes, Pre); */
+  /*@ assert view->size == \at(view->size, Pre); */
+  /*@ assert view->dvi_num == \at(view->dvi_num, Pre); */
+  /*@ assert view->sound_dvis == \at(view->sound_dvis, Pre); */
+  /*@ assert view->vproc_table == \at(view->vproc_table, Pre); */
+  /*@ assert view->sound_vprocs == \at(view->sound_vprocs, Pre); */
+  return status;
 }
 
 /*@
@@ -818,7 +915,7 @@ int morvane_view_next(const struct morvane_view* view, struct morvane_view_dvi* 
   requires \separated(dvi, view, view->bytes + (0 .. view->size - 1), dag_name + (0 ..));
   assigns *dvi;
   ensures \result == MORVANE_VIEW_OK ==>
-    dvi_fields(view, dvi) && vproc_fields(view, dvi) &&
+    from_records(view, dvi) &&
     equal(dvi->dag_name.bytes, dvi->dag_name.length, dag_name);
   ensures accepted(view) ==>
     \result == MORVANE_VIEW_NOT_FOUND || \result == MORVANE_VIEW_OK && in_place(view, dvi);
@@ -827,8 +924,7 @@ int morvane_view_find(const struct morvane_view* view, const char* dag_name,
                       struct morvane_view_dvi* dvi) {
   int status = morvane_view_first(view, dvi);
   /*@
-    loop invariant status == MORVANE_VIEW_OK ==>
-      dvi_fields(view, dvi) && vproc_fields(view, dvi);
+    loop invariant status == MORVANE_VIEW_OK ==> from_records(view, dvi);
     loop invariant accepted(view) ==>
       status == MORVANE_VIEW_OUT_OF_RANGE || status == MORVANE_VIEW_OK && in_place(view, dvi);
     loop assigns status, *dvi;
@@ -889,7 +985,7 @@ static void decode_port(const uint8_t* record, struct morvane_view_port* port) {
     assumes dvi->block + (position + 1) * PORT_BYTES <= view->size;
     ensures \result == MORVANE_VIEW_OK;
     ensures port->offset == dvi->block + position * PORT_BYTES;
-    ensures port_fields(view->bytes + port->offset, port);
+    ensures port_fields(\old(view->bytes) + port->offset, port);
   behavior cut:
     assumes dvi->block + (position + 1) * PORT_BYTES > view->size;
     ensures \result == MORVANE_VIEW_PORTS_CUT;

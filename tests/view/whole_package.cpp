@@ -23,7 +23,8 @@ struct reading {
 /// Both ends of a range: a sanitizer notices bytes that are not there.
 void touch(reading& all, const void* begin, std::size_t size) {
   const auto* bytes = static_cast<const volatile std::uint8_t*>(begin);
-  const std::size_t offset = static_cast<const std::uint8_t*>(begin) - all.view.bytes;
+  const auto offset =
+      static_cast<std::size_t>(static_cast<const std::uint8_t*>(begin) - all.view.bytes);
   expect(offset <= all.view.size && size <= all.view.size - offset, "what is handed out is inside");
   if (size > 0) {
     all.sum.bytes += size + (bytes[0] & bytes[size - 1] & 0);

@@ -23,8 +23,9 @@
  * Fields have the names that they have in package_format.h; numbers of one byte are widened.
  *
  * Every function returns MORVANE_VIEW_OK, which is 0, or a negative status, unless its comment says
- * otherwise. After a negative status what the out parameters hold means nothing, unless said
- * otherwise. Out parameters must lie outside the package. No pointer may be NULL unless said otherwise.
+ * otherwise. After a negative status the out parameters are as they were, unless its comment says
+ * otherwise. Out parameters must lie outside the package. No pointer may be NULL unless said
+ * otherwise.
  */
 #ifndef MORVANE_PACKAGE_VIEW_H
 #define MORVANE_PACKAGE_VIEW_H

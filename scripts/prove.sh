@@ -1,0 +1,143 @@
+#!/usr/bin/env bash
+# Proves that the reader of packages, src/view/package_view.c, keeps the contracts above its functions, with
+# 64-bit and with 32-bit addresses. Prints how many goals there are and were proved, and fails when one is
+# not. Installs what is missing.
+#
+#     scripts/prove.sh [--mutations]
+#
+# --mutations   breaks one check after the other instead, and fails when the proof still holds
+source "$(dirname "$0")/requirements.sh"
+
+require frama-c-base frama-c why3 why3 z3 z3 cvc4 cvc4
+
+source=src/view/package_view.c
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+
+# why3 keeps what it finds out about the provers in the home folder.
+export HOME=$scratch
+why3 config detect >"$scratch/provers" 2>&1
+
+# A text of a package points at its bytes. The proof has no cast from one type of bytes to another, so char
+# is unsigned there, as it is on ARM.
+cat >"$scratch/unsigned_char.h" <<'END'
+#include <stddef.h>
+#include <stdint.h>
+#define char unsigned char
+END
+
+# proof MACHINE SECONDS FILE [OPTION ...]: the tool's output. A goal may take so many seconds.
+proof() {
+  frama-c -machdep "$1" -cpp-extra-args="-include $scratch/unsigned_char.h -I src/view/include -I src/format/include" \
+    -wp -wp-rte -warn-unsigned-overflow -warn-unsigned-downcast -warn-signed-downcast \
+    -wp-prover z3,cvc4 -wp-timeout "$2" -wp-par "$(nproc)" "${@:4}" "$3"
+}
+
+# goals LOG: "PROVED / ALL"
+goals() {
+  sed -n 's/^\[wp\] Proved goals: *//p' "$1"
+}
+
+# all_proved LOG: every goal was proved, and the tool understood every contract.
+all_proved() {
+  local proved all
+  read -r proved _ all < <(goals "$1") && [ "$proved" -gt 0 ] && [ "$proved" = "$all" ] &&
+    ! grep -q -E 'Warning: (Cast|.*(ignored|unsupported|not implemented|hypotheses))|Degenerated|Stronger' "$1"
+}
+
+prove() {
+  local machine proved all
+  for machine in gcc_x86_64 gcc_x86_32; do
+    proof $machine 120 $source >"$scratch/log"
+    read -r proved _ all < <(goals "$scratch/log")
+    echo "$machine: $all goals, $proved proved"
+    all_proved "$scratch/log" || { grep -A 2 -E '^\[wp\] \[(Failed|Timeout|Unknown)\]|Warning' "$scratch/log"; exit 1; }
+  done
+}
+
+# mutation FUNCTION TEXT REPLACEMENT: breaks a check, whose text stands once in the function, and tries to
+# prove the function again.
+mutation() {
+  local whole body rest
+  whole=$(<$source)
+  body=$(awk -v "begin=^[a-z].*[ *]$1[(]" '$0 ~ begin { inside = 1 } inside { print } /^}/ { inside = 0 }' $source)
+  rest=${body#*"$2"}
+  if [ "$rest" = "$body" ] || [ "${rest#*"$2"}" != "$rest" ]; then
+    echo "$1: \"$2\" does not stand there once" >&2
+    exit 1
+  fi
+  printf '%s\n' "${whole/"$body"/"${body/"$2"/"$3"}"}" >"$scratch/mutant.c"
+  if [ ! -e "$scratch/$1.proved" ]; then
+    proof gcc_x86_64 "$seconds" $source -wp-fct "$1" >"$scratch/log"
+    all_proved "$scratch/log" || { echo "$1 is not proved as it is" >&2; exit 1; }
+    touch "$scratch/$1.proved"
+  fi
+  proof gcc_x86_64 "$seconds" "$scratch/mutant.c" -wp-fct "$1" >"$scratch/log" || :
+  mutations=$((mutations + 1))
+  if grep -q 'user error' "$scratch/log"; then
+    echo "$1: $3 is no C" >&2
+    exit 1
+  elif all_proved "$scratch/log"; then
+    echo "not noticed: $1: $2 -> $3"
+    unnoticed=$((unnoticed + 1))
+  else
+    echo "$1: $2 -> $3: $(goals "$scratch/log") proved"
+  fi
+}
+
+mutate() {
+  local mutations=0 unnoticed=0 seconds=20
+  mutation has 'begin <= view->size && ' ''
+  mutation has 'begin <= view->size' 'begin < view->size'
+  mutation has 'skipped <= view->size - begin' 'skipped <= view->size'
+  mutation has 'bytes <= view->size - begin - skipped' 'bytes <= view->size - begin'
+  mutation has 'bytes <= view->size - begin - skipped' 'bytes < view->size - begin - skipped'
+  mutation refuse 'damage != NULL' '1'
+  mutation open_header 'view->size < HEADER_BYTES' 'view->size < HEADER_BYTES - 1'
+  mutation open_header 'table > view->size - HEADER_BYTES' 'table > view->size'
+  mutation open_header 'table > view->size - HEADER_BYTES' 'table >= view->size - HEADER_BYTES'
+  mutation check_dvi 'block % WRAP !=' 'block !='
+  mutation check_dvi 'ports > left' 'ports >= left'
+  mutation check_dvi 'ports > left' '0'
+  mutation check_dvi 'block > left' 'block > left + ports'
+  mutation check_dvis 'check_dvi(dvi, size - begin)' 'check_dvi(dvi, size)'
+  mutation check_dvis 'i < dvi_num; ++i' 'i <= dvi_num; ++i'
+  mutation check_dvis 'view->sound_dvis = i' 'view->sound_dvis = dvi_num'
+  mutation check_vproc 'block % WRAP !=' '(uint32_t)variables % WRAP !='
+  mutation check_vproc 'variables > left' 'variables >= left'
+  mutation check_vproc 'block > left' 'block >= left'
+  mutation check_vprocs 'check_vproc(vproc, size - begin)' 'check_vproc(vproc, size)'
+  mutation check_vproc_section 'table > left' 'table > view->size'
+  mutation check_vproc_section 'table > left' 'table >= left'
+  mutation morvane_view_open 'status == MORVANE_VIEW_OK && at < size) {' '0) {'
+  mutation text_length 'length < width &&' 'length <= width &&'
+  mutation load_dvi 'position >= view->sound_dvis' 'position > view->sound_dvis'
+  mutation load_dvi 'HEADER_BYTES, desc, DVI_BYTES' 'HEADER_BYTES, desc, 0'
+  mutation load_dvi 'table, vproc, VPROC_BYTES' '0, vproc, VPROC_BYTES'
+  mutation morvane_view_first 'HEADER_BYTES, table, 0' 'HEADER_BYTES, table, 1'
+  mutation morvane_view_next 'dvi->position == UINT32_MAX' '0'
+  mutation morvane_view_next 'view, dvi->block, ports' 'view, 0, ports'
+  mutation morvane_view_next 'view, dvi->vproc_block, vproc' 'view, 0, vproc'
+  mutation load_port 'skipped, PORT_BYTES' 'skipped, PORT_BYTES - 1'
+  mutation load_port 'view, dvi->block, skipped' 'view, 0, skipped'
+  mutation morvane_view_input 'index >= dvi->input_num' 'index > dvi->input_num'
+  mutation morvane_view_output 'index >= dvi->output_num' 'index >= dvi->input_num'
+  mutation morvane_view_image 'ports, dvi->dvi_img_size' '0, dvi->dvi_img_size'
+  mutation morvane_view_variable 'index >= dvi->variable_num' 'index >= dvi->smb_num'
+  mutation morvane_view_variable 'skipped, VAR_BYTES' 'skipped, SMB_BYTES'
+  mutation morvane_view_smb 'index >= dvi->smb_num' 'index > dvi->smb_num'
+  mutation morvane_view_smb 'skipped, SMB_BYTES' '0, SMB_BYTES'
+  mutation morvane_text_equals 'i < text.length' 'i <= text.length'
+  mutation morvane_text_equals "string[i] == '\\0' || " ''
+  echo "$mutations mutations, $unnoticed not noticed"
+  [ $unnoticed -eq 0 ]
+}
+
+case ${1-} in
+  '') prove ;;
+  --mutations) mutate ;;
+  *)
+    echo "usage: scripts/prove.sh [--mutations]" >&2
+    exit 2
+    ;;
+esac
