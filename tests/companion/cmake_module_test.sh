@@ -4,7 +4,7 @@
 source "$SOURCE/tests/documents/test_folder.sh"
 
 generator=$1
-morvane=$BUILD/morvane
+morvane=$(command -v morvane)
 cp -r "$SOURCE/examples/wake_word" "out put"
 cp -r "out put" own
 echo "not packed" >"out put/notes"
