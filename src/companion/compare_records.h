@@ -58,7 +58,7 @@ inline bool compare_positions(const compared_part& part, const matched_name& mat
 /// The records of one kind in a DVI; none where the DVI has none.
 template <class Record>
 struct record_list {
-  const std::uint8_t* package;
+  const std::uint8_t* package = nullptr;
   std::vector<Record> records{};
 };
 

@@ -12,7 +12,7 @@ namespace {
 bool stands_in_uris(char character) {
   constexpr std::string_view others = "-._~/";
   return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
-         (character >= '0' && character <= '9') || others.find(character) != others.npos;
+         (character >= '0' && character <= '9') || others.find(character) != std::string_view::npos;
 }
 
 void write_message(json_writer& json, std::string_view name, std::string_view text) {
