@@ -45,7 +45,7 @@ int read_to_end(const file_handle& file, std::vector<std::uint8_t>& bytes) {
 
 extern "C" void end_at_cut_file(int /*signal*/) {
   constexpr std::string_view text = "morvane: a file was cut while it was read\n";
-  static_cast<void>(!::write(STDERR_FILENO, text.data(), text.size()));
+  static_cast<void>(::write(STDERR_FILENO, text.data(), text.size()) < 0);
   ::_exit(status_failed);
 }
 

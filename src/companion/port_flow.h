@@ -15,7 +15,7 @@ namespace morvane::companion {
 /// An output, and where it is.
 struct known_output {
   record_name name;
-  morvane_view_port port;
+  morvane_view_port port{};
 };
 
 /// The last output of each name among the DVIs met so far. The names lie in the package.

@@ -13,7 +13,7 @@ constexpr std::chrono::milliseconds between_updates{200};
 constexpr std::string_view empty_line = "\r\x1b[K";
 
 void write_to_terminal(std::string_view text) {
-  static_cast<void>(!::write(STDERR_FILENO, text.data(), text.size()));
+  static_cast<void>(::write(STDERR_FILENO, text.data(), text.size()) < 0);
 }
 
 }  // namespace
