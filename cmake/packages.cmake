@@ -12,9 +12,12 @@ regenerates the headers.")
 set(CPACK_DEBIAN_PACKAGE_SECTION devel)
 # Programs of one architecture serve packages of every other one.
 set(CPACK_DEBIAN_PACKAGE_MULTIARCH foreign)
+# The library of one architecture serves that architecture only, beside those of others.
+set(CPACK_DEBIAN_VIEW_PACKAGE_MULTIARCH same)
 if(CMAKE_VERSION VERSION_LESS 3.31)
   # This cpack does not know that field yet. It writes the value of a known one as it is.
   set(CPACK_DEBIAN_PACKAGE_PRIORITY "optional\nMulti-Arch: ${CPACK_DEBIAN_PACKAGE_MULTIARCH}")
+  set(CPACK_DEBIAN_VIEW_PACKAGE_PRIORITY "optional\nMulti-Arch: ${CPACK_DEBIAN_VIEW_PACKAGE_MULTIARCH}")
 endif()
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_STRIP_FILES ON)
