@@ -47,11 +47,6 @@ build build-static -DMORVANE_STATIC_RUNTIME=ON
 tool=$PWD/build/morvane_gen
 static_tool=$PWD/build-static/morvane_gen
 companion=$PWD/build/morvane
-if cmake --build build --target help | grep -q morvane_companion; then
-  cmake --build build --parallel "$(nproc)" --target morvane_companion >/dev/null
-else
-  rm -f "$companion"
-fi
 generator=$PWD/tests/bench/compiler_output.awk
 view_bench=$PWD/tests/bench/package_view_bench.c
 view_library=(-I "$PWD/src/view/include" -I "$PWD/src/format/include" "$PWD/build/libmorvane_view.a")
