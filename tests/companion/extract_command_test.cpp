@@ -233,10 +233,11 @@ TEST(ExtractCommand, NeedsLittleMemoryForALargeImage) {
   constexpr std::uint32_t image_size = 64U << 20U;
   folder.write("net.bin", header(1) + bytes(dvi("net", image_size)));
   fs::resize_file(folder.path("net.bin"), 168 + image_size);
+  const long idle = run_morvane({"--version"}, folder.path()).peak_kib;
   const run_result run = run_morvane({"extract", "-q", "net.bin"}, folder.path());
   EXPECT_EQ(run.status, 0);
   if (run_prefix().empty()) {
-    EXPECT_LT(run.peak_kib, 24 * 1024);
+    EXPECT_LT(run.peak_kib, idle + 16 * 1024);
   }
 }
 
