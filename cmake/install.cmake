@@ -13,10 +13,10 @@ add_custom_target(shipped)
 set(private_folder ${CMAKE_INSTALL_LIBDIR}/morvane-gen)
 install(TARGETS morvane LIBRARY DESTINATION ${private_folder})
 
-# Users start a program through a link. The installed program is linked for itself. In its run path the
-# folder of the Debian package stands by name too: where /proc is not mounted, the dynamic linker cannot tell
-# what $ORIGIN is. An edited run path would need room in the built program: empty entries, which stand for
-# whatever folder the user is in.
+# Users start a program through a link. The installed program is linked for itself. Its run path
+# also names the folder of the Debian package: where /proc is not mounted, the dynamic linker cannot tell
+# what $ORIGIN is. The run path is not edited in the built program: that would need room there, made of empty
+# entries, and an empty entry means the folder the user is in.
 function(install_program name)
   get_target_property(sources ${name} SOURCES)
   get_target_property(folders ${name} INCLUDE_DIRECTORIES)

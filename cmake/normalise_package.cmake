@@ -6,7 +6,7 @@ function(run)
   execute_process(COMMAND ${ARGV} OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
-# The time of the release, which stands in the changelog; dpkg-deb takes it from the environment.
+# The time of the release, from the changelog; dpkg-deb takes it from the environment.
 function(find_release_time)
   file(STRINGS ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/../packaging/changelog signature REGEX "^ -- " LIMIT_COUNT 1)
   string(REGEX REPLACE "^ -- .*>  " "" release_date "${signature}")

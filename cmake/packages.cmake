@@ -8,7 +8,11 @@ set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
     "morvane_gen packs the output folder of a neural-network graph compiler into
 one binary package that a loader on an AArch64 Linux board reads. It also
 inspects such a package: it prints a report, extracts the images and
-regenerates the headers.")
+regenerates the headers.
+
+morvane works on the same folders and packages: it packs without ever
+leaving half a file, checks, shows and compares packages, and extracts
+images.")
 set(CPACK_DEBIAN_PACKAGE_SECTION devel)
 # Programs of one architecture serve packages of every other one.
 set(CPACK_DEBIAN_PACKAGE_MULTIARCH foreign)
@@ -49,7 +53,7 @@ libmorvane_view.a opens a package that lies in memory, checks it once and
 hands out its DAGs, ports and images without a copy. It is freestanding C99
 and checks every access against the size of the package.")
 
-# The bytes of a package are the same wherever it is made.
+# A package has the same bytes on every machine.
 set(CPACK_POST_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/normalise_package.cmake)
 
 include(CPack)

@@ -12,7 +12,7 @@ is_there() {
   esac
 }
 
-# require PACKAGE PROOF ...: pairs of a package and the command or file that shows that it is there.
+# require PACKAGE PROOF ...: pairs of a package and the command or file that shows that it is installed.
 require() {
   local missing=()
   while [ $# -gt 0 ]; do

@@ -18,7 +18,7 @@ struct check_scope {
   vproc_demand vproc = vproc_demand::none;
 };
 
-/// What a package holds, as far as it can be walked.
+/// What a package holds, up to its first damage.
 struct package_summary {
   std::uint64_t dvis = 0;
   std::uint64_t ports = 0;

@@ -34,10 +34,6 @@ struct comparison {
   const difference_sink& sink;
 };
 
-bool has_header(const opened_package& package) {
-  return package.view.size >= sizeof(morvane_pkg_header);
-}
-
 bool has_vproc(const opened_package& package) {
   return morvane_view_need_vproc(&package.view) == MORVANE_VIEW_OK;
 }

@@ -11,7 +11,7 @@
 
 namespace morvane::companion {
 
-/// A record of two packages: what was read from it, and where its bytes stand.
+/// A record of two packages: what was read from it, and where its bytes are.
 template <class Record>
 struct record_pair {
   const Record& old_record;

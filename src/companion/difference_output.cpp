@@ -60,6 +60,9 @@ struct value_text {
   std::string operator()(std::int64_t number) const { return joined(number); }
   std::string operator()(std::string_view text) const { return quoted(text); }
   std::string operator()(bool value) const { return value ? "true" : "false"; }
+  std::string operator()(number_pair numbers) const {
+    return joined("[", numbers[0], ", ", numbers[1], "]");
+  }
 };
 
 struct change_text {

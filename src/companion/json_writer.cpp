@@ -81,10 +81,9 @@ void write_value(json_writer& json, json_null /*null*/) {
   json.streams.pending += "null";
 }
 
-void write_numbers(json_writer& json, std::string_view name,
-                   std::span<const std::uint32_t> numbers) {
-  begin_member(json, name);
-  std::string_view before = "[";
+void write_value(json_writer& json, std::span<const std::uint32_t> numbers) {
+  std::string_view before;
+  json.streams.pending += '[';
   for (const std::uint32_t number : numbers) {
     append_pieces(json.streams.pending, before, number);
     before = ", ";

@@ -16,7 +16,7 @@ namespace morvane::companion {
 struct json_writer {
   console& streams;
   int depth = 0;         // arrays that are open
-  bool is_first = true;  // nothing stands yet in the innermost object or array
+  bool is_first = true;  // nothing is written yet in the innermost object or array
 };
 
 /// A text as a JSON string, between quotes. What is not UTF-8 becomes U+FFFD.
@@ -46,6 +46,7 @@ void write_value(json_writer& json, std::string_view text);
 void write_value(json_writer& json, const char* text);
 void write_value(json_writer& json, bool value);
 void write_value(json_writer& json, json_null null);
+void write_value(json_writer& json, std::span<const std::uint32_t> numbers);
 
 template <std::integral Number>
 void write_value(json_writer& json, Number number) {
@@ -58,9 +59,5 @@ void write_member(json_writer& json, std::string_view name, const Value& value) 
   begin_member(json, name);
   write_value(json, value);
 }
-
-/// Writes a member that is an array of numbers.
-void write_numbers(json_writer& json, std::string_view name,
-                   std::span<const std::uint32_t> numbers);
 
 }  // namespace morvane::companion

@@ -22,10 +22,12 @@ void warn_of_damage(const opened_package& package, std::string_view participle, 
   }
 }
 
-void release_dvi(const opened_package& package, const morvane_view_dvi& dvi) {
+std::uint64_t release_dvi(const opened_package& package, const morvane_view_dvi& dvi) {
   const std::uint64_t ports = std::uint64_t{dvi.input_num} + dvi.output_num;
-  package.bytes.release(dvi.block, ports * sizeof(morvane_port_desc) + dvi.dvi_img_size);
+  const std::uint64_t count = ports * sizeof(morvane_port_desc) + dvi.dvi_img_size;
+  package.bytes.release(dvi.block, count);
   package.bytes.release(dvi.vproc_block, dvi.vproc_records_size);
+  return dvi.block + count;
 }
 
 std::span<const std::uint8_t> image_of(const morvane_view& view, const morvane_view_dvi& dvi) {

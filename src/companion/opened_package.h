@@ -1,4 +1,4 @@
-// A package that is opened as far as it can be walked.
+// A package, opened. A damaged one is open up to its first damage.
 #pragma once
 
 #include <morvane/package_view.h>
@@ -32,8 +32,14 @@ inline bool is_damaged(const opened_package& package) {
 /// before the damage is compared, shown or whatever the participle says.
 void warn_of_damage(const opened_package& package, std::string_view participle, console& streams);
 
-/// Gives back the memory of a DVI's ports, image, variables and SMB blocks.
-void release_dvi(const opened_package& package, const morvane_view_dvi& dvi);
+/// Whether the package is long enough for its header.
+inline bool has_header(const opened_package& package) {
+  return package.view.size >= sizeof(morvane_pkg_header);
+}
+
+/// The work on a DVI is done: gives back the memory of its ports, image, variables and SMB blocks.
+/// Returns the offset at which its DVI block ends.
+std::uint64_t release_dvi(const opened_package& package, const morvane_view_dvi& dvi);
 
 /// The bytes of a DVI's image.
 std::span<const std::uint8_t> image_of(const morvane_view& view, const morvane_view_dvi& dvi);

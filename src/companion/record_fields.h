@@ -13,8 +13,9 @@
 
 namespace morvane::companion {
 
-/// A number, a text inside a package, or yes and no.
-using field_value = std::variant<std::int64_t, std::string_view, bool>;
+/// A number, a text inside a package, yes or no, or two numbers.
+using number_pair = std::array<std::uint32_t, 2>;
+using field_value = std::variant<std::int64_t, std::string_view, bool, number_pair>;
 
 template <class Record>
 struct record_field {
@@ -80,10 +81,10 @@ inline constexpr std::array port_fields{
     port_field{"pitch", port_member<&morvane_view_port::pitch>},
     port_field{"dram_format", port_member<&morvane_view_port::dram_format>},
     port_field{"flags", port_member<&morvane_view_port::flags>},
-    port_field{"reserved[0]",
-               [](const morvane_view_port& port) { return value_of(port.reserved[0]); }},
-    port_field{"reserved[1]",
-               [](const morvane_view_port& port) { return value_of(port.reserved[1]); }},
+    port_field{"reserved",
+               [](const morvane_view_port& port) {
+                 return field_value(number_pair{port.reserved[0], port.reserved[1]});
+               }},
     port_field{"drotate_bit_offset", port_member<&morvane_view_port::drotate_bit_offset>},
     port_field{"hflip_bit_offset", port_member<&morvane_view_port::hflip_bit_offset>},
     port_field{"vflip_bit_offset", port_member<&morvane_view_port::vflip_bit_offset>},

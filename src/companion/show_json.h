@@ -2,11 +2,11 @@
 #pragma once
 
 #include "companion/console.h"
-#include "companion/shown_package.h"
+#include "companion/opened_package.h"
 
 namespace morvane::companion {
 
-/// Writes a package as JSON, record by record.
-void show_json(const shown_package& shown, console& streams);
+/// Writes a package as JSON, record by record, on request with a digest of each image.
+void show_json(const opened_package& package, bool with_digests, console& streams);
 
 }  // namespace morvane::companion

@@ -1,5 +1,6 @@
 #include "companion/show_tables.h"
 
+#include "companion/digest.h"
 #include "companion/package_walk.h"
 #include "companion/printable_text.h"
 #include "companion/text_table.h"
@@ -11,29 +12,30 @@ namespace {
 
 constexpr std::string_view indent = "  ";
 
-std::string package_line(const shown_package& shown) {
-  if (!has_header(shown)) {
-    return joined(printable(shown.path), ": ", shown.view.size, " bytes\n");
+std::string package_line(const opened_package& package) {
+  if (!has_header(package)) {
+    return joined(printable(package.path), ": ", package.view.size, " bytes\n");
   }
-  const bool is_whole = shown.damage.status == MORVANE_VIEW_OK;
-  const std::string_view vproc = shown.view.vproc_table != 0 ? ", with vproc records"
-                                 : is_whole                  ? ", without vproc records"
-                                                             : "";
-  return joined(printable(shown.path), ": ", shown.view.size, " bytes, ",
-                version_text(shown.view.version, shown.view.HASH), ", dvi_num ", shown.view.dvi_num,
-                vproc, "\n");
+  const bool is_whole = !is_damaged(package);
+  const std::string_view vproc = package.view.vproc_table != 0 ? ", with vproc records"
+                                 : is_whole                    ? ", without vproc records"
+                                                               : "";
+  return joined(printable(package.path), ": ", package.view.size, " bytes, ",
+                version_text(package.view.version, package.view.HASH), ", dvi_num ",
+                package.view.dvi_num, vproc, "\n");
 }
 
-std::string dvi_lines(const shown_package& shown, const morvane_view_dvi& dvi) {
-  const auto image = image_of(shown, dvi);
+std::string dvi_lines(const opened_package& package, const morvane_view_dvi& dvi,
+                      bool with_digests) {
+  const auto image = image_of(package.view, dvi);
   std::string text = joined(
       "\n", str(record_name{.dvi = dvi.position}), ": ", printable(str(dvi.dag_name)), "\n", indent,
       "dvi_id ", dvi.dvi_id, ", vproc_id ", dvi.vproc_id, ", dvi_ppv ", dvi.dvi_ppv, "\n", indent,
-      "image: offset ", hexadecimal(static_cast<std::uint64_t>(image.data() - shown.view.bytes)),
+      "image: offset ", hexadecimal(static_cast<std::uint64_t>(image.data() - package.view.bytes)),
       ", ", image.size(), " bytes, address ", hexadecimal(dvi.dvi_img_vaddr), ", DAG binary at ",
       hexadecimal(dvi.dvi_dag_vaddr), "\n");
-  if (shown.with_digests) {
-    append_pieces(text, indent, "xxh3_128: ", digest_of(shown, image), "\n");
+  if (with_digests) {
+    append_pieces(text, indent, "xxh3_128: ", xxh3_128(package.bytes, image), "\n");
   }
   return text;
 }
@@ -80,20 +82,20 @@ std::string smb_table(const morvane_view& view, const morvane_view_dvi& dvi) {
 
 }  // namespace
 
-void show_tables(const shown_package& shown, console& streams) {
-  print_result(streams, package_line(shown));
-  for_each_dvi(shown.view, [&](const morvane_view_dvi& dvi) {
-    print_result(streams, dvi_lines(shown, dvi));
+void show_tables(const opened_package& package, bool with_digests, console& streams) {
+  print_result(streams, package_line(package));
+  for_each_dvi(package.view, [&](const morvane_view_dvi& dvi) {
+    print_result(streams, dvi_lines(package, dvi, with_digests));
     if (dvi.input_num != 0 || dvi.output_num != 0) {
-      print_result(streams, port_table(shown.view, dvi));
+      print_result(streams, port_table(package.view, dvi));
     }
     if (dvi.variable_num != 0) {
-      print_result(streams, variable_table(shown.view, dvi));
+      print_result(streams, variable_table(package.view, dvi));
     }
     if (dvi.smb_num != 0) {
-      print_result(streams, smb_table(shown.view, dvi));
+      print_result(streams, smb_table(package.view, dvi));
     }
-    leave_dvi(shown, dvi, streams);
+    show_progress(streams.progress, release_dvi(package, dvi));
   });
 }
 

@@ -2,11 +2,12 @@
 #pragma once
 
 #include "companion/console.h"
-#include "companion/shown_package.h"
+#include "companion/opened_package.h"
 
 namespace morvane::companion {
 
-/// Writes a line about the package and the tables of each DVI.
-void show_tables(const shown_package& shown, console& streams);
+/// Writes a line about the package and the tables of each DVI, on request with a digest of its
+/// image.
+void show_tables(const opened_package& package, bool with_digests, console& streams);
 
 }  // namespace morvane::companion

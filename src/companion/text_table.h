@@ -10,7 +10,7 @@ namespace morvane::companion {
 
 /// A table with as many columns as its first row, the heads, has cells.
 struct text_table {
-  std::vector<bool> is_number;  // of each column: numbers stand on the right
+  std::vector<bool> is_number;  // of each column: numbers are aligned to the right
   std::vector<std::vector<std::string>> rows;
 };
 

@@ -23,8 +23,8 @@ struct block_format {
   std::span<const macro_row> macros;
 };
 
-/// Reads the block of a name into its record. The reader must stand after the introducing line. It
-/// then stands before the line that ends the block, and before blank lines above it, as that line
+/// Reads the block of a name into its record. The reader must be after the introducing line. It
+/// is then before the line that ends the block, and before blank lines above it, as that line
 /// may introduce the next block. Returns 0; for a name or a layer name that is too long, prints a
 /// message and returns -1.
 int read_block(line_reader& lines, const block_format& format, std::string_view name,

@@ -27,7 +27,7 @@ requires(!std::same_as<Number, char> &&
          !std::same_as<Number, bool>) void append_piece(std::string& text, Number number) {
   std::array<char, 20> digits{};  // the longest number of 64 bits, with its sign
   const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), number);
-  text.append(digits.data(), result.ptr);
+  text.append(digits.data(), static_cast<std::size_t>(result.ptr - digits.data()));
 }
 
 /// Appends the pieces, texts and numbers, one after the other.

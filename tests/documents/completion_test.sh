@@ -37,7 +37,7 @@ completes '-d alpha_folder -f bet' '-d alpha_folder -f beta_file '
 completes '-f beta_file --ver' '-f beta_file --ver'
 completes 'bet' 'bet'
 
-# Every long option of the usage text, typed but for its last letter.
+# Every long option of the usage text, typed without its last letter.
 morvane_gen --help >usage || [ $? -eq 1 ]
 grep -o -e '--[a-z]*.*' usage | sed 's/ \[\(file\|dir\).*/=/; s/ \[.*/ /' | grep '^--' >options
 [ "$(wc -l <options)" -eq 7 ] || fail "$(wc -l <options) long options in the usage text"

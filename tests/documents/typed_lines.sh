@@ -1,5 +1,5 @@
 # Sourced by the tests of the completions, with the names of the shell, bash or zsh, and of the program. Lines
-# and a TAB are typed in an interactive shell, and a key that writes down what then stands on the line.
+# and a TAB are typed in an interactive shell, and a key that writes down what is then on the line.
 
 shell=$1 completed_program=$2
 

@@ -54,7 +54,7 @@ class sample {
   scratch_folder folder;
 
  private:
-  /// An older package and older outputs stand where new ones go, so that every way to replace them
+  /// An older package and older outputs are where new ones go, so that every way to replace them
   /// is taken.
   void renew() {
     fs::remove_all(folder.path("parse"));
@@ -103,7 +103,7 @@ void expect_no_difference(sample& sample, const std::vector<std::string>& argume
   EXPECT_GT(runs, 50U);
 }
 
-/// Whether a line may stand in the output: a sound run prints it, or it is a message.
+/// Whether a line may be in the output: a sound run prints it, or it is a message.
 bool is_allowed(const std::string& line, const std::string& sound_output) {
   constexpr std::array messages{"can't open file ",
                                 "error: can't open file ",

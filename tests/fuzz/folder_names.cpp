@@ -84,7 +84,7 @@ void check_folder(const std::string& folder) {
   const std::int32_t count = list_input_files(folder, "dvi", dvis);
   require(count == 0 || static_cast<std::size_t>(count) == dvis.size(), "the count is the list's");
   require(count == 0 || std::ranges::is_sorted(dvis, {}, &input_entry::index),
-          "the DVIs stand in the order of their indices");
+          "the DVIs are in the order of their indices");
   for (const input_entry& dvi : dvis) {
     std::int32_t index = 0;
     require(get_file_type(dvi.name, false) == "dvi" && parse_file_index(dvi.name, index) == 0 &&

@@ -105,7 +105,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const bool named = dag_status == 0 && dvis[0].dag_name[0] != '\0';
   if (dag_status == 0) {
     test::require((check_duplicate_dag_names(scratch.path(), headers) == 1) == named,
-                  "a header that stands twice repeats its DAG's name");
+                  "a header that is read twice repeats its DAG's name");
   }
 
   std::vector<vproc_desc> vprocs;

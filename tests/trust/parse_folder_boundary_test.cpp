@@ -332,7 +332,7 @@ TEST_F(HeldUpInspection, StaysInItsFolderWhenALinkTakesItsPlace) {
   EXPECT_NE(scratch.read("moved/_second.h").find("HMB_input port"), std::string::npos);
 }
 
-/// What stands in the place of a header after the run has written its first block.
+/// What is in the place of a header after the run has written its first block.
 void expect_header_left_alone(const scratch_folder& scratch, const std::string& content) {
   EXPECT_EQ(scratch.read("parse/_second.h"), content);
   const std::string report = scratch.read("report");
