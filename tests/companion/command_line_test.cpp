@@ -3,6 +3,7 @@
 
 #include "companion/outcome.h"
 #include "companion/sound_package.h"
+#include "harness/sanitizer.h"
 #include "harness/scratch_folder.h"
 
 namespace morvane::test {
@@ -79,6 +80,17 @@ TEST(CommandLine, EndsWithStatus2WhenStandardOutputTakesNothing) {
                    0, "2\n", "morvane: standard output: Broken pipe\n");
     std::filesystem::remove(folder.path("status"));
   }
+}
+
+TEST(CommandLine, EndsWithStatus2WhenThereIsNotEnoughMemory) {
+  if (under_sanitizer || !run_prefix().empty()) {
+    GTEST_SKIP() << "a sanitizer, an emulator or a checker needs more memory than the limit";
+  }
+  const scratch_folder folder;
+  expect_outcome(run_shell("ulimit -v 100000; head -c 200000000 /dev/zero | "
+                           "morvane check /dev/stdin",
+                           folder.path()),
+                 2, "", "morvane: not enough memory\n");
 }
 
 TEST(CommandLine, WorksWithoutStandardInputAndStandardError) {

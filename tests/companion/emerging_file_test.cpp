@@ -78,6 +78,17 @@ TEST(EmergingFile, TakesAnotherNameWhenAFileWasLeftBehind) {
   EXPECT_EQ(folder.files().size(), 2U);
 }
 
+TEST(EmergingFile, IsNotMadeBesideAHundredFilesLeftBehind) {
+  const scratch_folder folder;
+  for (int i = 0; i < 100; ++i) {
+    folder.write(".net.dvi.tmp" + std::to_string(::getpid()) + "." + std::to_string(i), "");
+  }
+  const file_handle handle = open_folder(folder.path());
+  emerging_file file(handle);
+  EXPECT_EQ(file.create("net.dvi"), EEXIST);
+  EXPECT_EQ(folder.files().size(), 100U);
+}
+
 TEST(EmergingFile, IsRemovedBeforeASignalEndsTheProgram) {
   for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
     const scratch_folder folder;

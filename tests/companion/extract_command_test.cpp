@@ -201,6 +201,19 @@ TEST(ExtractCommand, TellsWhyAFileCannotBeWritten) {
                  "morvane: standard output: No space left on device\n");
 }
 
+TEST(ExtractCommand, TellsWhyAPackageCannotBeRead) {
+  const scratch_folder folder;
+  expect_outcome(run_morvane({"extract", "net.bin"}, folder.path()), 2, "",
+                 "morvane: net.bin: No such file or directory\n");
+}
+
+TEST(ExtractCommand, TellsThatStandardOutputIsFull) {
+  const scratch_folder folder;
+  folder.write("net.bin", two_images());
+  expect_outcome(run_shell("$morvane extract net.bin first -o - >/dev/full", folder.path()), 2, "",
+                 "morvane: standard output: No space left on device\n");
+}
+
 TEST(ExtractCommand, LeavesNothingOfAFileThatBecomesTooLarge) {
   const scratch_folder folder;
   folder.write("net.bin", header(1) + bytes(dvi("net", 65536)) + std::string(65536, 'A'));

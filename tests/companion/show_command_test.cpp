@@ -150,6 +150,24 @@ TEST(ShowCommand, ShowsAFileThatIsShorterThanAHeader) {
             "\n");
 }
 
+TEST(ShowCommand, ShowsManyDvis) {
+  constexpr std::uint32_t dvis = 2000;
+  std::string package = header(dvis);
+  std::string expected =
+      "net.bin: 312012 bytes, version 2.1.6 ( HASH b3b3814 ), dvi_num 2000, "
+      "without vproc records\n";
+  for (std::uint32_t i = 0; i < dvis; ++i) {
+    const std::string name = "net" + std::to_string(i);
+    package += bytes(dvi(name, 0, 0, 0));
+    expected += "\nDVI " + std::to_string(i) + ": " + name +
+                "\n  dvi_id 0, vproc_id 0, dvi_ppv 0\n"
+                "  image: offset 0x4c2cc, 0 bytes, address 0x1000, DAG binary at 0x2000\n";
+  }
+  const scratch_folder folder;
+  folder.write("net.bin", package);
+  expect_outcome(run_morvane({"show", "net.bin"}, folder.path()), 0, expected);
+}
+
 TEST(ShowCommand, EndsWithStatus2WhenThePackageCannotBeRead) {
   const scratch_folder folder;
   expect_outcome(run_morvane({"show", "none"}, folder.path()), 2, "",

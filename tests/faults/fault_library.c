@@ -8,7 +8,7 @@
  *                                        there were, a line each
  *
  * The effect is an error by its number; or "short", which moves one byte; or "none", which moves
- * no byte and is no error.
+ * no byte and is no error; or "garbled", which writes everything with another first byte.
  */
 #define _GNU_SOURCE
 #include <dirent.h>
@@ -53,6 +53,7 @@ static unsigned number;
 static int from_then_on;
 static int error_number;
 static int is_short;
+static int is_garbled;
 
 static unsigned long parse_number(const char* text, char** end) {
   return strtoul(text, end, 10);
@@ -74,6 +75,7 @@ __attribute__((constructor)) static void read_request(void) {
   from_then_on = *rest == '+';
   const char* effect = strrchr(request, ':') + 1;
   is_short = strcmp(effect, "short") == 0;
+  is_garbled = strcmp(effect, "garbled") == 0;
   error_number = (int)parse_number(effect, &rest);
 }
 
@@ -155,9 +157,24 @@ ssize_t read(int file, void* bytes, size_t count) {
   return fails() ? -1 : NEXT(read)(file, bytes, shortened(count));
 }
 
+static ssize_t write_garbled(int file, const void* bytes, size_t count) {
+  unsigned char* other = malloc(count);
+  if (other == NULL) {
+    abort();
+  }
+  memcpy(other, bytes, count);
+  other[0] ^= 1;
+  const ssize_t written = NEXT(write)(file, other, count);
+  free(other);
+  return written;
+}
+
 ssize_t write(int file, const void* bytes, size_t count) {
   if (!is_chosen(write_kind)) {
     return NEXT(write)(file, bytes, count);
+  }
+  if (is_garbled && count > 0) {
+    return write_garbled(file, bytes, count);
   }
   return fails() ? -1 : NEXT(write)(file, bytes, shortened(count));
 }

@@ -49,6 +49,8 @@ class SafePack : public testing::Test {
   const std::string old_bytes = "an older package";
   const std::vector<std::string> command =
       morvane_words({"pack", "in", "-o", "net.bin", "--vproc"});
+  const std::vector<std::string> quiet =
+      morvane_words({"pack", "in", "-o", "net.bin", "--vproc", "--quiet"});
   std::string new_bytes;
   std::map<std::string, std::string> inputs;
   scratch_folder folder;
@@ -124,6 +126,38 @@ TEST_F(SafePack, GoesOnAfterInterruptionsAndShortCalls) {
       EXPECT_TRUE(expect_old_or_new());
     }
   }
+}
+
+TEST_F(SafePack, NoticesADiskThatStoresOtherBytes) {
+  if (!can_make_faults()) {
+    GTEST_SKIP() << "a preloaded library would reach the run prefix";
+  }
+  put_old_package();
+  const run_result run =
+      run_with({.kind = "write", .number = 1, .effect = "garbled"}, quiet, folder.path());
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.output, "");
+  EXPECT_TRUE(run.diagnostics.ends_with(": does not hold what was written to it\n"))
+      << run.diagnostics;
+  EXPECT_FALSE(expect_old_or_new());
+}
+
+TEST_F(SafePack, NoticesAnInputThatChangesMeanwhile) {
+  const std::string changing = folder.path("in/wake_word_split_1.dvi");
+  put_old_package();
+  std::jthread changes([&](const std::stop_token& end) {
+    while (!end.stop_requested()) {
+      fs::last_write_time(changing, fs::file_time_type::clock::now());
+    }
+  });
+  const run_result run = run_program(quiet, folder.path());
+  changes.request_stop();
+  changes.join();
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.output, "");
+  EXPECT_EQ(run.diagnostics,
+            "morvane: in/wake_word_split_1.dvi: was changed while it was packed\n");
+  EXPECT_FALSE(expect_old_or_new());
 }
 
 TEST_F(SafePack, LeavesNothingBehindAtASignal) {

@@ -4,17 +4,10 @@
 #include <gtest/gtest.h>
 
 #include "harness/run_tool.h"
+#include "harness/sanitizer.h"
 #include "harness/scratch_folder.h"
 #include "trust/sample_package.h"
 #include "trust/test_size.h"
-
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool under_sanitizer = true;
-#elif defined(__has_feature)
-constexpr bool under_sanitizer = __has_feature(address_sanitizer);
-#else
-constexpr bool under_sanitizer = false;
-#endif
 
 namespace morvane::test {
 namespace {

@@ -1,0 +1,128 @@
+// morvane extract, with one system call that fails: each file appears whole or not at all.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cerrno>
+#include <filesystem>
+
+#include "faults/faulty_run.h"
+#include "harness/scratch_folder.h"
+#include "trust/sample_package.h"
+
+namespace morvane::test {
+namespace {
+
+using file_contents = std::map<std::string, std::string>;
+
+/// Two DVIs without ports. The second image takes two parts to write.
+class SafeExtract : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!std::filesystem::exists(morvane_path())) {
+      GTEST_SKIP() << "morvane is not built";
+    }
+    if (!can_make_faults()) {
+      GTEST_SKIP() << "a preloaded library would reach the run prefix";
+    }
+    folder.write("net.bin", header(2) + bytes(dvi("first", 4)) + bytes(dvi("second", large)) +
+                                images["first.dvi"] + images["second.dvi"]);
+    folder.make_folder("out");
+  }
+
+  /// Runs the command with a fault in a folder without outputs.
+  run_result extract(const fault& fault) {
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path("out"))) {
+      std::filesystem::remove(entry.path());
+    }
+    return run_with(fault, command, folder.path());
+  }
+
+  /// Checks that the outputs are whole. Returns how many there are.
+  [[nodiscard]] std::size_t expect_whole_outputs() const {
+    const file_contents outputs = folder.files("out");
+    for (const auto& [name, content] : outputs) {
+      const auto image = images.find(name);
+      EXPECT_TRUE(image != images.end() && image->second == content) << name;
+    }
+    return outputs.size();
+  }
+
+  static constexpr std::uint32_t large = (1U << 20U) + 1;
+  file_contents images{{"first.dvi", "AAAA"}, {"second.dvi", std::string(large, 'B')}};
+  const std::vector<std::string> command = morvane_words({"extract", "net.bin", "-o", "out"});
+  scratch_folder folder;
+};
+
+TEST_F(SafeExtract, WritesWholeFilesWhicheverCallFails) {
+  struct failing {
+    const char* kind;
+    int error;
+  };
+  constexpr std::array faults{failing{"open", EMFILE},   failing{"open", EACCES},
+                              failing{"write", ENOSPC},  failing{"write", EIO},
+                              failing{"stat", EIO},      failing{"unlink", EIO},
+                              failing{"close", EIO},     failing{"fcntl", EBADF},
+                              failing{"rename", EACCES}, failing{"rename", ENOSPC}};
+  auto calls = calls_of(command, folder.path());
+  EXPECT_EQ(calls["rename"], 2U);
+  unsigned runs = 0;
+  for (const auto& [kind, error] : faults) {
+    for (unsigned number = 1; number <= calls[kind]; ++number) {
+      for (const bool from_then_on : {false, true}) {
+        SCOPED_TRACE(std::string(kind) + " " + std::to_string(number) +
+                     (from_then_on ? " and on: " : ": ") + error_effect(error));
+        const run_result run = extract({.kind = kind,
+                                        .number = number,
+                                        .from_then_on = from_then_on,
+                                        .effect = error_effect(error)});
+        ++runs;
+        if (expect_whole_outputs() < images.size()) {
+          EXPECT_EQ(run.status, 2) << run.diagnostics;
+        } else {
+          EXPECT_TRUE(run.status == 0 || run.status == 2) << run.status;
+        }
+      }
+    }
+  }
+  std::printf("%u runs\n", runs);
+  EXPECT_GT(runs, 50U);
+}
+
+TEST_F(SafeExtract, GoesOnAfterInterruptionsAndShortCalls) {
+  constexpr std::array<std::pair<const char*, const char*>, 3> effects{
+      {{"write", "short"}, {"write", "4"}, {"open", "4"}}};
+  static_assert(EINTR == 4);
+  auto calls = calls_of(command, folder.path());
+  for (const auto& [kind, effect] : effects) {
+    for (unsigned number = 1; number <= calls[kind]; ++number) {
+      SCOPED_TRACE(std::string(kind) + " " + std::to_string(number) + ": " + effect);
+      const run_result run = extract({.kind = kind, .number = number, .effect = effect});
+      EXPECT_EQ(run.status, 0) << run.diagnostics;
+      EXPECT_EQ(expect_whole_outputs(), 2U);
+    }
+  }
+}
+
+TEST_F(SafeExtract, WorksWhereAFileCannotBeRenamedToAFreeNameInOneStep) {
+  for (const int error : {EINVAL, ENOSYS}) {
+    const fault fault{
+        .kind = "rename", .number = 1, .from_then_on = true, .effect = error_effect(error)};
+    EXPECT_EQ(extract(fault).status, 0);
+    EXPECT_EQ(expect_whole_outputs(), 2U);
+    folder.write("out/second.dvi", "mine");
+    EXPECT_EQ(run_with(fault, command, folder.path()).diagnostics,
+              "morvane: out/first.dvi: File exists\nmorvane: out/second.dvi: File exists\n");
+    EXPECT_EQ(folder.read("out/second.dvi"), "mine");
+    EXPECT_EQ(folder.files("out").size(), 2U);
+  }
+}
+
+TEST_F(SafeExtract, TellsThatThePackageWasCutMeanwhile) {
+  const run_result run = extract({.kind = "write", .number = 1, .effect = error_effect(EFAULT)});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.diagnostics, "morvane: net.bin: the file was cut while it was read\n");
+  EXPECT_EQ(expect_whole_outputs(), 1U);
+}
+
+}  // namespace
+}  // namespace morvane::test
