@@ -29,6 +29,14 @@ check_release() {
   cmake --build build --parallel "$(nproc)"
 }
 
+# Whether morvane is built changes no byte of morvane_gen and its library.
+check_same_bytes() {
+  cmake -B build-alone -DCMAKE_BUILD_TYPE=Release -DBUILD_TESTING=OFF -DMORVANE_COMPANION=OFF
+  cmake --build build-alone --parallel "$(nproc)" --target morvane_gen morvane
+  cmp build-alone/morvane_gen build/morvane_gen
+  cmp build-alone/libmorvane.so build/libmorvane.so
+}
+
 check_clang() {
   cmake -B build-clang -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang -DMORVANE_WERROR=ON
   cmake --build build-clang --parallel "$(nproc)"
@@ -104,7 +112,7 @@ start release
 finish_all
 
 # The slowest first, so that both lanes end together.
-for step in aarch64 asan clang coverage package fuzz valgrind bench; do
+for step in aarch64 asan clang coverage package fuzz same_bytes valgrind bench; do
   [ ${#running[@]} -lt 2 ] || finish
   [ $failed = no ] || break
   start $step

@@ -42,13 +42,37 @@ for file in "${files[@]}"; do
   # shellcheck disable=SC2086
   morvane check $options --format sarif "${files[@]}" missing.bin >check_$number.sarif 2>reasons || [ $? -eq 2 ]
 done
+number=0
+# One DAG less, and the other two in turn; a byte behind the NUL of a DAG name; reserved bytes of a port.
+mkdir turned
+cp "$sample/_wake_word_split_0.h" turned/_net_split_1.h
+cp "$sample/wake_word_split_0.dvi" turned/net_split_1.dvi
+cp "$sample/_wake_word_split_1.h" turned/_net_split_0.h
+cp "$sample/wake_word_split_1.dvi" turned/net_split_0.dvi
+morvane_gen -d turned -f turned.bin >/dev/null
+cp vproc.bin hidden.bin
+printf x | dd of=hidden.bin bs=1 seek=140 conv=notrunc status=none
+cp vproc.bin reserved.bin
+printf x | dd of=reserved.bin bs=1 seek=502 conv=notrunc status=none
+for old in plain.bin vproc.bin cut.bin hostile.bin; do
+  for new in "${files[@]}" turned.bin hidden.bin reserved.bin; do
+    number=$((number + 1))
+    morvane diff --json --quiet "$old" "$new" >differences_$number.json || [ $? -eq 1 ]
+  done
+done
+for change in appeared vanished moved field after_nul bytes; do
+  grep -q "\"change\": \"$change\"" differences_*.json || fail "no difference is of the kind $change"
+done
 fits "$SOURCE/docs/package.schema.json" "$PWD"/{shown,digests}_*.json || fail "the JSON of show"
 fits "$SOURCE/docs/findings.schema.json" "$PWD"/check_*.json || fail "the JSON of check"
+fits "$SOURCE/docs/differences.schema.json" "$PWD"/differences_*.json || fail "the JSON of diff"
 fits sarif "$PWD"/check_*.sarif || fail "the SARIF of check"
 
 # The validator does see what is wrong.
 sed 's/"claimed": [0-9]*/"claimed": "much"/' <(morvane show --json -q cut.bin) >bad.json
 ! fits "$SOURCE/docs/package.schema.json" "$PWD/bad.json" 2>found || fail "a text passes as a number"
+sed 's/"change": "[a-z]*"/"change": "other"/' differences_2.json >bad.json
+! fits "$SOURCE/docs/differences.schema.json" "$PWD/bad.json" 2>found || fail "an unknown change passes"
 sed 's/"severity": "error"/"severity": "fatal"/' check_1.json >bad.json
 ! fits "$SOURCE/docs/findings.schema.json" "$PWD/bad.json" 2>found || fail "a severity that does not exist passes"
 sed 's/"level": "error", "message"/"level": "fatal", "message"/' check_1.sarif >bad.json

@@ -1,5 +1,5 @@
-# Whether morvane is built changes nothing in how morvane_gen and its library are built, so they have the same
-# bytes. Where headers are missing, morvane is left out with a reason, or refused when it was asked for.
+# Whether morvane is built changes nothing in how morvane_gen and its library are built. Where headers are
+# missing, morvane is left out with a reason, or refused when it was asked for.
 source "$SOURCE/tests/documents/test_folder.sh"
 
 # configure FOLDER OPTION ...
