@@ -3,7 +3,9 @@ source "$SOURCE/tests/documents/test_folder.sh"
 
 manual=$SOURCE/docs/morvane_gen.1
 
-mandoc -Tlint -W all "$manual" || fail "mandoc finds faults"
+# mandoc does not know of a manual that is not installed.
+mandoc -Tlint -W all "$manual" | grep -v 'referenced manual not found: Xr morvane 1' >faults || true
+[ ! -s faults ] || fail "mandoc finds faults: $(<faults)"
 mandoc -Tascii "$manual" | sed 's/.\x08//g' >page
 
 morvane_gen --help >usage || [ $? -eq 1 ]
