@@ -18,8 +18,9 @@ int write_image(const opened_package& package, std::span<const std::uint8_t> ima
                 const held_signals* signals, progress_line& progress) {
   for (std::size_t done = 0; done < image.size();) {
     const auto part = image.subspan(done, std::min(part_size, image.size() - done));
-    package.bytes.fetch(part);
-    if (const int error = write_checked(descriptor, std::as_bytes(part)); error != 0) {
+    const auto rest = part.subspan(package.bytes.copy(part, descriptor));
+    package.bytes.fetch(rest);
+    if (const int error = write_checked(descriptor, std::as_bytes(rest)); error != 0) {
       return error;
     }
     if (signals != nullptr && signals->is_waiting()) {
@@ -29,7 +30,7 @@ int write_image(const opened_package& package, std::span<const std::uint8_t> ima
     done += part.size();
     show_progress(progress, done);
   }
-  return 0;
+  return package.bytes.are_cut() ? EFAULT : 0;
 }
 
 }  // namespace morvane::companion

@@ -62,6 +62,7 @@ void package_bytes::swap(package_bytes& other) noexcept {
   std::swap(data_, other.data_);
   std::swap(size_, other.size_);
   std::swap(is_mapped_, other.is_mapped_);
+  std::swap(file_, other.file_);
   std::swap(read_, other.read_);
 }
 
@@ -91,8 +92,18 @@ void package_bytes::fetch(std::span<const std::uint8_t> part) const {
 #endif
 }
 
+std::size_t package_bytes::copy(std::span<const std::uint8_t> part, int descriptor) const {
+  off_t offset = part.data() - data_;
+  return is_mapped_ ? copy_file_bytes(file_, &offset, descriptor, part.size()) : 0;
+}
+
+bool package_bytes::are_cut() const {
+  const auto status = status_of(file_);
+  return status && static_cast<std::size_t>(status->st_size) < size_;
+}
+
 int package_bytes::load(const std::string& path) {
-  const file_handle file = open_and_wait(path);
+  file_handle file = open_and_wait(path);
   struct stat status {};
   if (!file.is_open() || ::fstat(file.descriptor(), &status) != 0) {
     return errno;
@@ -105,6 +116,7 @@ int package_bytes::load(const std::string& path) {
       loaded.data_ = static_cast<const std::uint8_t*>(mapped);
       loaded.size_ = size;
       loaded.is_mapped_ = true;
+      loaded.file_ = std::move(file);
     }
   }
   if (!loaded.is_mapped_) {

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "io/file.h"
+
 namespace morvane::companion {
 
 /// Owns the bytes of a package for as long as it lives; views of the package end with it.
@@ -36,6 +38,13 @@ class package_bytes {
   /// Asks the system for a part of the bytes at once, instead of page by page where they are read.
   void fetch(std::span<const std::uint8_t> part) const;
 
+  /// Has the system copy a part of the bytes from their file to a descriptor. Returns the number of
+  /// bytes copied, which is smaller where the system cannot do that.
+  [[nodiscard]] std::size_t copy(std::span<const std::uint8_t> part, int descriptor) const;
+
+  /// Whether somebody made the file shorter since it was read.
+  [[nodiscard]] bool are_cut() const;
+
   /// Reads a file, or anything else that ends, such as a pipe. Returns 0 or the errno of the
   /// failure; the bytes are then as they were.
   int load(const std::string& path);
@@ -46,6 +55,7 @@ class package_bytes {
   const std::uint8_t* data_ = nullptr;
   std::size_t size_ = 0;
   bool is_mapped_ = false;
+  file_handle file_{};              // that is mapped
   std::vector<std::uint8_t> read_;  // of what cannot be mapped
 };
 

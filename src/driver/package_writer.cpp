@@ -34,9 +34,21 @@ void cut_back(package_writer& package, std::uint64_t position) {
   }
 }
 
+/// Has the system move up to count bytes from a file to the package, unless somebody has to see
+/// them. Returns how many it moved.
+std::size_t copy_by_system(package_writer& package, const file_handle& file, std::size_t count) {
+  if (count < system_copy_size || package.watch.see != nullptr) {
+    return 0;
+  }
+  flush_package(package);
+  const std::size_t copied = copy_file_bytes(file, nullptr, package.file.descriptor(), count);
+  package.written += copied;
+  return copied;
+}
+
 /// Moves up to count bytes from a file to the package. Returns how many there were.
 std::size_t copy_bytes(package_writer& package, const file_handle& file, std::size_t count) {
-  std::size_t copied = 0;
+  std::size_t copied = copy_by_system(package, file, count);
   while (copied < count) {
     std::span<std::byte> space = free_space(package);
     space = space.first(std::min(space.size(), count - copied));

@@ -1,4 +1,4 @@
-// Writes a package from front to back through one buffer. Images go through the same buffer.
+// Writes a package from front to back through one buffer. Large images are copied by the system.
 #pragma once
 
 #include <cstdint>

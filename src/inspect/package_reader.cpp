@@ -29,6 +29,17 @@ std::span<const std::byte> take_bytes(package_reader& package, std::size_t count
   return bytes;
 }
 
+/// Moves the bytes of the buffer to a file, and has the system move those after them, count in all.
+/// Returns how many were moved.
+std::size_t extract_by_system(package_reader& package, const file_handle& file, std::size_t count) {
+  static_assert(system_copy_size >= chunk_size, "the buffer holds no more than what is asked for");
+  const auto ahead = buffered(package);
+  write_bytes(file, ahead);
+  package.begin = package.end;
+  return ahead.size() +
+         copy_file_bytes(package.file, nullptr, file.descriptor(), count - ahead.size());
+}
+
 }  // namespace
 
 package_reader open_package(const std::string& path) {
@@ -57,6 +68,9 @@ bool holds_more(package_reader& package, std::size_t bytes) {
 }
 
 void extract_bytes(package_reader& package, const file_handle& file, std::size_t count) {
+  if (file.is_open() && count >= system_copy_size) {
+    count -= extract_by_system(package, file, count);
+  }
   while (count > 0) {
     const auto part = take_bytes(package, count);
     if (part.empty()) {

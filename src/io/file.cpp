@@ -145,6 +145,19 @@ std::size_t write_bytes(const file_handle& file, std::span<const std::byte> byte
   return write_bytes(file.descriptor(), bytes);
 }
 
+std::size_t copy_file_bytes(const file_handle& from, off_t* offset, int to, std::size_t count) {
+  std::size_t copied = 0;
+  while (copied < count) {
+    const ssize_t got =
+        ::copy_file_range(from.descriptor(), offset, to, nullptr, count - copied, 0);
+    if (got <= 0) {
+      break;
+    }
+    copied += static_cast<std::size_t>(got);
+  }
+  return copied;
+}
+
 std::string read_file(const std::string& path) {
   std::string text;
   const readable_file file = open_to_read(path);

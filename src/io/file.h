@@ -36,6 +36,10 @@ class file_handle {
 /// How many bytes are moved at a time, from a file or to it.
 inline constexpr std::size_t chunk_size = std::size_t{256} * 1024;
 
+/// From how many bytes on the system copies them by itself. Fewer go through the buffer, together
+/// with what comes before and after them.
+inline constexpr std::size_t system_copy_size = 4 * chunk_size;
+
 /// What makes a file the same file under all its names.
 struct file_identity {
   dev_t device = 0;
@@ -90,6 +94,12 @@ std::size_t read_bytes(const file_handle& file, std::span<std::byte> bytes);
 /// written, which is smaller after an error; errno then holds the reason.
 std::size_t write_bytes(int descriptor, std::span<const std::byte> bytes);
 std::size_t write_bytes(const file_handle& file, std::span<const std::byte> bytes);
+
+/// Has the system copy bytes from one open file to another, which moves them once instead of twice.
+/// Starts at the offset and moves it, or at the position of the file if there is no offset. Returns
+/// the number of bytes copied. It is smaller at the end of the file, after an error, and for pipes
+/// and devices, which the system does not copy: the caller reads and writes the rest.
+std::size_t copy_file_bytes(const file_handle& from, off_t* offset, int to, std::size_t count);
 
 /// The whole content of a file; empty for a folder or a file that cannot be opened.
 std::string read_file(const std::string& path);

@@ -44,6 +44,14 @@ TEST(ImageWriting, WritesTheWholeImage) {
   EXPECT_EQ(image.folder.read("image"), std::string(image_size, 'A'));
 }
 
+TEST(ImageWriting, WritesToAFileInAppendMode) {
+  image_to_write image;
+  EXPECT_EQ(::fcntl(image.descriptor, F_SETFL, O_APPEND), 0);
+  EXPECT_EQ(::write(image.descriptor, "before", 6), 6);
+  EXPECT_EQ(image.write(nullptr), 0);
+  EXPECT_EQ(image.folder.read("image"), "before" + std::string(image_size, 'A'));
+}
+
 TEST(ImageWriting, StopsSoonWhenASignalIsWaiting) {
   image_to_write image;
   const pid_t child = ::fork();
@@ -61,8 +69,10 @@ TEST(ImageWriting, StopsSoonWhenASignalIsWaiting) {
 
 TEST(ImageWriting, TellsThatThePackageWasCutMeanwhile) {
   image_to_write image;
-  std::filesystem::resize_file(image.folder.path("net.bin"), 1U << 20U);
-  EXPECT_EQ(image.write(nullptr), EFAULT);
+  for (const std::uint32_t size : {168 + image_size - 1, 1U << 20U, 100U}) {
+    std::filesystem::resize_file(image.folder.path("net.bin"), size);
+    EXPECT_EQ(image.write(nullptr), EFAULT) << size;
+  }
 }
 
 }  // namespace

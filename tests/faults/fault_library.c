@@ -39,12 +39,13 @@ enum kind {
   fcntl_kind,
   rename_kind,
   sync_kind,
+  copy_kind,
   kinds
 };
 
-static const char* const names[kinds] = {"open",    "read",  "write",  "stat",     "opendir",
-                                         "readdir", "mkdir", "unlink", "truncate", "seek",
-                                         "close",   "poll",  "fcntl",  "rename",   "sync"};
+static const char* const names[kinds] = {
+    "open",     "read", "write", "stat", "opendir", "readdir", "mkdir", "unlink",
+    "truncate", "seek", "close", "poll", "fcntl",   "rename",  "sync",  "copy"};
 static unsigned calls[kinds];
 
 /* What MORVANE_FAULT asks for. */
@@ -177,6 +178,14 @@ ssize_t write(int file, const void* bytes, size_t count) {
     return write_garbled(file, bytes, count);
   }
   return fails() ? -1 : NEXT(write)(file, bytes, shortened(count));
+}
+
+ssize_t copy_file_range(int from, off_t* offset, int to, off_t* other, size_t count,
+                        unsigned flags) {
+  if (!is_chosen(copy_kind)) {
+    return NEXT(copy_file_range)(from, offset, to, other, count, flags);
+  }
+  return fails() ? -1 : NEXT(copy_file_range)(from, offset, to, other, shortened(count), flags);
 }
 
 int fstat(int file, struct stat* status) {

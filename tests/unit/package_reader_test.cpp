@@ -117,6 +117,18 @@ TEST_F(PackageReader, ExtractsMoreThanItsBufferHolds) {
   EXPECT_EQ(read(package, 5), ">");
 }
 
+TEST_F(PackageReader, ExtractsWhatTheSystemCopies) {
+  std::string image(2 * 1024 * 1024 + 7, 'i');
+  image.front() = '<';
+  image.back() = '>';
+  const std::string package_text = image + "between" + image;
+  package_reader package = open(package_text);
+  EXPECT_EQ(extract(package, image.size()), image);
+  EXPECT_EQ(read(package, 7), "between");
+  EXPECT_EQ(extract(package, image.size() + 1), image);
+  EXPECT_EQ(read(package, 1), "");
+}
+
 TEST_F(PackageReader, PassesOverBytesWithoutAFileForThem) {
   package_reader package = open("<image>");
   extract_bytes(package, file_handle(), 6);

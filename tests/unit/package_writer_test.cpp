@@ -152,6 +152,51 @@ TEST_F(PackageWriter, CutsOffWhatIsStillInItsBufferAfterTheFirstPartWasWritten) 
   EXPECT_EQ(finished(), before + "y");
 }
 
+/// So many bytes, each different from those around it.
+std::string counting_bytes(std::size_t size) {
+  std::string text(size, '\0');
+  for (std::size_t i = 0; i < size; ++i) {
+    text[i] = static_cast<char>(i % 251);
+  }
+  return text;
+}
+
+TEST_F(PackageWriter, CopiesAFileThatTheSystemCopies) {
+  const std::string image = counting_bytes(3 * 1024 * 1024 + 7);
+  folder.write("a.dvi", image);
+  folder.write("b.dvi", "image");
+  append("x");
+  EXPECT_EQ(copy("a.dvi", static_cast<std::int32_t>(image.size()), 0), "");
+  append("y");
+  EXPECT_EQ(copy("b.dvi", 5, 0), "");
+  EXPECT_EQ(copy("a.dvi", 1024 * 1024, 0), "");
+  EXPECT_EQ(copy("b.dvi", 6, -1),
+            "error: fail to read 6 bytes from " + folder.path("b.dvi") + "\n");
+  append("z");
+  EXPECT_EQ(finished(), "x" + image + "yimage" + image.substr(0, 1024 * 1024) + "z");
+}
+
+TEST_F(PackageWriter, CopiesAFileIntoAPipe) {
+  const std::string image = counting_bytes(1024 * 1024 + 7);
+  folder.write("a.dvi", image);
+  std::array<int, 2> ends{};
+  ASSERT_EQ(::pipe(ends.data()), 0);
+  std::string received;
+  std::thread reader([&] {
+    const file_handle pipe(ends[0]);
+    std::array<std::byte, 4096> part{};
+    for (std::size_t got = 1; got > 0;) {
+      got = read_bytes(pipe, part);
+      received.append(reinterpret_cast<const char*>(part.data()), got);
+    }
+  });
+  package.file = file_handle(ends[1]);
+  EXPECT_EQ(copy("a.dvi", static_cast<std::int32_t>(image.size()), 0), "");
+  close_package(package);
+  reader.join();
+  EXPECT_EQ(received, image);
+}
+
 TEST_F(PackageWriter, CopiesAFileThatDoesNotTellItsSize) {
   ASSERT_EQ(::symlink("/proc/self/status", folder.path("a.dvi").c_str()), 0);
   EXPECT_EQ(copy("a.dvi", 5, 0), "");

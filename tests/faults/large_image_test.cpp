@@ -1,0 +1,79 @@
+// A large image, which the system copies from file to file. Where it cannot do that, or stops
+// early, the program reads and writes the rest: nobody sees a difference.
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <filesystem>
+
+#include "faults/faulty_run.h"
+#include "harness/scratch_folder.h"
+
+namespace morvane::test {
+namespace {
+
+class LargeImage : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!can_make_faults()) {
+      GTEST_SKIP() << "a preloaded library would reach the run prefix";
+    }
+    for (std::size_t i = 0; i < image.size(); ++i) {
+      image[i] = static_cast<char>(i % 251);
+    }
+    folder.write("in/net.dvi", image);
+    folder.write("in/net.h", "#define net_DAG_NAME net\n#define net_image_size " +
+                                 std::to_string(image.size()) + "\n");
+    ASSERT_EQ(run_tool({"-d", "in", "-f", "net.bin"}, folder.path()).status, 0);
+    package = folder.read("net.bin");
+    ASSERT_EQ(package.size(), 168 + image.size());
+  }
+
+  /// Checks that a command leaves the same bytes in a file, whatever happens to the copying.
+  void expect_same_bytes(const std::vector<std::string>& command, int status,
+                         const std::string& file, const std::string& content) const {
+    const unsigned calls = calls_of(command, folder.path())["copy"];
+    EXPECT_GT(calls, 0U);
+    for (const std::string& effect :
+         {error_effect(EINVAL), error_effect(ENOSYS), error_effect(EXDEV), error_effect(EPERM),
+          error_effect(EINTR), error_effect(EIO), error_effect(ENOSPC), std::string("short"),
+          std::string("none")}) {
+      for (unsigned number = 1; number <= calls; ++number) {
+        for (const bool from_then_on : {false, true}) {
+          if (from_then_on && effect == "short") {
+            continue;  // a million calls
+          }
+          SCOPED_TRACE("copy " + std::to_string(number) + (from_then_on ? " and on: " : ": ") +
+                       effect);
+          std::filesystem::remove(folder.path(file));
+          const run_result run = run_with(
+              {.kind = "copy", .number = number, .from_then_on = from_then_on, .effect = effect},
+              command, folder.path());
+          EXPECT_EQ(run.status, status);
+          EXPECT_TRUE(folder.read(file) == content);
+        }
+      }
+    }
+  }
+
+  std::string image = std::string((1U << 20U) + 4321, '\0');
+  std::string package;
+  scratch_folder folder;
+};
+
+TEST_F(LargeImage, IsPacked) {
+  expect_same_bytes(tool_words({"-d", "in", "-f", "again.bin"}), 0, "again.bin", package);
+}
+
+TEST_F(LargeImage, IsExtractedByAnInspection) {
+  expect_same_bytes(tool_words({"-f", "net.bin", "-v"}), 1, "parse/net.dvi", image);
+}
+
+TEST_F(LargeImage, IsExtractedByMorvane) {
+  if (!std::filesystem::exists(morvane_path())) {
+    GTEST_SKIP() << "morvane is not built";
+  }
+  expect_same_bytes(morvane_words({"extract", "net.bin"}), 0, "net.dvi", image);
+}
+
+}  // namespace
+}  // namespace morvane::test
