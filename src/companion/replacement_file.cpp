@@ -14,9 +14,13 @@ namespace {
 
 /// The file that a path means after its symbolic links. The last link may lead to a missing file.
 std::filesystem::path target_of(const std::string& path) {
+  constexpr int most_links = 40;  // what the system follows
+  std::filesystem::path target(path);
   std::error_code error;
-  const std::filesystem::path target = std::filesystem::weakly_canonical(path, error);
-  return error ? std::filesystem::path(path) : target;
+  for (int i = 0; i < most_links && std::filesystem::is_symlink(target, error); ++i) {
+    target = target.parent_path() / std::filesystem::read_symlink(target, error);
+  }
+  return target;
 }
 
 /// Sets the permissions of a regular file, nothing for a missing one. Returns 0 or an errno.

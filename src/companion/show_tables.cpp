@@ -49,33 +49,30 @@ std::string data_format(const morvane_view_port& port) {
 }
 
 std::string port_table(const morvane_view& view, const morvane_view_dvi& dvi) {
-  text_table table{
-      .is_number = {false, false, true, true, true, true, true, false, true, true},
-      .rows = {{"port", "name", "P", "D", "H", "W", "format", "data", "size", "offset"}}};
+  text_table table{.is_number = {false, false, true, true, true, true, true, false, true, true}};
+  add_row(table, "port", "name", "P", "D", "H", "W", "format", "data", "size", "offset");
   for_each_port(view, dvi, [&](const morvane_view_port& port, const record_name& name) {
-    table.rows.push_back({joined(name.kind, " ", name.index), printable(str(port.port_name)),
-                          joined(port.P), joined(port.D), joined(port.H), joined(port.W),
-                          joined(port.dram_format), data_format(port), joined(port.port_size),
-                          joined(port.port_byte_offset)});
+    add_row(table, joined(name.kind, " ", name.index), printable(str(port.port_name)), port.P,
+            port.D, port.H, port.W, port.dram_format, data_format(port), port.port_size,
+            port.port_byte_offset);
   });
   return str(table, indent);
 }
 
 std::string variable_table(const morvane_view& view, const morvane_view_dvi& dvi) {
-  text_table table{.is_number = {false, false, true, true},
-                   .rows = {{"variable", "name", "bit offset", "bits"}}};
+  text_table table{.is_number = {false, false, true, true}};
+  add_row(table, "variable", "name", "bit offset", "bits");
   for_each_variable(view, dvi, [&](const morvane_view_var& variable, const record_name& name) {
-    table.rows.push_back({joined(name.index), printable(str(variable.var)),
-                          joined(variable.boffset), joined(variable.bsize)});
+    add_row(table, name.index, printable(str(variable.var)), variable.boffset, variable.bsize);
   });
   return str(table, indent);
 }
 
 std::string smb_table(const morvane_view& view, const morvane_view_dvi& dvi) {
-  text_table table{.is_number = {false, false, true}, .rows = {{"SMB", "name", "offset"}}};
+  text_table table{.is_number = {false, false, true}};
+  add_row(table, "SMB", "name", "offset");
   for_each_smb(view, dvi, [&](const morvane_view_smb_block& smb, const record_name& name) {
-    table.rows.push_back(
-        {joined(name.index), printable(str(smb.smb_name)), joined(smb.vbase_byte_offset)});
+    add_row(table, name.index, printable(str(smb.smb_name)), smb.vbase_byte_offset);
   });
   return str(table, indent);
 }

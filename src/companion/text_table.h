@@ -6,13 +6,23 @@
 #include <string_view>
 #include <vector>
 
+#include "io/message.h"
+
 namespace morvane::companion {
 
 /// A table with as many columns as its first row, the heads, has cells.
 struct text_table {
   std::vector<bool> is_number;  // of each column: numbers are aligned to the right
-  std::vector<std::vector<std::string>> rows;
+  std::vector<std::vector<std::string>> rows{};
 };
+
+/// Adds a row of texts and numbers.
+template <class... Cells>
+void add_row(text_table& table, const Cells&... cells) {
+  std::vector<std::string>& row = table.rows.emplace_back();
+  row.reserve(sizeof...(cells));
+  (row.push_back(joined(cells)), ...);
+}
 
 /// The characters of a UTF-8 text.
 std::size_t width_of(std::string_view text);

@@ -49,6 +49,10 @@ TEST(CommandLine, RefusesMistakesWithStatus2) {
                  "morvane: unknown option --all; try morvane check --help\n");
   expect_outcome(run_morvane({"show", "net.bin", "again.bin"}, "."), 2, "",
                  "morvane: unknown argument again.bin; try morvane show --help\n");
+  expect_outcome(run_morvane({"show", "net.bin", "[again]"}, "."), 2, "",
+                 "morvane: unknown argument [again]; try morvane show --help\n");
+  expect_outcome(run_morvane({"[check"}, "."), 2, "",
+                 "morvane: unknown command [check; try morvane --help\n");
   expect_outcome(run_morvane({"check", "--format", "xml", "net.bin"}, "."), 2, "",
                  "morvane: --format: there is no such format; try morvane check --help\n");
   expect_outcome(run_morvane({"check", "--require-vproc", "--forbid-vproc", "net.bin"}, "."), 2, "",

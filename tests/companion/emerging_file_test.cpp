@@ -105,6 +105,22 @@ TEST(EmergingFile, IsRemovedBeforeASignalEndsTheProgram) {
   }
 }
 
+TEST(HeldSignals, TellWhetherOneIsWaiting) {
+  const held_signals signals;
+  EXPECT_FALSE(signals.is_waiting());
+  for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
+    sigset_t one{};
+    ::sigemptyset(&one);
+    ::sigaddset(&one, signal);
+    ::raise(signal);
+    EXPECT_TRUE(signals.is_waiting());
+    int taken = 0;
+    ::sigwait(&one, &taken);
+    EXPECT_EQ(taken, signal);
+    EXPECT_FALSE(signals.is_waiting());
+  }
+}
+
 TEST(HeldSignals, LeaveIgnoredAndBlockedSignalsAlone) {
   EXPECT_EQ(ending_of([] {
               std::signal(SIGHUP, SIG_IGN);

@@ -1,0 +1,88 @@
+// A file that takes the place of another one.
+#include "companion/replacement_file.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <map>
+
+#include "harness/scratch_folder.h"
+
+namespace morvane::test {
+namespace {
+
+using companion::replace_file;
+using companion::replacement_file;
+using file_contents = std::map<std::string, std::string>;
+
+TEST(ReplacementFile, ReplacesAFile) {
+  const scratch_folder folder;
+  folder.write("net.d", "older");
+  EXPECT_EQ(replace_file(folder.path("net.d"), "newer"), 0);
+  EXPECT_EQ(replace_file(folder.path("new.d"), "new"), 0);
+  EXPECT_EQ(folder.files(), (file_contents{{"net.d", "newer"}, {"new.d", "new"}}));
+}
+
+TEST(ReplacementFile, ReplacesAFileOfTheCurrentFolder) {
+  const scratch_folder folder;
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(folder.path());
+  EXPECT_EQ(replace_file("net.d", "new"), 0);
+  std::filesystem::current_path(before);
+  EXPECT_EQ(folder.files(), (file_contents{{"net.d", "new"}}));
+}
+
+TEST(ReplacementFile, KeepsThePermissions) {
+  const scratch_folder folder;
+  folder.write("net.d", "older");
+  ASSERT_EQ(::chmod(folder.path("net.d").c_str(), 0604), 0);
+  EXPECT_EQ(replace_file(folder.path("net.d"), "newer"), 0);
+  struct stat status {};
+  ASSERT_EQ(::stat(folder.path("net.d").c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 07777U, 0604U);
+}
+
+TEST(ReplacementFile, ReplacesTheFileThatALinkLeadsTo) {
+  const scratch_folder folder;
+  ASSERT_EQ(::symlink("missing.d", folder.path("net.d").c_str()), 0);
+  EXPECT_EQ(replace_file(folder.path("net.d"), "new"), 0);
+  EXPECT_TRUE(std::filesystem::is_symlink(folder.path("net.d")));
+  EXPECT_EQ(folder.read("missing.d"), "new");
+}
+
+TEST(ReplacementFile, IsNotMadeInPlaceOfWhatIsNoFile) {
+  const scratch_folder folder;
+  folder.write("file", "");
+  ASSERT_EQ(::symlink("loop", folder.path("loop").c_str()), 0);
+  EXPECT_EQ(replace_file(folder.path(), "new"), EISDIR);
+  EXPECT_EQ(replace_file("/dev/null", "new"), EINVAL);
+  EXPECT_EQ(replace_file(folder.path("file/net.d"), "new"), ENOTDIR);
+  EXPECT_EQ(replace_file(folder.path("missing/net.d"), "new"), ENOENT);
+  EXPECT_EQ(replace_file(folder.path("loop"), "new"), ELOOP);
+  EXPECT_EQ(replace_file(folder.path(std::string(250, 'n')), "new"), ENAMETOOLONG);
+}
+
+TEST(ReplacementFile, IsOnTheDiskWhenItIsSynchronised) {
+  const scratch_folder folder;
+  replacement_file file;
+  ASSERT_EQ(file.create(folder.path("net.bin")), 0);
+  EXPECT_TRUE(std::filesystem::exists(file.path()));
+  EXPECT_EQ(companion::sync_file(file.descriptor()), 0);
+  EXPECT_EQ(file.put_in_place(true), 0);
+  EXPECT_EQ(folder.files(), (file_contents{{"net.bin", ""}}));
+}
+
+TEST(ReplacementFile, NeedsNoSyncWhereThereIsNothingToSynchronise) {
+  std::array<int, 2> ends{};
+  ASSERT_EQ(::pipe(ends.data()), 0);
+  EXPECT_EQ(companion::sync_file(ends[1]), 0);
+  ::close(ends[0]);
+  ::close(ends[1]);
+  EXPECT_EQ(companion::sync_file(ends[1]), EBADF);
+}
+
+}  // namespace
+}  // namespace morvane::test
