@@ -21,6 +21,7 @@ TEST(PackInterruption, EndsWithoutAPackage) {
   const auto older = std::signal(SIGTERM, [](int /*signal*/) {});
   std::jthread sender([packing = ::pthread_self()](const std::stop_token& end) {
     while (!end.stop_requested()) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
       ::pthread_kill(packing, SIGTERM);
     }
   });
