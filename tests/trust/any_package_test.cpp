@@ -134,11 +134,11 @@ std::string package_of_examples() {
 }
 
 /// The step from one tried damage to the next; 1 if MORVANE_TEST_EVERY_DAMAGE is set.
-std::size_t damage_step(std::size_t usual, std::size_t behind_prefix) {
+std::size_t damage_step(std::size_t usual, std::size_t few) {
   if (std::getenv("MORVANE_TEST_EVERY_DAMAGE") != nullptr) {
     return 1;
   }
-  const std::size_t step = run_prefix().empty() ? usual : behind_prefix;
+  const std::size_t step = few_cases() ? few : usual;
   if (step > 1) {
     std::printf("one damage of %zu; MORVANE_TEST_EVERY_DAMAGE in the environment: all\n", step);
   }
@@ -146,7 +146,7 @@ std::size_t damage_step(std::size_t usual, std::size_t behind_prefix) {
 }
 
 std::uint64_t largest_output() {
-  return std::uint64_t{run_prefix().empty() ? 64U : 2U} << 20;
+  return std::uint64_t{few_cases() ? 2U : 64U} << 20;
 }
 
 TEST(AnyPackage, EveryDamageOfTheSamplePackageIsInspected) {

@@ -6,9 +6,12 @@
 
 namespace morvane::test {
 
-/// The number of cases to run: all, or a part of them with a slow emulator or checker. Prints the
-/// number.
-unsigned cases_to_run(unsigned all, unsigned behind_prefix);
+/// Whether fewer cases are enough: behind a slow emulator or checker, and where MORVANE_FEW_CASES
+/// is set in the environment.
+bool few_cases();
+
+/// The number of cases to run: all or few. Prints the number.
+unsigned cases_to_run(unsigned all, unsigned few);
 
 /// The seed of random numbers: MORVANE_TEST_SEED from the environment, or a constant. Prints it.
 std::uint64_t test_seed();

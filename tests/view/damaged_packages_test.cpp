@@ -61,7 +61,7 @@ TEST(DamagedPackage, CutAnywhereIsRefusedUnlessOnlyTheVprocSectionIsMissing) {
 
 TEST(DamagedPackage, WithAnyByteChangedIsReadInsideItsBytes) {
   for (std::string package : sample_packages()) {
-    const std::size_t step = run_prefix().empty() ? 1 : 101;
+    const std::size_t step = few_cases() ? 101 : 1;
     tally sum;
     for (std::size_t i = 0; i < package.size(); i += step) {
       const char byte = package[i];
