@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "companion/depfile.h"
-#include "companion/digest.h"
 #include "companion/held_signals.h"
 #include "companion/input_states.h"
 #include "companion/pack_messages.h"
@@ -36,8 +35,6 @@ struct packing {
   std::vector<std::string> paths{};  // of the inputs
   file_states before{};              // what the inputs were like at the begin
   replacement_file package{};
-  byte_digest digest{};  // of all bytes that were written
-  std::uint64_t written = 0;
   package_summary summary{};
 };
 
@@ -69,15 +66,17 @@ int create_package(packing& run) {
   return error == 0 ? status_fine : report_file_error(run.options.package, error);
 }
 
-/// Sees all bytes on their way to the file.
-void see_bytes(void* state, std::span<const std::byte> bytes) {
-  auto& run = *static_cast<packing*>(state);
+void end_at_a_signal(const packing& run) {
   if (run.signals.is_waiting()) {
     throw interruption();
   }
-  run.digest.add(bytes);
-  run.written += bytes.size();
-  show_progress(run.streams.progress, run.written);
+}
+
+/// Is told how much of the package is written.
+void see_progress(void* state, std::uint64_t written) {
+  auto& run = *static_cast<packing*>(state);
+  end_at_a_signal(run);
+  show_progress(run.streams.progress, written);
 }
 
 /// About as many bytes as the package will have: those of the inputs.
@@ -102,7 +101,7 @@ std::string unreadable_input(const packing& run, int& error) {
 
 int write_package(packing& run) {
   package_writer writer{.file = file_handle(::dup(run.package.descriptor())),
-                        .watch = {.see = see_bytes, .state = &run}};
+                        .watch = {.tell = see_progress, .state = &run}};
   run.streams.progress = begin_progress(run.options.package, expected_size(run), run.streams.quiet);
   std::uint32_t size = 0;
   const int status = tell_messages(run.streams, run.options.warnings_are_errors, [&] {
@@ -123,20 +122,31 @@ int write_package(packing& run) {
 }
 
 int verify_package(packing& run) {
-  const verification_request request{.temporary = run.package.path(),
-                                     .package = run.options.package,
-                                     .digest = run.digest.text(),
-                                     .vproc = run.options.vproc,
-                                     .warnings_are_errors = run.options.warnings_are_errors};
-  const int status = verify(request, run.inputs, run.streams, run.summary);
-  if (status != status_fine) {
-    return status;
+  const std::string temporary = run.package.path();
+  package_bytes package;
+  if (const int error = package.load(temporary); error != 0) {
+    return report_file_error(temporary, error);
+  }
+  const input_comparison comparison = compare_with_inputs(package, run.inputs);
+  if (comparison.error != 0) {
+    return report_file_error(comparison.path, comparison.error);
   }
   const std::string changed = changed_file(run.paths, run.before);
   if (!changed.empty()) {
     print_message(joined(printable(changed), ": was changed while it was packed"));
     return status_failed;
   }
+  const verdict_request request{.package = run.options.package,
+                                .vproc = run.options.vproc,
+                                .warnings_are_errors = run.options.warnings_are_errors};
+  if (!is_sound(package, request, run.streams, run.summary)) {
+    return status_findings;
+  }
+  if (!comparison.are_same) {
+    print_message(joined(printable(temporary), ": does not hold what was written to it"));
+    return status_failed;
+  }
+  end_at_a_signal(run);
   return status_fine;
 }
 

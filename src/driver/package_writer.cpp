@@ -34,15 +34,28 @@ void cut_back(package_writer& package, std::uint64_t position) {
   }
 }
 
-/// Has the system move up to count bytes from a file to the package, unless somebody has to see
-/// them. Returns how many it moved.
+void add_written(package_writer& package, std::size_t count) {
+  package.written += count;
+  if (package.watch.tell != nullptr) {
+    package.watch.tell(package.watch.state, package.written);
+  }
+}
+
+/// Has the system move up to count bytes from a file to the package. Returns how many it moved.
 std::size_t copy_by_system(package_writer& package, const file_handle& file, std::size_t count) {
-  if (count < system_copy_size || package.watch.see != nullptr) {
+  if (count < system_copy_size) {
     return 0;
   }
+  constexpr std::size_t part_size = 64 * chunk_size;
   flush_package(package);
-  const std::size_t copied = copy_file_bytes(file, nullptr, package.file.descriptor(), count);
-  package.written += copied;
+  std::size_t copied = 0;
+  std::size_t got = 1;
+  while (got > 0) {
+    got = copy_file_bytes(file, nullptr, package.file.descriptor(),
+                          std::min(part_size, count - copied));
+    copied += got;
+    add_written(package, got);
+  }
   return copied;
 }
 
@@ -94,14 +107,11 @@ int read_file_bytes(package_writer& package, const std::string& path, std::int32
 
 void flush_package(package_writer& package) {
   const auto bytes = std::span(package.buffer).first(package.waiting);
-  if (package.watch.see != nullptr) {
-    package.watch.see(package.watch.state, bytes);
-  }
   if (write_bytes(package.file, bytes) < bytes.size() && package.write_error == 0) {
     package.write_error = errno;
   }
-  package.written += package.waiting;
   package.waiting = 0;
+  add_written(package, bytes.size());
 }
 
 void close_package(package_writer& package) {

@@ -11,9 +11,9 @@
 
 namespace morvane {
 
-/// Sees the bytes of a package before they are written, in their order.
-struct byte_watch {
-  void (*see)(void* state, std::span<const std::byte> bytes) = nullptr;
+/// Is told, after each part of a package, how many bytes are written.
+struct write_watch {
+  void (*tell)(void* state, std::uint64_t written) = nullptr;
   void* state = nullptr;
 };
 
@@ -24,7 +24,7 @@ struct package_writer {
   std::size_t waiting = 0;    // bytes in the buffer
   std::uint64_t written = 0;  // bytes in the file
   int write_error = 0;        // errno of the first write that failed
-  byte_watch watch{};
+  write_watch watch{};
 };
 
 /// Appends bytes to the package.

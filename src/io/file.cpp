@@ -22,6 +22,21 @@ auto uninterrupted(Call call) {
   return result;
 }
 
+/// Fills the bytes with what calls of read give, each for the rest, until a call gives nothing or
+/// fails. Returns how many bytes were filled.
+template <class Read>
+std::size_t filled_by(std::span<std::byte> bytes, Read read) {
+  std::size_t filled = 0;
+  while (filled < bytes.size()) {
+    const ssize_t got = uninterrupted([&] { return read(bytes.subspan(filled), filled); });
+    if (got <= 0) {
+      break;
+    }
+    filled += static_cast<std::size_t>(got);
+  }
+  return filled;
+}
+
 /// Waits until a stream in non-blocking mode takes bytes again. Returns whether it may.
 bool wait_for_room(int descriptor) {
   pollfd stream{.fd = descriptor, .events = POLLOUT, .revents = 0};
@@ -109,16 +124,16 @@ bool empty_file(const file_handle& file) {
 }
 
 std::size_t read_bytes(const file_handle& file, std::span<std::byte> bytes) {
-  std::size_t filled = 0;
-  while (filled < bytes.size()) {
-    const ssize_t got = uninterrupted(
-        [&] { return ::read(file.descriptor(), bytes.data() + filled, bytes.size() - filled); });
-    if (got <= 0) {
-      break;
-    }
-    filled += static_cast<std::size_t>(got);
-  }
-  return filled;
+  return filled_by(bytes, [&](std::span<std::byte> rest, std::size_t /*filled*/) {
+    return ::read(file.descriptor(), rest.data(), rest.size());
+  });
+}
+
+std::size_t read_bytes_at(const file_handle& file, off_t offset, std::span<std::byte> bytes) {
+  return filled_by(bytes, [&](std::span<std::byte> rest, std::size_t filled) {
+    return ::pread(file.descriptor(), rest.data(), rest.size(),
+                   offset + static_cast<off_t>(filled));
+  });
 }
 
 std::size_t write_bytes(int descriptor, std::span<const std::byte> bytes) {

@@ -90,6 +90,9 @@ bool empty_file(const file_handle& file);
 /// number of bytes read.
 std::size_t read_bytes(const file_handle& file, std::span<std::byte> bytes);
 
+/// Reads in the same way from an offset on. Does not move the position of the file.
+std::size_t read_bytes_at(const file_handle& file, off_t offset, std::span<std::byte> bytes);
+
 /// Writes all bytes. Waits while a stream in non-blocking mode is full. Returns the number of bytes
 /// written, which is smaller after an error; errno then holds the reason.
 std::size_t write_bytes(int descriptor, std::span<const std::byte> bytes);

@@ -170,6 +170,17 @@ static ssize_t write_garbled(int file, const void* bytes, size_t count) {
   return written;
 }
 
+ssize_t pread(int file, void* bytes, size_t count, off_t offset) {
+  if (!is_chosen(read_kind)) {
+    return NEXT(pread)(file, bytes, count, offset);
+  }
+  return fails() ? -1 : NEXT(pread)(file, bytes, shortened(count), offset);
+}
+
+ssize_t pread64(int file, void* bytes, size_t count, off64_t offset) {
+  return pread(file, bytes, count, offset);
+}
+
 ssize_t write(int file, const void* bytes, size_t count) {
   if (!is_chosen(write_kind)) {
     return NEXT(write)(file, bytes, count);
@@ -265,6 +276,11 @@ int fsync(int file) {
 ssize_t __read_chk(int file, void* bytes, size_t count, size_t room);
 ssize_t __read_chk(int file, void* bytes, size_t count, size_t room) {
   return count > room ? (abort(), -1) : read(file, bytes, count);
+}
+
+ssize_t __pread_chk(int file, void* bytes, size_t count, off_t offset, size_t room);
+ssize_t __pread_chk(int file, void* bytes, size_t count, off_t offset, size_t room) {
+  return count > room ? (abort(), -1) : pread(file, bytes, count, offset);
 }
 
 int __open_2(const char* path, int flags);
