@@ -64,7 +64,7 @@ for mask in 002 027; do
   )
 done
 
-for binary in build{,-aarch64}/{morvane_gen,libmorvane.so}; do
+for binary in build{,-aarch64}/{morvane_gen,libmorvane.so,morvane}; do
   cmp "$one/$binary" "$another/$binary"
 done
 packages=$one/packages_0022
@@ -95,7 +95,8 @@ as_root=(chroot "$root")
 "${as_root[@]}" /usr/bin/morvane_gen -d /wake_word -f /net.bin -p / -c -v >"$scratch/report"
 grep '^Save to file' "$scratch/report"
 cmp "$root/parse/wake_word_split_0.dvi" examples/wake_word/wake_word_split_0.dvi
-echo "Installed into an empty root, the tool packs and inspects the sample folder."
+"${as_root[@]}" /usr/bin/morvane check /net.bin
+echo "Installed into an empty root, the tools pack, inspect and check the sample folder."
 
 [ -e "$root/usr/share/zsh/vendor-completions/_morvane_gen" ] || fail "Debian's zsh finds no completion"
 SOURCE=$PWD NEEDS="" bash tests/packaging/installed_documents_test.sh "$root/usr"
