@@ -72,6 +72,18 @@ TEST_F(Pack, WritesVprocRecordsOnRequest) {
   EXPECT_TRUE(folder.read("net.bin") == expected({"-c"}));
 }
 
+TEST_F(Pack, WritesALargeImage) {
+  constexpr std::size_t image_size = (20U << 20U) + 7;
+  std::string image(image_size, '\0');
+  for (std::size_t i = 0; i < image_size; ++i) {
+    image[i] = static_cast<char>(i % 251);
+  }
+  folder.write("in/net.dvi", image);
+  folder.write("in/net.h", "#define net_DAG_NAME net\n#define net_image_size 20971527\n");
+  EXPECT_EQ(pack({"--no-sync", "--quiet"}).status, 0);
+  EXPECT_TRUE(folder.read("net.bin") == expected());
+}
+
 TEST_F(Pack, ReplacesAnOlderPackageAndLeavesNothingElse) {
   folder.write("net.bin", "older");
   EXPECT_EQ(pack({"--no-sync"}).status, 0);
