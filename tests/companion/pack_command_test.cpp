@@ -227,6 +227,17 @@ TEST_F(Pack, WritesADependencyFile) {
             "  in/net.h\n");
 }
 
+TEST_F(Pack, RefusesADependencyFileForAPathWithALineBreak) {
+  folder.write("a\nb/net.dvi", "image");
+  folder.write("a\nb/net.h", header);
+  const run_result run =
+      run_morvane({"pack", "a\nb", "-o", "new.bin", "--depfile", "net.d"}, folder.path());
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.diagnostics, "morvane: a dependency file cannot hold a path with a line break\n");
+  EXPECT_FALSE(folder.exists("new.bin"));
+  EXPECT_FALSE(folder.exists("net.d"));
+}
+
 TEST_F(Pack, WritesNoPackageWithoutItsDependencyFile) {
   expect_refused({"--depfile", "missing/net.d"}, 2, "",
                  "morvane: missing/net.d: No such file or directory\n");
