@@ -13,18 +13,6 @@
 
 namespace morvane::companion {
 
-namespace {
-
-/// The name of the port at a position of the inputs and outputs together.
-record_name port_name_at(const morvane_view_dvi& dvi, std::uint32_t position) {
-  if (position < dvi.input_num) {
-    return {.dvi = dvi.position, .kind = "input", .index = position};
-  }
-  return {.dvi = dvi.position, .kind = "output", .index = position - dvi.input_num};
-}
-
-}  // namespace
-
 void check_ports(const morvane_view& view, const morvane_view_dvi& dvi, known_outputs& outputs,
                  const finding_sink& sink) {
   for_each_input(view, dvi, [&](const morvane_view_port& port, const record_name& name) {
@@ -39,14 +27,7 @@ void check_ports(const morvane_view& view, const morvane_view_dvi& dvi, known_ou
 
 void note_port_overlaps(const morvane_view& view, const morvane_view_dvi& dvi,
                         const finding_sink& sink) {
-  std::vector<used_range> used;
-  for_each_port(view, dvi, [&](const morvane_view_port& port, const record_name& /*name*/) {
-    const std::uint64_t begin = port.port_byte_offset;
-    used.push_back({.owner = static_cast<std::uint32_t>(used.size()),
-                    .begin = begin,
-                    .end = begin + port.port_size});
-  });
-  const std::vector<overlap> overlaps = find_overlaps(std::move(used));
+  const std::vector<overlap> overlaps = find_overlaps(port_ranges(view, dvi));
   for (const auto& [one, other] : overlaps) {
     tell(sink, kind_of("ports-overlap"),
          dvi.block + other.owner * sizeof(morvane_port_desc) +

@@ -1,10 +1,10 @@
 #include "companion/diff_command.h"
 
 #include "companion/byte_difference.h"
-#include "companion/compare_packages.h"
 #include "companion/difference_output.h"
 #include "companion/json_writer.h"
 #include "companion/opened_package.h"
+#include "companion/tell_differences.h"
 
 namespace morvane::companion {
 
@@ -20,30 +20,6 @@ bool are_same(const opened_package& old_package, const opened_package& new_packa
   });
   hide_progress(streams.progress);
   return same;
-}
-
-/// Every difference. The bytes of the files are compared too where they cannot be walked, and when
-/// no record tells the difference.
-void tell_differences(const opened_package& old_package, const opened_package& new_package,
-                      console& streams, const difference_sink& sink) {
-  streams.progress =
-      begin_progress(old_package.path, old_package.bytes.bytes().size(), streams.quiet);
-  bool is_told = false;
-  compare_packages(
-      old_package, new_package,
-      [&](const difference& found) {
-        is_told = true;
-        sink(found);
-      },
-      [&](std::uint64_t done) { show_progress(streams.progress, done); });
-  if (!is_told || is_damaged(old_package) || is_damaged(new_package)) {
-    const auto found = compare_bytes({old_package.bytes, old_package.bytes.bytes()},
-                                     {new_package.bytes, new_package.bytes.bytes()});
-    if (found) {  // it is missing when somebody changes a package meanwhile
-      sink({{}, *found});
-    }
-  }
-  hide_progress(streams.progress);
 }
 
 void write_package(json_writer& json, std::string_view member, const opened_package& package) {

@@ -3,7 +3,30 @@
 #include <algorithm>
 #include <tuple>
 
+#include "companion/package_walk.h"
+
 namespace morvane::companion {
+
+used_range image_range(const morvane_view_dvi& dvi) {
+  const std::uint64_t begin = dvi.dvi_img_vaddr;
+  return {.owner = dvi.position, .begin = begin, .end = begin + dvi.dvi_img_size};
+}
+
+std::vector<used_range> port_ranges(const morvane_view& view, const morvane_view_dvi& dvi) {
+  std::vector<used_range> ranges;
+  for_each_port(view, dvi, [&](const morvane_view_port& port, const record_name& /*name*/) {
+    const std::uint64_t begin = port.port_byte_offset;
+    ranges.push_back({.owner = static_cast<std::uint32_t>(ranges.size()),
+                      .begin = begin,
+                      .end = begin + port.port_size});
+  });
+  return ranges;
+}
+
+used_range shared_part(const overlap& both) {
+  return {.begin = std::max(both.one.begin, both.other.begin),
+          .end = std::min(both.one.end, both.other.end)};
+}
 
 std::vector<overlap> find_overlaps(std::vector<used_range> ranges) {
   std::erase_if(ranges, [](const used_range& range) { return range.begin >= range.end; });

@@ -1,6 +1,8 @@
 // Ranges of bytes that overlap.
 #pragma once
 
+#include <morvane/package_view.h>
+
 #include <cstdint>
 #include <vector>
 
@@ -13,11 +15,20 @@ struct used_range {
   std::uint64_t end = 0;
 };
 
+/// The addresses of a DVI's image in the memory plan. The owner is the DVI.
+used_range image_range(const morvane_view_dvi& dvi);
+
+/// The bytes that each port of a DVI uses. The owner is the port's position, inputs first.
+std::vector<used_range> port_ranges(const morvane_view& view, const morvane_view_dvi& dvi);
+
 /// Two owners that share bytes.
 struct overlap {
   used_range one;
   used_range other;  // owner of a greater number
 };
+
+/// The bytes that both use.
+used_range shared_part(const overlap& both);
 
 /// Names at least one partner for every owner whose range overlaps another; fewer overlaps than
 /// ranges. Empty ranges overlap nothing. In the order of the greater owner.

@@ -13,4 +13,11 @@ std::string str(const record_name& name) {
   return text;
 }
 
+record_name port_name_at(const morvane_view_dvi& dvi, std::uint32_t position) {
+  if (position < dvi.input_num) {
+    return {.dvi = dvi.position, .kind = "input", .index = position};
+  }
+  return {.dvi = dvi.position, .kind = "output", .index = position - dvi.input_num};
+}
+
 }  // namespace morvane::companion

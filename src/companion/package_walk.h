@@ -23,6 +23,9 @@ struct record_name {
 };
 std::string str(const record_name& name);
 
+/// The name of a DVI's port at a position of its inputs and outputs together.
+record_name port_name_at(const morvane_view_dvi& dvi, std::uint32_t position);
+
 /// Calls a function with each DVI that can be reached.
 template <class Function>
 void for_each_dvi(const morvane_view& view, Function function) {

@@ -34,8 +34,19 @@ std::array<flow_value, 11> flow_values(const morvane_view_port& port) {
   }};
 }
 
-/// "W is 8, not 16; H is 1, not 2", or nothing.
-std::string differences(const morvane_view_port& input, const morvane_view_port& output) {
+}  // namespace
+
+void remember_output(const morvane_view_port& output, const record_name& name,
+                     known_outputs& outputs) {
+  outputs[str(output.port_name)] = {.name = name, .port = output};
+}
+
+const known_output* source_of(const morvane_view_port& input, const known_outputs& outputs) {
+  const auto output = outputs.find(str(input.port_name));
+  return input.port_name.length == 0 || output == outputs.end() ? nullptr : &output->second;
+}
+
+std::string flow_differences(const morvane_view_port& input, const morvane_view_port& output) {
   const auto ours = flow_values(input);
   const auto theirs = flow_values(output);
   std::string text;
@@ -48,24 +59,17 @@ std::string differences(const morvane_view_port& input, const morvane_view_port&
   return text;
 }
 
-}  // namespace
-
-void remember_output(const morvane_view_port& output, const record_name& name,
-                     known_outputs& outputs) {
-  outputs[str(output.port_name)] = {.name = name, .port = output};
-}
-
 void check_input_flow(const morvane_view_port& input, const record_name& name,
                       const known_outputs& outputs, const finding_sink& sink) {
-  const auto output = outputs.find(str(input.port_name));
-  if (input.port_name.length == 0 || output == outputs.end()) {
+  const known_output* const output = source_of(input, outputs);
+  if (output == nullptr) {
     return;
   }
-  const std::string differing = differences(input, output->second.port);
+  const std::string differing = flow_differences(input, output->port);
   if (!differing.empty()) {
     tell(sink, kind_of("port-mismatch"), input.offset,
-         joined(str(name), " ", quoted(str(input.port_name)), " differs from ",
-                str(output->second.name), ": ", differing));
+         joined(str(name), " ", quoted(str(input.port_name)), " differs from ", str(output->name),
+                ": ", differing));
   }
 }
 

@@ -4,6 +4,7 @@
 #include <morvane/package_view.h>
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 
@@ -25,8 +26,16 @@ using known_outputs = std::unordered_map<std::string_view, known_output>;
 void remember_output(const morvane_view_port& output, const record_name& name,
                      known_outputs& outputs);
 
+/// The output that an input gets its data from, or null. An input without a name gets data from
+/// nowhere.
+const known_output* source_of(const morvane_view_port& input, const known_outputs& outputs);
+
+/// In what an input differs from its output, in dims, format, size or offset: "W is 8, not 16; H is
+/// 1, not 2", or nothing.
+std::string flow_differences(const morvane_view_port& input, const morvane_view_port& output);
+
 /// Tells the sink when an input differs from the known output of its name in dims, format, size or
-/// offset. Inputs without a name get data from nowhere.
+/// offset.
 void check_input_flow(const morvane_view_port& input, const record_name& name,
                       const known_outputs& outputs, const finding_sink& sink);
 

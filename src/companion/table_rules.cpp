@@ -42,11 +42,6 @@ void check_parts(const morvane_view_dvi& dvi, const finding_sink& sink) {
   }
 }
 
-used_range image_range(const morvane_view_dvi& dvi) {
-  const std::uint64_t begin = dvi.dvi_img_vaddr;
-  return {.owner = dvi.position, .begin = begin, .end = begin + dvi.dvi_img_size};
-}
-
 void check_dagbin(const morvane_view_dvi& dvi, const finding_sink& sink) {
   const used_range image = image_range(dvi);
   if (dvi.dvi_dag_vaddr < image.begin || dvi.dvi_dag_vaddr >= image.end) {

@@ -34,16 +34,6 @@ std::string two_images() {
   return package_of({"first", "second"}, {"AAAA", "BBBB"});
 }
 
-/// Starts a command of the shell in a folder; $morvane is the program, behind the prefix command.
-run_result run_shell(const std::string& script, const std::string& folder) {
-  std::string command;
-  for (const std::string& word : run_prefix()) {
-    command += word + " ";
-  }
-  return run_program({"/bin/sh", "-c", "morvane='" + command + morvane_path() + "'; " + script},
-                     folder);
-}
-
 TEST(ExtractCommand, WritesEveryImageToItsFile) {
   const scratch_folder folder;
   folder.write("net.bin", two_images());
