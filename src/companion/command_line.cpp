@@ -13,6 +13,7 @@
 #include "companion/extract_command.h"
 #include "companion/pack_command.h"
 #include "companion/printable_text.h"
+#include "companion/report_command.h"
 #include "companion/show_command.h"
 #include "format/build_constants.h"
 
@@ -105,6 +106,18 @@ command_runner declare_diff(CLI::App& app) {
   return [options](console& streams) { return run_diff(*options, streams); };
 }
 
+command_runner declare_report(CLI::App& app) {
+  const auto options = std::make_shared<report_options>();
+  add_text(app, "PACKAGE", options->package, "The package to show")->required();
+  add_text(app, "-o,--output", options->output, "The file to write, standard output by default")
+      ->type_name("FILE");
+  auto* const against =
+      add_text(app, "--against", options->old_package, "Mark what changed since this package")
+          ->type_name("OLD");
+  app.add_flag("--dot", options->dot, "Write the network as a Graphviz file")->excludes(against);
+  return [options](console& streams) { return run_report(*options, streams); };
+}
+
 command_runner declare_extract(CLI::App& app) {
   const auto options = std::make_shared<extract_options>();
   add_text(app, "PACKAGE", options->package, "The package to extract from")->required();
@@ -124,6 +137,8 @@ constexpr std::array commands{
     command{"check", "Tell whether packages are sound", "morvane check net.bin", declare_check},
     command{"show", "Show what a package holds", "morvane show --json net.bin", declare_show},
     command{"diff", "Tell how two packages differ", "morvane diff old.bin new.bin", declare_diff},
+    command{"report", "Write a web page that shows a package", "morvane report net.bin -o net.html",
+            declare_report},
     command{"extract", "Write the images of a package to files",
             "morvane extract net.bin -o images", declare_extract},
 };

@@ -1,0 +1,78 @@
+#include "companion/report/file_picture.h"
+
+#include "companion/printable_text.h"
+#include "companion/report/file_parts.h"
+#include "companion/report/page_parts.h"
+
+namespace morvane::companion {
+
+namespace {
+
+/// Parts that have room in the bar.
+constexpr std::size_t most_parts = 48;
+
+/// The row of the table in which an offset is; every part of the bar leads to one.
+struct row_link {
+  std::uint64_t offset;
+};
+void append_piece(std::string& page, row_link piece) {
+  append_pieces(page, "o", std::string_view(hexadecimal(piece.offset)).substr(2));
+}
+
+void write_bar(const std::vector<file_part>& parts, page_output& out) {
+  std::vector<std::uint64_t> sizes;
+  for (const file_part& part : parts) {
+    sizes.push_back(part.size);
+  }
+  const std::vector<std::uint64_t> widths = visible_widths(sizes);
+  write(out, "<svg class=\"file\" role=\"group\" aria-label=\"The parts of the file\">\n");
+  std::uint64_t place = 0;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const file_part& part = parts[i];
+    write(out, "<a href=\"#", row_link{part.offset}, "\">",
+          bar_begin{part.kind, {place, widths[i]}, 4, 40}, part.name, ", ", byte_size{part.size},
+          " at ", hex{part.offset}, "</title></rect></a>\n");
+    place += widths[i];
+  }
+  write(out, "</svg>\n");
+}
+
+void write_table(const std::vector<file_part>& parts, std::uint64_t size, page_output& out) {
+  write(out, "<details", parts.size() <= most_parts ? " open" : "",
+        "><summary>Offsets and sizes of ", counted{parts.size(), "part"},
+        "</summary>\n<table class=\"parts\"><thead><tr>"
+        "<th scope=\"col\">Part</th><th scope=\"col\">Offset</th><th scope=\"col\">Size</th>"
+        "<th scope=\"col\">Share</th></tr></thead>\n<tbody>\n");
+  for (const file_part& part : parts) {
+    write(out, "<tr id=\"", row_link{part.offset}, "\"><th scope=\"row\"><i class=\"key ",
+          part.kind, "\"></i> ", part.name, "</th><td class=\"mono\">", hex{part.offset},
+          "</td><td>", byte_size{part.size}, "</td><td>", percent{part.size * whole_axis / size},
+          "</td></tr>\n");
+  }
+  write(out, "</tbody></table>\n</details>\n");
+}
+
+}  // namespace
+
+void write_file(const page_content& content, page_output& out) {
+  write(out,
+        "<section id=\"file\" aria-labelledby=\"file-head\">\n"
+        "<h2 id=\"file-head\">File</h2>\n");
+  const std::vector<file_part> parts = parts_of(content.package);
+  if (parts.empty()) {
+    write(out, "<p>The file is empty.</p>\n</section>\n");
+    return;
+  }
+  const bool is_joined = parts.size() > most_parts;
+  write(out,
+        "<p>To scale, with small parts widened so that they can be seen: "
+        "<i class=\"key head\"></i> header and DVI table, <i class=\"key ports\"></i> ports, "
+        "<i class=\"key image\"></i> images, <i class=\"key vproc\"></i> vproc records.",
+        is_joined ? " A stretch of the bar holds ports and images of a DVI, or of several." : "",
+        "</p>\n");
+  write_bar(is_joined ? joined_parts(content.package, most_parts - 8) : parts, out);
+  write_table(parts, content.package.bytes.bytes().size(), out);
+  write(out, "</section>\n");
+}
+
+}  // namespace morvane::companion

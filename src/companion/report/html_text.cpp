@@ -1,0 +1,192 @@
+#include "companion/report/html_text.h"
+
+#include <algorithm>
+#include <array>
+
+#include "companion/printable_text.h"
+#include "companion/text_table.h"
+
+namespace morvane::companion {
+
+namespace {
+
+/// Whether a byte needs no other spelling, wherever it stands on the page.
+constexpr bool is_plain(char byte) {
+  return byte >= ' ' && byte <= '~' && byte != '&' && byte != '<' && byte != '>' && byte != '"' &&
+         byte != '\'';
+}
+
+constexpr bool is_continuation(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
+}
+
+/// Marks, embeddings and isolates: invisible, and they turn the direction of what follows.
+constexpr bool is_direction(std::uint32_t code) {
+  return code == 0x61C || code == 0x200E || code == 0x200F || (code >= 0x202A && code <= 0x202E) ||
+         (code >= 0x2066 && code <= 0x2069);
+}
+
+/// Codes that never stand for a character.
+constexpr bool is_noncharacter(std::uint32_t code) {
+  return (code >= 0xFDD0 && code <= 0xFDEF) || (code & 0xFFFEU) == 0xFFFE;
+}
+
+/// The code of one character of UTF-8.
+std::uint32_t code_of(std::string_view character) {
+  constexpr std::array<std::uint8_t, 5> lead_bits{0, 0x7F, 0x1F, 0x0F, 0x07};
+  std::uint32_t code = static_cast<std::uint8_t>(character[0]) & lead_bits.at(character.size());
+  for (const char byte : character.substr(1)) {
+    code = code << 6U | (static_cast<std::uint8_t>(byte) & 0x3FU);
+  }
+  return code;
+}
+
+/// The bytes of the character that a UTF-8 text begins with.
+std::size_t character_length(std::string_view text) {
+  const auto* const end = std::find_if_not(text.begin() + 1, text.end(), is_continuation);
+  return static_cast<std::size_t>(end - text.begin());
+}
+
+void append_character(std::string& page, std::string_view character) {
+  switch (character[0]) {
+    case '&':
+      page += "&amp;";
+      return;
+    case '<':
+      page += "&lt;";
+      return;
+    case '>':
+      page += "&gt;";
+      return;
+    case '"':
+      page += "&quot;";
+      return;
+    case '\'':
+      page += "&#39;";
+      return;
+    default:
+      break;
+  }
+  const std::uint32_t code = code_of(character);
+  if (is_direction(code) || is_noncharacter(code)) {
+    append_pieces(page, "\\u", std::string_view(hexadecimal(code)).substr(2));
+  } else {
+    page += character;
+  }
+}
+
+/// Appends a text that is UTF-8 without control characters.
+void append_shown(std::string& page, std::string_view text) {
+  while (!text.empty()) {
+    const auto* const special = std::find_if_not(text.begin(), text.end(), is_plain);
+    const auto plain = static_cast<std::size_t>(special - text.begin());
+    page.append(text.substr(0, plain));
+    text.remove_prefix(plain);
+    if (!text.empty()) {
+      const std::size_t length = character_length(text);
+      append_character(page, text.substr(0, length));
+      text.remove_prefix(length);
+    }
+  }
+}
+
+/// The first characters of a UTF-8 text; with from_end the last ones.
+std::string_view some_characters(std::string_view text, std::size_t count, bool from_end) {
+  std::size_t at = from_end ? text.size() : 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    do {
+      at += from_end ? std::size_t(-1) : 1;
+    } while (at > 0 && at < text.size() && is_continuation(text[at]));
+  }
+  return from_end ? text.substr(at) : text.substr(0, at);
+}
+
+/// Appends a number with one digit after the point, of units of so many bytes.
+void append_tenths(std::string& page, std::uint64_t bytes, std::uint64_t unit) {
+  const std::uint64_t whole = bytes / unit;
+  const std::uint64_t tenths = (bytes % unit * 10 + unit / 2) / unit;
+  append_pieces(page, grouped{whole + tenths / 10}, ".", tenths % 10);
+}
+
+}  // namespace
+
+void append_piece(std::string& page, const html& piece) {
+  if (std::ranges::all_of(piece.text, is_plain)) {
+    page += piece.text;
+  } else {
+    append_shown(page, printable(piece.text));
+  }
+}
+
+void append_piece(std::string& page, const short_html& piece) {
+  if (piece.text.size() <= piece.most_characters && std::ranges::all_of(piece.text, is_plain)) {
+    page += piece.text;
+    return;
+  }
+  const std::string shown = printable(piece.text);
+  if (width_of(shown) <= piece.most_characters) {
+    append_shown(page, shown);
+    return;
+  }
+  const std::size_t at_end = piece.most_characters / 2;
+  append_shown(page, some_characters(shown, piece.most_characters - 1 - at_end, false));
+  page += "\xE2\x80\xA6";
+  append_shown(page, some_characters(shown, at_end, true));
+}
+
+void append_piece(std::string& page, hex piece) {
+  page += hexadecimal(piece.number);
+}
+
+void append_piece(std::string& page, grouped piece) {
+  constexpr std::size_t group = 3;
+  const std::size_t begin = page.size();
+  append_pieces(page, piece.number);
+  for (std::size_t at = page.size(); at > begin + group;) {
+    at -= group;
+    page.insert(page.begin() + static_cast<std::ptrdiff_t>(at), ',');
+  }
+}
+
+void append_piece(std::string& page, const counted& piece) {
+  append_pieces(page, grouped{piece.number}, " ", piece.thing, piece.number == 1 ? "" : "s");
+}
+
+void append_piece(std::string& page, byte_size piece) {
+  constexpr std::uint64_t kib = 1024;
+  append_piece(page, counted{piece.bytes, "byte"});
+  if (piece.bytes >= kib) {
+    page += " (";
+    append_tenths(page, piece.bytes, kib);
+    page += " KiB)";
+  }
+}
+
+void append_piece(std::string& page, rounded_size piece) {
+  struct size_unit {
+    std::uint64_t bytes;
+    std::string_view name;
+  };
+  constexpr std::array<size_unit, 4> units{{{std::uint64_t{1} << 40U, " TiB"},
+                                            {std::uint64_t{1} << 30U, " GiB"},
+                                            {std::uint64_t{1} << 20U, " MiB"},
+                                            {std::uint64_t{1} << 10U, " KiB"}}};
+  for (const size_unit& unit : units) {
+    if (piece.bytes >= unit.bytes) {
+      append_tenths(page, piece.bytes, unit.bytes);
+      page += unit.name;
+      return;
+    }
+  }
+  append_pieces(page, piece.bytes, " B");
+}
+
+void append_piece(std::string& page, percent piece) {
+  append_pieces(page, piece.hundredths / 100);
+  if (piece.hundredths % 100 != 0) {
+    append_pieces(page, ".", piece.hundredths / 10 % 10, piece.hundredths % 10);
+  }
+  page += '%';
+}
+
+}  // namespace morvane::companion

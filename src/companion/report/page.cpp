@@ -1,0 +1,46 @@
+#include "companion/report/page.h"
+
+#include "companion/report/dvi_tables.h"
+#include "companion/report/file_name.h"
+#include "companion/report/file_picture.h"
+#include "companion/report/memory_picture.h"
+#include "companion/report/network_picture.h"
+#include "companion/report/page_head.h"
+#include "companion/report/page_style.h"
+#include "format/build_constants.h"
+
+namespace morvane::companion {
+
+namespace {
+
+/// The policy allows this one style sheet and nothing else: no script, request, image or font.
+void write_document_head(const page_content& content, page_output& out) {
+  write(out,
+        "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
+        "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src '",
+        page_style_hash,
+        "'; base-uri 'none'; form-action 'none'\">\n"
+        "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
+        "<meta name=\"referrer\" content=\"no-referrer\">\n<title>",
+        html{file_name(content.package.path)}, ": package report</title>\n<style>", page_style,
+        "</style>\n</head>\n<body>\n");
+}
+
+}  // namespace
+
+void write_page(const page_content& content, page_output& out) {
+  write_document_head(content, out);
+  write_page_head(content, out);
+  write(out, "<main>\n");
+  write_findings(content, out);
+  write_changes(content, out);
+  write_network(content, out);
+  write_images(content, out);
+  write_port_bytes(content, out);
+  write_file(content, out);
+  write_dvis(content, out);
+  write(out, "</main>\n<footer><p>Made by <code>morvane report</code>, ",
+        version_text(version_word, revision_hash()), ".</p></footer>\n</body>\n</html>\n");
+}
+
+}  // namespace morvane::companion

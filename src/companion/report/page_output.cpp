@@ -1,0 +1,22 @@
+#include "companion/report/page_output.h"
+
+#include <span>
+#include <system_error>
+
+#include "companion/checked_write.h"
+
+namespace morvane::companion {
+
+void flush(page_output& out) {
+  if (out.signals != nullptr && out.signals->is_waiting()) {
+    throw page_interruption();
+  }
+  const int error = write_checked(out.descriptor, std::as_bytes(std::span(out.pending)));
+  out.pending.clear();
+  if (error != 0) {
+    hide_progress(out.streams.progress);
+    throw std::system_error(error, std::generic_category(), out.name);
+  }
+}
+
+}  // namespace morvane::companion

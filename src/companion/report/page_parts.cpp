@@ -1,0 +1,57 @@
+#include "companion/report/page_parts.h"
+
+#include "companion/difference_output.h"
+
+namespace morvane::companion {
+
+void append_piece(std::string& page, dvi_link piece) {
+  append_pieces(page, "<a href=\"#d", piece.position, "\">DVI ", piece.position, "</a>");
+}
+
+void append_piece(std::string& page, const isolated& piece) {
+  append_pieces(page, "<bdi>", html{piece.name}, "</bdi>");
+}
+
+void append_piece(std::string& page, const pictured_name& piece) {
+  constexpr std::size_t most_characters = 48;
+  append_pieces(page, "<bdi>", short_html{piece.name, most_characters}, "</bdi>");
+}
+
+void append_piece(std::string& page, port_dims piece) {
+  const morvane_view_port& port = piece.port;
+  constexpr std::string_view times = "\xC3\x97<wbr>";  // a line may end behind it
+  append_pieces(page, port.P, times, port.D, times, port.H, times, port.W);
+}
+
+void append_piece(std::string& page, change_mark mark) {
+  if (mark != change_mark::none) {
+    append_pieces(page, " <b class=\"mark\">", mark == change_mark::added ? "new" : "changed",
+                  "</b>");
+  }
+}
+
+change_mark mark_of_dvi(const package_changes* changes, std::uint32_t position) {
+  return changes == nullptr ? change_mark::none : changes->dvis[position].mark;
+}
+
+void write_difference(const difference& found, page_output& out) {
+  std::string line = difference_line(found);
+  line.pop_back();  // the line feed
+  write(out, "<li>", html{line}, "</li>\n");
+}
+
+void append_piece(std::string& page, const bar_begin& piece) {
+  append_pieces(page, "<rect class=\"", piece.kind, "\" x=\"", percent{piece.bar.place}, "\" y=\"",
+                piece.top, "\" width=\"", percent{piece.bar.width}, "\" height=\"", piece.height,
+                "\"><title>");
+}
+
+void append_piece(std::string& page, left_out piece) {
+  if (piece.dvis > most_pictured) {
+    append_pieces(page, "<p class=\"dim\">The picture leaves out ",
+                  counted{piece.dvis - most_pictured, "DVI"}, " after the first ",
+                  grouped{most_pictured}, "; the tables show them.</p>\n");
+  }
+}
+
+}  // namespace morvane::companion

@@ -1,0 +1,69 @@
+// Parts that several pictures and tables of a page have in common.
+#pragma once
+
+#include <morvane/package_view.h>
+
+#include <string_view>
+
+#include "companion/report/folded_axis.h"
+#include "companion/report/html_text.h"
+#include "companion/report/package_changes.h"
+#include "companion/report/page_output.h"
+
+namespace morvane::companion {
+
+/// DVIs that a picture shows. The tables show all.
+inline constexpr std::uint32_t most_pictured = 1000;
+
+/// Rows that a list shows in their whole height. A longer one scrolls.
+inline constexpr std::uint32_t most_unscrolled = 30;
+
+/// "DVI 3", a link to its tables.
+struct dvi_link {
+  std::uint32_t position;
+};
+void append_piece(std::string& page, dvi_link piece);
+
+/// A name from a package, on its own in the direction of the text.
+struct isolated {
+  std::string_view name;
+};
+void append_piece(std::string& page, const isolated& piece);
+
+/// The same in a picture: a long name is shortened, as the tables have all of it.
+struct pictured_name {
+  std::string_view name;
+};
+void append_piece(std::string& page, const pictured_name& piece);
+
+/// The dims of a port: "1×64×13×5".
+struct port_dims {
+  const morvane_view_port& port;
+};
+void append_piece(std::string& page, port_dims piece);
+
+/// "new" or "changed", or nothing.
+void append_piece(std::string& page, change_mark mark);
+
+/// The mark of a DVI, none when there is nothing to compare with.
+change_mark mark_of_dvi(const package_changes* changes, std::uint32_t position);
+
+/// Writes a difference as an item of a list.
+void write_difference(const difference& found, page_output& out);
+
+/// A rectangle of a picture, open: its title follows, and then `</rect>`.
+struct bar_begin {
+  std::string_view kind;  // its class
+  axis_bar bar;
+  std::uint32_t top;  // px
+  std::uint32_t height;
+};
+void append_piece(std::string& page, const bar_begin& piece);
+
+/// Tells how many DVIs a picture leaves out, if any.
+struct left_out {
+  std::uint32_t dvis;
+};
+void append_piece(std::string& page, left_out piece);
+
+}  // namespace morvane::companion

@@ -1,0 +1,15 @@
+// How a page looks.
+#pragma once
+
+#include <string_view>
+
+namespace morvane::companion {
+
+/// The style sheet of every page.
+extern const std::string_view page_style;
+
+/// Its SHA-256, as the page's Content-Security-Policy names it. A test compares the two.
+inline constexpr std::string_view page_style_hash =
+    "sha256-qvgjFR+cD63aNrSoYusi3MWAAxatHlHDw1mazkWLsSg=";
+
+}  // namespace morvane::companion

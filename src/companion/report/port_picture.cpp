@@ -1,0 +1,138 @@
+#include <algorithm>
+
+#include "companion/package_walk.h"
+#include "companion/report/memory_picture.h"
+#include "companion/report/page_parts.h"
+
+namespace morvane::companion {
+
+namespace {
+
+/// The axis of the ports of the DVIs that the picture shows.
+folded_axis port_axis(const morvane_view& view) {
+  std::vector<used_range> all;
+  for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
+    if (dvi.position < most_pictured) {
+      const std::vector<used_range> ranges = port_ranges(view, dvi);
+      all.insert(all.end(), ranges.begin(), ranges.end());
+    }
+  });
+  return fold_axis(std::move(all));
+}
+
+/// The bytes that two ports share, each stretch of them once.
+std::vector<used_range> shared_bytes(const std::vector<overlap>& overlaps) {
+  std::vector<used_range> parts;
+  for (const overlap& both : overlaps) {
+    parts.push_back(shared_part(both));
+  }
+  std::ranges::sort(parts, {}, &used_range::begin);
+  std::vector<used_range> stretches;
+  for (const used_range& part : parts) {
+    if (stretches.empty() || part.begin > stretches.back().end) {
+      stretches.push_back(part);
+    } else {
+      stretches.back().end = std::max(stretches.back().end, part.end);
+    }
+  }
+  return stretches;
+}
+
+/// Inputs are above, outputs below, and between them is what two ports share.
+void write_ports(const page_content& content, const morvane_view_dvi& dvi, const folded_axis& axis,
+                 const std::vector<overlap>& overlaps, page_output& out) {
+  write(out, "<svg class=\"ports\" role=\"img\"><title>Ports of DVI ", dvi.position, "</title>");
+  for_each_port(
+      content.package.view, dvi, [&](const morvane_view_port& port, const record_name& name) {
+        const std::uint64_t begin = port.port_byte_offset;
+        if (port.port_size == 0) {
+          return;
+        }
+        const bool is_input = name.kind == "input";
+        write(out,
+              bar_begin{is_input ? "in" : "out", bar_of(axis, begin, begin + port.port_size),
+                        is_input ? 0U : 13U, 9},
+              name.kind, " ", name.index, ", ", rounded_size{port.port_size}, " at ", hex{begin},
+              "</title></rect>");
+      });
+  for (const used_range& range : shared_bytes(overlaps)) {
+    write(out, bar_begin{"shared", bar_of(axis, range.begin, range.end), 9, 4},
+          "shared bytes</title></rect>");
+  }
+  write(out, "</svg>");
+}
+
+/// "input 0 and output 1 share bytes", of many pairs only the first.
+void write_overlaps(const morvane_view_dvi& dvi, const std::vector<overlap>& overlaps,
+                    page_output& out) {
+  constexpr std::size_t most_pairs = 3;
+  if (overlaps.empty()) {
+    return;
+  }
+  write(out, " <b class=\"bad\">");
+  std::string_view separator;
+  for (std::size_t i = 0; i < std::min(overlaps.size(), most_pairs); ++i) {
+    const record_name one = port_name_at(dvi, overlaps[i].one.owner);
+    const record_name other = port_name_at(dvi, overlaps[i].other.owner);
+    write(out, separator, one.kind, " ", one.index, " and ", other.kind, " ", other.index);
+    separator = ", ";
+  }
+  write(out, " share bytes");
+  if (overlaps.size() > most_pairs) {
+    write(out, ", and ", overlaps.size() - most_pairs, " more");
+  }
+  write(out, "</b>");
+}
+
+void write_row(const page_content& content, const morvane_view_dvi& dvi, const folded_axis& axis,
+               page_output& out) {
+  const std::vector<used_range> ranges = port_ranges(content.package.view, dvi);
+  const std::vector<overlap> overlaps = find_overlaps(ranges);
+  write(out, "<li><div><b>", dvi_link{dvi.position}, "</b> ", pictured_name{str(dvi.dag_name)},
+        mark_of_dvi(content.changes, dvi.position));
+  if (!ranges.empty()) {
+    const std::uint64_t first = std::ranges::min(ranges, {}, &used_range::begin).begin;
+    const std::uint64_t end = std::ranges::max(ranges, {}, &used_range::end).end;
+    write(out, " <span class=\"mono\">", hex{first}, " to ", hex{std::max(end, first + 1) - 1},
+          "</span>");
+  }
+  write(out, " <span>", counted{dvi.input_num, "input"}, ", ", counted{dvi.output_num, "output"},
+        "</span>");
+  write_overlaps(dvi, overlaps, out);
+  write(out, "</div>");
+  write_ports(content, dvi, axis, overlaps, out);
+  write(out, "</li>\n");
+}
+
+}  // namespace
+
+void write_port_bytes(const page_content& content, page_output& out) {
+  const morvane_view& view = content.package.view;
+  const folded_axis axis = port_axis(view);
+  write(out,
+        "<section id=\"ports\" aria-labelledby=\"ports-head\">\n"
+        "<h2 id=\"ports-head\">Bytes of the ports</h2>\n");
+  if (axis.stretches.empty()) {
+    write(out, "<p>There is no port to show.</p>\n</section>\n");
+    return;
+  }
+  write(out,
+        "<p>Ports by <code>port_byte_offset</code>, on one axis for all DVIs: "
+        "<span class=\"key in\"></span> inputs above, <span class=\"key out\"></span> outputs "
+        "below, <span class=\"key shared\"></span> bytes that two ports of a DVI share. What "
+        "stands at the same place in two rows uses the same bytes one after the other.</p>\n");
+  const bool is_long = view.sound_dvis > most_unscrolled;
+  write(out,
+        is_long ? "<div class=\"long\" role=\"region\" tabindex=\"0\" aria-label=\"Ports by "
+                  "offset\">\n"
+                : "",
+        "<ol class=\"bars\">\n");
+  for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
+    if (dvi.position < most_pictured) {
+      write_row(content, dvi, axis, out);
+    }
+  });
+  write(out, "</ol>\n", is_long ? "</div>\n" : "", left_out{view.sound_dvis}, "</section>\n");
+}
+
+}  // namespace morvane::companion

@@ -1,0 +1,79 @@
+#include "companion/report_command.h"
+
+#include <unistd.h>
+
+#include <optional>
+
+#include "companion/held_signals.h"
+#include "companion/printable_text.h"
+#include "companion/replacement_file.h"
+#include "companion/report/dot_file.h"
+#include "companion/report/page.h"
+
+namespace morvane::companion {
+
+namespace {
+
+/// What is read for a page.
+struct report_inputs {
+  opened_package package{};
+  std::optional<opened_package> old_package{};
+};
+
+int open_inputs(const report_options& options, report_inputs& inputs) {
+  if (const int error = open_package(options.package, inputs.package); error != 0) {
+    return report_file_error(options.package, error);
+  }
+  if (!options.old_package.empty()) {
+    const int error = open_package(options.old_package, inputs.old_package.emplace());
+    return error == 0 ? status_fine : report_file_error(options.old_package, error);
+  }
+  return status_fine;
+}
+
+void write_report(const report_options& options, const report_inputs& inputs, page_output& out) {
+  if (options.dot) {
+    write_dot(inputs.package, find_flow(inputs.package), out);
+  } else {
+    page_content content = find_content(inputs.package, out.streams);
+    std::optional<package_changes> changes;
+    if (inputs.old_package) {
+      changes = find_changes(*inputs.old_package, inputs.package, out.streams);
+      content.changes = &*changes;
+    }
+    write_page(content, out);
+  }
+  flush(out);
+}
+
+/// Writes the page to a file that takes the place of an older one when it is complete.
+int write_file(const report_options& options, const report_inputs& inputs, console& streams) {
+  const held_signals signals;
+  replacement_file file;
+  if (const int error = file.create(options.output); error != 0) {
+    return report_file_error(options.output, error);
+  }
+  page_output out{streams, file.descriptor(), printable(options.output), &signals};
+  write_report(options, inputs, out);
+  const int error = file.put_in_place(false);
+  return error == 0 ? status_fine : report_file_error(options.output, error);
+}
+
+}  // namespace
+
+int run_report(const report_options& options, console& streams) try {
+  report_inputs inputs;
+  if (const int status = open_inputs(options, inputs); status != status_fine) {
+    return status;
+  }
+  if (!options.output.empty()) {
+    return write_file(options, inputs, streams);
+  }
+  page_output out{streams, STDOUT_FILENO, "standard output", nullptr};
+  write_report(options, inputs, out);
+  return status_fine;
+} catch (const page_interruption&) {
+  return status_failed;  // for a signal that does not end the program
+}
+
+}  // namespace morvane::companion
