@@ -169,10 +169,10 @@ TEST(ReportCommand, MarksWhatChanged) {
   package += bytes(sound_port("middle", 32)) + bytes(sound_port("prob", 48)) + image();
   const std::string page = page_of(package, {"--against", "old.bin"});
   expect_shown(page, "<a href=\"#changes\">3 differences</a> from <bdi>old.bin</bdi></p>");
-  expect_shown(
-      page,
-      "<li>DVI &quot;first&quot;: output &quot;middle&quot;: port_byte_offset: 16 -&gt; 32</li>");
-  expect_shown(page, "<li>DVI &quot;second&quot;: vanished from position 1</li>");
+  expect_shown(page,
+               "<li><bdi>DVI &quot;first&quot;: output &quot;middle&quot;: port_byte_offset: 16 "
+               "-&gt; 32</bdi></li>");
+  expect_shown(page, "<li><bdi>DVI &quot;second&quot;: vanished from position 1</bdi></li>");
   expect_shown(page, "<h3>DVI 0: <bdi>first</bdi> <b class=\"mark\">changed</b></h3>");
   expect_shown(page, "<h3>DVI 1: <bdi>third</bdi> <b class=\"mark\">new</b></h3>");
   expect_shown(page, "<bdi>middle</bdi> <b class=\"mark\">changed</b><small>");

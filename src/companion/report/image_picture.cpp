@@ -21,6 +21,15 @@ struct memory_plan {
   folded_axis axis{};
 };
 
+bool is_biggest(const page_content& content, const morvane_view_dvi& dvi) {
+  return dvi.dvi_img_size != 0 && dvi.dvi_img_size == content.totals.biggest.dvi_img_size;
+}
+
+/// The class of an image's bar.
+std::string_view kind_of_bar(const page_content& content, const planned_image& image) {
+  return image.partner ? "shared" : is_biggest(content, image.dvi) ? "biggest" : "image";
+}
+
 bool is_dagbin_inside(const morvane_view_dvi& dvi) {
   const used_range image = image_range(dvi);
   return dvi.dvi_dag_vaddr >= image.begin && dvi.dvi_dag_vaddr < image.end;
@@ -51,7 +60,7 @@ memory_plan plan_of(const morvane_view& view) {
 }
 
 /// Writes the axis with all images, the gaps and what is shared.
-void write_axis(const memory_plan& plan, page_output& out) {
+void write_axis(const page_content& content, const memory_plan& plan, page_output& out) {
   const auto& stretches = plan.axis.stretches;
   write(out,
         "<svg class=\"axis\" role=\"img\" aria-labelledby=\"plan-title plan-desc\">"
@@ -68,8 +77,10 @@ void write_axis(const memory_plan& plan, page_output& out) {
   for (const planned_image& image : plan.images) {
     const used_range range = image_range(image.dvi);
     if (range.begin < range.end) {
-      write(out, bar_begin{"image", bar_of(plan.axis, range.begin, range.end), 6, 28}, "DVI ",
-            image.dvi.position, ", ", rounded_size{image.dvi.dvi_img_size}, " at ",
+      write(out,
+            bar_begin{is_biggest(content, image.dvi) ? "image biggest" : "image",
+                      bar_of(plan.axis, range.begin, range.end), 6, 28},
+            "DVI ", image.dvi.position, ", ", rounded_size{image.dvi.dvi_img_size}, " at ",
             hex{range.begin}, "</title></rect>");
     }
   }
@@ -83,18 +94,18 @@ void write_axis(const memory_plan& plan, page_output& out) {
         hex{stretches.back().end - 1}, "</span></div>\n");
 }
 
-void write_image_bar(const memory_plan& plan, const planned_image& image, page_output& out) {
+void write_image_bar(const page_content& content, const memory_plan& plan,
+                     const planned_image& image, page_output& out) {
   const used_range range = image_range(image.dvi);
   write(out, "<svg class=\"bar\" role=\"img\"><title>Place of the image of DVI ",
         image.dvi.position, "</title>");
   if (range.begin < range.end) {
     write(out,
-          bar_begin{image.partner ? "shared" : "image", bar_of(plan.axis, range.begin, range.end),
-                    2, 10},
+          bar_begin{kind_of_bar(content, image), bar_of(plan.axis, range.begin, range.end), 5, 9},
           rounded_size{image.dvi.dvi_img_size}, " at ", hex{range.begin}, "</title></rect>");
   }
   const std::uint64_t place = place_of(plan.axis, image.dvi.dvi_dag_vaddr);
-  write(out, bar_begin{"dagbin", {std::min(place, whole_axis - 30), 30}, 0, 14}, "DAG binary at ",
+  write(out, bar_begin{"dagbin", {std::min(place, whole_axis - 40), 40}, 0, 5}, "DAG binary at ",
         hex{image.dvi.dvi_dag_vaddr}, "</title></rect></svg>");
 }
 
@@ -104,8 +115,8 @@ void write_image_row(const page_content& content, const memory_plan& plan,
   const used_range range = image_range(dvi);
   write(out, "<li><div><b>", dvi_link{dvi.position}, "</b> ", pictured_name{str(dvi.dag_name)},
         mark_of_dvi(content.changes, dvi.position));
-  if (dvi.dvi_img_size == content.totals.biggest.dvi_img_size && dvi.dvi_img_size != 0) {
-    write(out, " <b class=\"note\">biggest</b>");
+  if (is_biggest(content, dvi)) {
+    write(out, " <b class=\"mark\">biggest</b>");
   }
   write(out, " <span class=\"mono\">", hex{range.begin});
   if (range.begin < range.end) {
@@ -119,7 +130,7 @@ void write_image_row(const page_content& content, const memory_plan& plan,
     write(out, " <b class=\"bad\">shares addresses with ", dvi_link{*image.partner}, "</b>");
   }
   write(out, "</div>");
-  write_image_bar(plan, image, out);
+  write_image_bar(content, plan, image, out);
   write(out, "</li>\n");
 }
 
@@ -164,12 +175,14 @@ void write_images(const page_content& content, page_output& out) {
     write(out, "<p>There is no image to show.</p>\n</section>\n");
     return;
   }
-  write(out,
-        "<p>Images by <code>dvi_img_vaddr</code>, to scale, with long gaps folded. "
-        "<span class=\"key dagbin\"></span> is the address of the DAG binary.");
+  write(
+      out,
+      "<p>Images by <code>dvi_img_vaddr</code>, to scale, with long gaps folded. "
+      "<span class=\"key biggest\"></span> is the biggest, <span class=\"key dagbin\"></span> the "
+      "address of the DAG binary.");
   write_overlap_sentence(plan, out);
   write(out, "</p>\n");
-  write_axis(plan, out);
+  write_axis(content, plan, out);
   const bool is_long = plan.images.size() > most_unscrolled;
   write(out,
         is_long ? "<div class=\"long\" role=\"region\" tabindex=\"0\" aria-label=\"Images by "

@@ -37,7 +37,7 @@ change_mark mark_of_dvi(const package_changes* changes, std::uint32_t position) 
 void write_difference(const difference& found, page_output& out) {
   std::string line = difference_line(found);
   line.pop_back();  // the line feed
-  write(out, "<li>", html{line}, "</li>\n");
+  write(out, "<li>", isolated{line}, "</li>\n");
 }
 
 void append_piece(std::string& page, const bar_begin& piece) {

@@ -27,7 +27,7 @@ h4{font-size:.95rem;margin:1rem 0 .25rem}
 p{margin:.35rem 0;max-width:75ch}
 a{color:var(--link);text-underline-offset:.15em}
 :focus-visible{outline:2px solid var(--link);outline-offset:2px}
-:target{background:var(--mark-bg)}
+details:target,tr:target{background:var(--mark-bg)}
 ul,ol{list-style:none;margin:0;padding:0}
 small{font-size:.8rem;color:var(--dim)}
 i{font-style:normal}
@@ -36,9 +36,8 @@ code,.mono,.port-table td:nth-child(4){font-family:ui-monospace,"DejaVu Sans Mon
 header>.dim{margin:0;font-size:.85rem}
 .bad,.error{color:var(--bad)}
 .warning{color:var(--warn)}
-.mark,.note{font-size:.75rem;font-weight:600;padding:0 .4em;border-radius:1em;white-space:nowrap}
+.mark{font-size:.75rem;font-weight:600;padding:0 .4em;border-radius:1em;white-space:nowrap}
 .mark{color:var(--mark);background:var(--mark-bg)}
-.note{color:var(--fg);background:var(--gap)}
 .verdict{padding:.1rem .7rem;border-radius:1em;print-color-adjust:exact}
 .sound{color:var(--good);background:var(--good-bg)}
 .unsound{color:var(--bad);background:var(--bad-bg)}
@@ -46,7 +45,7 @@ header>.dim{margin:0;font-size:.85rem}
 gap:.5rem 1.25rem;margin:1rem 0}
 dt{font-size:.8rem;color:var(--dim)}
 dd{margin:0}
-.facts dd{font-weight:600}
+.facts dd{font-size:.92rem;font-weight:600}
 @media screen and (min-width:60rem){.facts{grid-template-columns:repeat(4,1fr)}}
 .fields{grid-template-columns:repeat(auto-fill,minmax(11rem,1fr));gap:.35rem 1.25rem;margin:.5rem 0}
 nav ul{display:flex;flex-wrap:wrap;gap:.25rem 1.25rem;margin-top:.75rem}
@@ -59,11 +58,11 @@ print-color-adjust:exact}
 .key.head{background:var(--head)}.key.ports{background:var(--ports)}
 .key.image{background:var(--image)}.key.vproc{background:var(--vproc)}
 .key.rest,.key.shared{background:var(--rest)}.key.in{background:var(--in-bar)}
-.key.out{background:var(--out-bar)}.key.dagbin{background:var(--fg);width:3px;height:1em}
+.key.biggest{background:var(--mark)}.key.out{background:var(--out-bar)}.key.dagbin{background:var(--fg);width:3px;height:1em}
 svg{display:block;width:100%;overflow:visible}
 rect.head{fill:var(--head)}rect.ports{fill:var(--ports)}rect.image{fill:var(--image)}
 rect.vproc{fill:var(--vproc)}rect.rest,rect.shared{fill:var(--rest)}rect.gap{fill:var(--gap)}
-rect.in{fill:var(--in-bar)}rect.out{fill:var(--out-bar)}rect.dagbin{fill:var(--fg)}
+rect.biggest{fill:var(--mark)}rect.in{fill:var(--in-bar)}rect.out{fill:var(--out-bar)}rect.dagbin{fill:var(--fg)}
 svg.axis{height:40px;margin-top:.75rem;background:var(--soft)}
 svg.axis rect.image{stroke:var(--bg);stroke-width:1}
 svg.bar{height:14px;background:linear-gradient(var(--line),var(--line)) 0 50%/100% 1px no-repeat}
