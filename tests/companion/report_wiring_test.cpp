@@ -49,21 +49,30 @@ TEST(Wiring, DrawsAWireFromItsRowToEachOfItsEnds) {
   const wiring plan = lay_wires({{.begin = 0, .ends = {{1, false}, {3, true}}}}, 4);
   const std::string begin =
       R"(<svg viewBox="0 0 560 100" preserveAspectRatio="none" aria-hidden="true">)";
-  EXPECT_EQ(drawn(plan, 0), begin + R"(<path class="c0" d="M560 62H380V102"/></svg>)");
-  EXPECT_EQ(drawn(plan, 1),
-            begin + R"(<path class="c0" d="M380 -2V102M380 42H550M495 31L550 42L495 53"/></svg>)");
-  EXPECT_EQ(drawn(plan, 2), begin + R"(<path class="c0" d="M380 -2V102"/></svg>)");
-  EXPECT_EQ(drawn(plan, 3),
-            begin + R"(<path class="c0" d="M380 -2V42"/>)"
-                    R"(<path class="differs" d="M380 42H550M495 31L550 42L495 53"/></svg>)");
+  EXPECT_EQ(
+      drawn(plan, 0),
+      begin + R"(<path class="c0" vector-effect="non-scaling-stroke" d="M560 62H380V102"/></svg>)");
+  EXPECT_EQ(
+      drawn(plan, 1),
+      begin +
+          R"(<path class="c0" vector-effect="non-scaling-stroke" d="M380 -2V102M380 42H550M495 31L550 42L495 53"/></svg>)");
+  EXPECT_EQ(
+      drawn(plan, 2),
+      begin + R"(<path class="c0" vector-effect="non-scaling-stroke" d="M380 -2V102"/></svg>)");
+  EXPECT_EQ(
+      drawn(plan, 3),
+      begin +
+          R"(<path class="c0" vector-effect="non-scaling-stroke" d="M380 -2V42"/>)"
+          R"(<path class="differs" vector-effect="non-scaling-stroke" d="M380 42H550M495 31L550 42L495 53"/></svg>)");
 }
 
 TEST(Wiring, DrawsWhatComesFromOutsideAndGoesThere) {
   const wiring plan = lay_wires({}, 1);
-  EXPECT_EQ(drawn(plan, 0, {.has_inputs = true, .has_outputs = true}),
-            R"(<svg viewBox="0 0 560 100" preserveAspectRatio="none" aria-hidden="true">)"
-            R"(<path class="outer" d="M420 42H550M495 31L550 42L495 53)"
-            R"(M560 62H420M475 51L420 62L475 73"/></svg>)");
+  EXPECT_EQ(
+      drawn(plan, 0, {.has_inputs = true, .has_outputs = true}),
+      R"(<svg viewBox="0 0 560 100" preserveAspectRatio="none" aria-hidden="true">)"
+      R"(<path class="outer" vector-effect="non-scaling-stroke" d="M420 42H550M495 31L550 42L495 53)"
+      R"(M560 62H420M475 51L420 62L475 73"/></svg>)");
 }
 
 TEST(Wiring, TakesMoreRoomForManyTracks) {

@@ -85,7 +85,7 @@ padding:.25rem .6rem;margin:.75rem 0}
 .row>svg{position:absolute;left:0;top:0;height:100%}
 .narrow .row{padding-left:56px}.narrow .row>svg{width:56px}
 .wide .row{padding-left:112px}.wide .row>svg{width:112px}
-.row path{fill:none;stroke-width:1.75px;vector-effect:non-scaling-stroke;stroke:var(--dim)}
+.row path{fill:none;stroke-width:1.75px;stroke:var(--dim)}
 .row .c0{stroke:var(--c0)}.row .c1{stroke:var(--c1)}.row .c2{stroke:var(--c2)}
 .row .c3{stroke:var(--c3)}.row .c4{stroke:var(--c4)}.row .c5{stroke:var(--c5)}
 .row .differs{stroke:var(--rest);stroke-width:3px;stroke-dasharray:4 2}

@@ -10,6 +10,6 @@ extern const std::string_view page_style;
 
 /// Its SHA-256, as the page's Content-Security-Policy names it. A test compares the two.
 inline constexpr std::string_view page_style_hash =
-    "sha256-YloXW5WhsgOr1cnUNDCZAsoMu8qkGWAYnWsF/+L6QDA=";
+    "sha256-d8hhNilHyxQVOYpV47w8F9f7xkXSBPL0tzcOr4fYVSM=";
 
 }  // namespace morvane::companion

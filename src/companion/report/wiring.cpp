@@ -40,7 +40,8 @@ void append_arrow(std::string& page, std::uint32_t from, std::uint32_t width) {
 
 void append_path(std::string& page, std::string_view kind, std::string_view lines) {
   if (!lines.empty()) {
-    append_pieces(page, "<path class=\"", kind, "\" d=\"", lines, "\"/>");
+    append_pieces(page, "<path class=\"", kind, "\" vector-effect=\"non-scaling-stroke\" d=\"",
+                  lines, "\"/>");
   }
 }
 
