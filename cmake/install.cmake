@@ -78,6 +78,7 @@ install(
   FILES_MATCHING
   PATTERN "*.md"
   PATTERN "*.svg"
+  PATTERN "*.png"
   PATTERN "*.ksy"
   PATTERN "*.schema.json")
 install(
