@@ -4,7 +4,7 @@
 #     scripts/bench.sh [--quick] [ROW ...]
 #
 # --quick     a smoke run with little data and few pairs; its figures mean nothing
-# ROW         the rows to measure, all by default: 1 to 9, and diff and extract, of morvane
+# ROW         the rows to measure, all by default: 1 to 12, and those of morvane by name
 # TMPDIR      where the scratch folder is made: it decides which file system is measured. A full run
 #             needs 5 GiB there.
 #
@@ -20,7 +20,7 @@ for argument in "$@"; do
       pairs=3
       megabytes=8 small_dags=400 few_dags=120 many_dags=1200 many_ports=4000 large_dags=40 starts=20
       ;;
-    [1-9] | 1[0-2] | check | checks | show | diff | extract | pack | packs) rows+=("$argument") ;;
+    [1-9] | 1[0-2] | check | checks | show | report | diff | extract | pack | packs) rows+=("$argument") ;;
     *)
       echo "usage: scripts/bench.sh [--quick] [ROW ...]" >&2
       exit 2
@@ -357,6 +357,19 @@ row_show() {
   rm -f net.bin
 }
 
+row_report() {
+  make_folder large dags="$large_dags" ports=100 image_size=300
+  pack large net.bin "$(package_size "$large_dags" 100 300)"
+  rm -rf large
+  "$companion" report net.bin >page
+  [ "$(grep -c '<tr><th scope="row"><i class=' page)" -eq $((large_dags * 100)) ] || fail "report leaves out ports"
+  rm page
+  ours=(0 out/report "$companion" report net.bin)
+  yardstick=(0 out/report "$companion" show net.bin)
+  compare report "report $large_dags DVIs of 100 ports" "show" "3.0"
+  rm -f net.bin
+}
+
 row_10() {
   make_folder small dags="$small_dags" ports=2 image_size=100
   pack small net.bin "$(package_size "$small_dags" 2 100)"
@@ -415,7 +428,7 @@ for row in 1 2 9 11 check diff extract pack; do
   fi
 done
 rm -rf images
-for row in 3 4 5 6 7 8 10 12 checks show packs; do
+for row in 3 4 5 6 7 8 10 12 checks show report packs; do
   if wanted "$row"; then
     run_row "$row"
   fi
