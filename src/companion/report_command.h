@@ -8,10 +8,10 @@
 namespace morvane::companion {
 
 struct report_options {
-  std::string package;      // path
-  std::string output;       // path of the file to write; empty for standard output
-  std::string old_package;  // path of a package to compare with; empty for none
-  bool dot = false;         // the network for Graphviz instead of the page
+  std::string package{};      // path
+  std::string output{};       // path of the file to write; empty for standard output
+  std::string old_package{};  // path of a package to compare with; empty for none
+  bool dot = false;           // the network for Graphviz instead of the page
 };
 
 /// Writes the page. A file appears whole or not at all. Returns the exit status: status_fine when

@@ -11,6 +11,7 @@
 #include "companion/check_command.h"
 #include "companion/diff_command.h"
 #include "companion/extract_command.h"
+#include "companion/report_command.h"
 #include "companion/show_command.h"
 #include "fuzz/fuzz_target.h"
 #include "harness/scratch_folder.h"
@@ -105,6 +106,31 @@ void diff(const std::string& one, const std::string& other, bool are_same) {
   }
 }
 
+/// Whether every name on a page is text: no element begins that a page does not have.
+bool holds_markup(const std::string& page) {
+  for (const char* markup : {"<script", "<img", "<iframe", "<style>", "<!--"}) {
+    const std::size_t first = page.find(markup);
+    const bool is_own = std::string_view(markup) == "<style>";
+    if ((is_own ? page.find(markup, first + 1) : first) != std::string::npos) {
+      return true;
+    }
+  }
+  return false;
+}
+
+void report(const std::string& package, const std::string& other) {
+  const command_result page = run(companion::run_report, {.package = package});
+  require(page.status == 0 && page.output.ends_with("</html>\n"), "a page is written to its end");
+  require(!holds_markup(page.output), "no name becomes markup");
+  require(run(companion::run_report, {.package = package}).output == page.output,
+          "a page is the same every time");
+  const command_result marked =
+      run(companion::run_report, {.package = package, .old_package = other});
+  require(marked.status == 0 && !holds_markup(marked.output), "a page with changes is written");
+  const command_result dot = run(companion::run_report, {.package = package, .dot = true});
+  require(dot.status == 0 && dot.output.ends_with("}\n"), "a Graphviz file is written");
+}
+
 void extract(const scratch_folder& scratch, const std::string& package) {
   scratch.make_folder("out");
   const command_result result =
@@ -136,6 +162,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   diff(scratch.path("net.bin"), scratch.path("net.bin"), true);
   diff(scratch.path("net.bin"), scratch.path("changed.bin"), package == changed);
   diff(scratch.path("net.bin"), scratch.path("sample.bin"), package == sample_package());
+  report(scratch.path("net.bin"), scratch.path("changed.bin"));
   extract(scratch, scratch.path("net.bin"));
   require(scratch.files().size() == 3, "nothing is made outside the folder");
   require(scratch.read("net.bin") == package, "the package stays as it is");

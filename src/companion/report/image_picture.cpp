@@ -59,11 +59,19 @@ memory_plan plan_of(const morvane_view& view) {
   return plan;
 }
 
+void write_axis_image(const memory_plan& plan, const morvane_view_dvi& dvi, std::string_view kind,
+                      page_output& out) {
+  const used_range range = image_range(dvi);
+  write(out, bar_begin{kind, bar_of(plan.axis, range.begin, range.end), 6, 28}, "DVI ",
+        dvi.position, ", ", rounded_size{dvi.dvi_img_size}, " at ", hex{range.begin},
+        "</title></rect>");
+}
+
 /// Writes the axis with all images, the gaps and what is shared.
 void write_axis(const page_content& content, const memory_plan& plan, page_output& out) {
   const auto& stretches = plan.axis.stretches;
-  write(out,
-        "<svg class=\"axis\" role=\"img\" aria-labelledby=\"plan-title plan-desc\">"
+  write(out, "<svg class=\"axis", plan.images.size() <= most_unscrolled ? " few" : "",
+        "\" role=\"img\" aria-labelledby=\"plan-title plan-desc\">"
         "<title id=\"plan-title\">All images by address</title><desc id=\"plan-desc\">",
         counted{plan.images.size(), "image"}, " from ", hex{stretches.front().begin}, " to ",
         hex{stretches.back().end - 1}, "; the list below names each.</desc>");
@@ -74,14 +82,11 @@ void write_axis(const page_content& content, const memory_plan& plan, page_outpu
             " on</title></rect>");
     }
   }
-  for (const planned_image& image : plan.images) {
-    const used_range range = image_range(image.dvi);
-    if (range.begin < range.end) {
-      write(out,
-            bar_begin{is_biggest(content, image.dvi) ? "image biggest" : "image",
-                      bar_of(plan.axis, range.begin, range.end), 6, 28},
-            "DVI ", image.dvi.position, ", ", rounded_size{image.dvi.dvi_img_size}, " at ",
-            hex{range.begin}, "</title></rect>");
+  for (const bool biggest : {false, true}) {  // the biggest on top of the others
+    for (const planned_image& image : plan.images) {
+      if (image.dvi.dvi_img_size != 0 && is_biggest(content, image.dvi) == biggest) {
+        write_axis_image(plan, image.dvi, biggest ? "image biggest" : "image", out);
+      }
     }
   }
   for (const overlap& both : plan.overlaps) {

@@ -20,10 +20,14 @@ bool has_port_rows(const page_content& content) {
 
 void write_sentence(const page_content& content, page_output& out) {
   const auto differing = content.flow.mismatches.size() - 1;
-  write(out, "<p>", counted{content.flow.by_input.size(), "connection"}, " between ",
-        counted{content.package.view.sound_dvis, "DVI"},
-        ", from top to bottom in the order of the package. An input gets its data from the last "
-        "output of its name before it");
+  if (content.flow.by_input.empty()) {
+    write(out, "<p>No DVI feeds another one");
+  } else {
+    write(out, "<p>", counted{content.flow.by_input.size(), "connection"}, " between ",
+          counted{content.package.view.sound_dvis, "DVI"},
+          ", from top to bottom in the order of the package. An input gets its data from the last "
+          "output of its name before it");
+  }
   if (differing != 0) {
     write(out, "; at <b class=\"bad\">", counted{differing, "input"},
           "</b> dims, format, size or offset differ from the output's");

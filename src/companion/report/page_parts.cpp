@@ -48,9 +48,9 @@ void append_piece(std::string& page, const bar_begin& piece) {
 
 void append_piece(std::string& page, left_out piece) {
   if (piece.dvis > most_pictured) {
-    append_pieces(page, "<p class=\"dim\">The picture leaves out ",
-                  counted{piece.dvis - most_pictured, "DVI"}, " after the first ",
-                  grouped{most_pictured}, "; the tables show them.</p>\n");
+    const std::uint32_t dvis = piece.dvis - most_pictured;
+    append_pieces(page, "<p class=\"dim\">", counted{dvis, "DVI"}, dvis == 1 ? " is" : " are",
+                  " left out here; the tables show all.</p>\n");
   }
 }
 

@@ -64,7 +64,7 @@ rect.head{fill:var(--head)}rect.ports{fill:var(--ports)}rect.image{fill:var(--im
 rect.vproc{fill:var(--vproc)}rect.rest,rect.shared{fill:var(--rest)}rect.gap{fill:var(--gap)}
 rect.biggest{fill:var(--mark)}rect.in{fill:var(--in-bar)}rect.out{fill:var(--out-bar)}rect.dagbin{fill:var(--fg)}
 svg.axis{height:40px;margin-top:.75rem;background:var(--soft)}
-svg.axis rect.image{stroke:var(--bg);stroke-width:1}
+svg.few rect.image{stroke:var(--bg);stroke-width:1}
 svg.bar{height:14px;background:linear-gradient(var(--line),var(--line)) 0 50%/100% 1px no-repeat}
 svg.ports{height:22px;background:var(--soft)}
 svg.ports rect{stroke:var(--bg);stroke-width:.5}
