@@ -14,10 +14,11 @@ struct part_list {
   std::uint64_t file_size;
   std::vector<file_part> parts{};
 
-  void add(std::uint64_t offset, std::uint64_t size, std::string_view kind, std::string name) {
+  void add(std::uint64_t offset, std::uint64_t size, std::string_view kind, std::string name,
+           std::optional<std::uint32_t> dvi = {}) {
     const std::uint64_t end = std::min(file_size, offset + size);
     if (offset < end) {
-      parts.push_back({offset, end - offset, kind, std::move(name)});
+      parts.push_back({offset, end - offset, kind, std::move(name), dvi});
     }
   }
 };
@@ -55,14 +56,15 @@ std::vector<file_part> parts_of(const opened_package& package) {
   add_head(view, list);
   for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
     const std::string name = str(record_name{.dvi = dvi.position});
-    list.add(dvi.block, ports_size(dvi), "ports", "ports of " + name);
-    list.add(dvi.block + ports_size(dvi), dvi.dvi_img_size, "image", "image of " + name);
+    list.add(dvi.block, ports_size(dvi), "ports", "ports of " + name, dvi.position);
+    list.add(dvi.block + ports_size(dvi), dvi.dvi_img_size, "image", "image of " + name,
+             dvi.position);
   });
   add_vproc_table(view, list);
   for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
     if (dvi.vproc_offset != 0) {
       list.add(dvi.vproc_block, dvi.vproc_records_size, "vproc",
-               "vproc block of " + str(record_name{.dvi = dvi.position}));
+               "vproc block of " + str(record_name{.dvi = dvi.position}), dvi.position);
     }
   });
   add_rest(list);

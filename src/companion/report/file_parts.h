@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,8 +15,9 @@ namespace morvane::companion {
 struct file_part {
   std::uint64_t offset = 0;
   std::uint64_t size = 0;
-  std::string_view kind;  // the class of its colour: head, ports, image, vproc or rest
-  std::string name;       // "image of DVI 3"
+  std::string_view kind;             // the class of its colour: head, ports, image, vproc or rest
+  std::string name;                  // "image of DVI 3"
+  std::optional<std::uint32_t> dvi;  // whose ports, image or vproc block it is
 };
 
 /// The header, the DVI table, of each DVI its ports and image, the vproc table, the vproc blocks,

@@ -1,5 +1,7 @@
 #include "companion/report/file_picture.h"
 
+#include <algorithm>
+
 #include "companion/printable_text.h"
 #include "companion/report/file_parts.h"
 #include "companion/report/page_parts.h"
@@ -37,17 +39,49 @@ void write_bar(const std::vector<file_part>& parts, page_output& out) {
   write(out, "</svg>\n");
 }
 
-void write_table(const std::vector<file_part>& parts, std::uint64_t size, page_output& out) {
+/// The class of the part of the file that a changed part of a DVI lies in.
+std::string_view place_of(part_kind kind) {
+  switch (kind) {
+    case part_kind::input:
+    case part_kind::output:
+      return "ports";
+    case part_kind::image:
+      return "image";
+    case part_kind::variable:
+    case part_kind::smb:
+      return "vproc";
+    default:
+      return "head";
+  }
+}
+
+/// Whether a part of a DVI is new or changed.
+change_mark mark_of(const package_changes* changes, const file_part& part) {
+  const change_mark of_dvi = part.dvi ? mark_of_dvi(changes, *part.dvi) : change_mark::none;
+  if (of_dvi != change_mark::changed) {
+    return of_dvi;
+  }
+  const dvi_changes& range = changes->dvis[*part.dvi];
+  const auto first = changes->kept.begin() + static_cast<std::ptrdiff_t>(range.first);
+  const bool is_changed =
+      std::any_of(first, first + static_cast<std::ptrdiff_t>(range.count),
+                  [&](const difference& one) { return place_of(one.part.kind) == part.kind; });
+  return is_changed ? change_mark::changed : change_mark::none;
+}
+
+void write_table(const page_content& content, const std::vector<file_part>& parts,
+                 page_output& out) {
   write(out, "<details", parts.size() <= most_parts ? " open" : "",
         "><summary>Offsets and sizes of ", counted{parts.size(), "part"},
         "</summary>\n<table class=\"parts\"><thead><tr>"
         "<th scope=\"col\">Part</th><th scope=\"col\">Offset</th><th scope=\"col\">Size</th>"
         "<th scope=\"col\">Share</th></tr></thead>\n<tbody>\n");
+  const std::uint64_t size = content.package.bytes.bytes().size();
   for (const file_part& part : parts) {
     write(out, "<tr id=\"", row_link{part.offset}, "\"><th scope=\"row\"><i class=\"key ",
-          part.kind, "\"></i> ", part.name, "</th><td class=\"mono\">", hex{part.offset},
-          "</td><td>", byte_size{part.size}, "</td><td>", percent{part.size * whole_axis / size},
-          "</td></tr>\n");
+          part.kind, "\"></i> ", part.name, mark_of(content.changes, part),
+          "</th><td class=\"mono\">", hex{part.offset}, "</td><td>", byte_size{part.size},
+          "</td><td>", percent{part.size * whole_axis / size}, "</td></tr>\n");
   }
   write(out, "</tbody></table>\n</details>\n");
 }
@@ -71,7 +105,7 @@ void write_file(const page_content& content, page_output& out) {
         is_joined ? " A stretch of the bar holds ports and images of a DVI, or of several." : "",
         "</p>\n");
   write_bar(is_joined ? joined_parts(content.package, most_parts - 8) : parts, out);
-  write_table(parts, content.package.bytes.bytes().size(), out);
+  write_table(content, parts, out);
   write(out, "</section>\n");
 }
 
