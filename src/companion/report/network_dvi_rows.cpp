@@ -9,6 +9,11 @@ namespace morvane::companion {
 
 namespace {
 
+void sort_without_repetition(std::vector<std::uint32_t>& numbers) {
+  std::ranges::sort(numbers);
+  numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+}
+
 /// The wire from a DVI to all DVIs of the picture that it feeds; without an end when there is none.
 wire wire_from(const network_flow& flow, std::uint32_t dvi, std::uint32_t dvis) {
   wire one{.begin = dvi};
@@ -19,8 +24,10 @@ wire wire_from(const network_flow& flow, std::uint32_t dvi, std::uint32_t dvis) 
   }
   std::ranges::sort(one.ends, {},
                     [](const wire_end& end) { return std::tuple(end.row, !end.differs); });
-  const auto repeated = std::ranges::unique(one.ends, {}, &wire_end::row);
-  one.ends.erase(repeated.begin(), repeated.end());
+  const auto repeated =
+      std::unique(one.ends.begin(), one.ends.end(),
+                  [](const wire_end& a, const wire_end& b) { return a.row == b.row; });
+  one.ends.erase(repeated, one.ends.end());
   return one;
 }
 
@@ -56,9 +63,7 @@ dvi_flow flow_of(const network_flow& flow, const morvane_view_dvi& dvi) {
   for (std::uint32_t i = 0; i < dvi.output_num; ++i) {
     found.outer_outputs += connections_from(flow, {dvi.position, i}).empty() ? 1 : 0;
   }
-  std::ranges::sort(found.sources);
-  const auto repeated = std::ranges::unique(found.sources);
-  found.sources.erase(repeated.begin(), repeated.end());
+  sort_without_repetition(found.sources);
   return found;
 }
 
@@ -93,9 +98,7 @@ void write_outputs(const page_content& content, page_output& out, const morvane_
   for (const connection& one : connections_from_dvi(content.flow, dvi.position)) {
     fed.push_back(one.input.dvi);
   }
-  std::ranges::sort(fed);
-  const auto repeated = std::ranges::unique(fed);
-  fed.erase(repeated.begin(), repeated.end());
+  sort_without_repetition(fed);
   if (dvi.output_num == 0) {
     return;
   }
