@@ -213,15 +213,16 @@ TEST(ReportCommand, WritesTheSamePageToAFileAndToStandardOutput) {
 
 TEST(ReportCommand, WritesAWholeFileOrNone) {
   const scratch_folder folder;
-  std::string package = header(200);
-  for (int i = 0; i < 200; ++i) {
+  std::string package = header(1000);
+  for (int i = 0; i < 1000; ++i) {
     package += bytes(dvi("net", 0));
   }
   folder.write("net.bin", package);
   folder.make_folder("out");
   folder.write("out/net.html", "as it was");
-  expect_outcome(run_shell("ulimit -f 8; $morvane report net.bin -o out/net.html", folder.path()),
-                 2, "", "morvane: out/net.html: File too large\n");
+  expect_outcome(
+      run_shell("ulimit -f 1024; $morvane report net.bin -o out/net.html", folder.path()), 2, "",
+      "morvane: out/net.html: File too large\n");
   EXPECT_EQ(folder.files("out"), (std::map<std::string, std::string>{{"net.html", "as it was"}}));
   expect_outcome(run_morvane({"report", "net.bin", "-o", "none/net.html"}, folder.path()), 2, "",
                  "morvane: none/net.html: No such file or directory\n");
