@@ -8,7 +8,8 @@
  *                                        there were, a line each
  *
  * The effect is an error by its number; or "short", which moves one byte; or "none", which moves
- * no byte and is no error; or "garbled", which writes everything with another first byte.
+ * no byte and is no error; or "garbled", which writes everything with another first byte; or
+ * "touch=FILE", which gives a file another time before the call.
  */
 #define _GNU_SOURCE
 #include <dirent.h>
@@ -55,6 +56,7 @@ static int from_then_on;
 static int error_number;
 static int is_short;
 static int is_garbled;
+static const char* touched;
 
 static unsigned long parse_number(const char* text, char** end) {
   return strtoul(text, end, 10);
@@ -77,6 +79,7 @@ __attribute__((constructor)) static void read_request(void) {
   const char* effect = strrchr(request, ':') + 1;
   is_short = strcmp(effect, "short") == 0;
   is_garbled = strcmp(effect, "garbled") == 0;
+  touched = strncmp(effect, "touch=", 6) == 0 ? effect + 6 : NULL;
   error_number = (int)parse_number(effect, &rest);
 }
 
@@ -92,10 +95,15 @@ __attribute__((destructor)) static void write_counts(void) {
   fclose(file);
 }
 
-/* Counts a call. Returns whether it is one that the request is about; errno is set then. */
+/* Counts a call. Returns whether it is one that the request changes; errno is set then. */
 static int is_chosen(enum kind kind) {
   const unsigned now = ++calls[kind];
   if ((int)kind != chosen || !(now == number || (from_then_on && now > number))) {
+    return 0;
+  }
+  if (touched != NULL) {
+    const struct timespec times[2] = {{0, 0}, {0, 0}};
+    utimensat(AT_FDCWD, touched, times, 0);
     return 0;
   }
   errno = error_number;

@@ -15,7 +15,7 @@ struct fault {
   std::string kind;     // of the call, as in fault_library.c
   unsigned number = 1;  // of the call among those of its kind, from 1
   bool from_then_on = false;
-  std::string effect;  // the number of an error, "short" or "none"
+  std::string effect;  // the number of an error or another one, as in fault_library.c
 };
 
 /// The effect of an error such as ENOSPC.

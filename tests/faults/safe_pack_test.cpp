@@ -143,16 +143,13 @@ TEST_F(SafePack, NoticesADiskThatStoresOtherBytes) {
 }
 
 TEST_F(SafePack, NoticesAnInputThatChangesMeanwhile) {
-  const std::string changing = folder.path("in/wake_word_split_1.dvi");
+  if (!can_make_faults()) {
+    GTEST_SKIP() << "a preloaded library would reach the run prefix";
+  }
   put_old_package();
-  std::jthread changes([&](const std::stop_token& end) {
-    while (!end.stop_requested()) {
-      fs::last_write_time(changing, fs::file_time_type::clock::now());
-    }
-  });
-  const run_result run = run_program(quiet, folder.path());
-  changes.request_stop();
-  changes.join();
+  const run_result run =
+      run_with({.kind = "write", .number = 1, .effect = "touch=in/wake_word_split_1.dvi"}, quiet,
+               folder.path());
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.output, "");
   EXPECT_EQ(run.diagnostics,
