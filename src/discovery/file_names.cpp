@@ -21,21 +21,24 @@ char to_lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
+std::string_view type_of(std::string_view name) {
+  const std::size_t dot = name.rfind('.');
+  return dot == std::string_view::npos ? std::string_view() : name.substr(dot + 1);
+}
+
 }  // namespace
+
+std::string lower_case_type(std::string_view name) {
+  std::string type(type_of(name));
+  std::ranges::transform(type, type.begin(), to_lower);
+  return type;
+}
 
 std::string get_file_type(std::string_view name, bool keep_case) {
   if (check_length_limit(name, file_name_limit) != 0) {
     return {};
   }
-  const std::size_t dot = name.rfind('.');
-  if (dot == std::string_view::npos) {
-    return {};
-  }
-  std::string type(name.substr(dot + 1));
-  if (!keep_case) {
-    std::ranges::transform(type, type.begin(), to_lower);
-  }
-  return type;
+  return keep_case ? std::string(type_of(name)) : lower_case_type(name);
 }
 
 std::string_view get_file_stem(std::string_view name) {

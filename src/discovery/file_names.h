@@ -7,6 +7,9 @@
 
 namespace morvane {
 
+/// Returns the text after the last dot of a name of any length, in lower case; empty without a dot.
+std::string lower_case_type(std::string_view name);
+
 /// Returns the text after the last dot of a name, in lower case unless keep_case is set; empty
 /// without a dot. For a name of more than 127 bytes, reports the limit FILENAME and returns an
 /// empty text.

@@ -15,8 +15,20 @@ namespace morvane {
 
 namespace {
 
-/// The names of a folder's entries, in the order of the folder; none if the folder cannot be opened
-/// and read to its end.
+/// Checks the greatest index only, and only if it is above 0. Gaps and repeated indices below it
+/// are accepted.
+bool in_order(const std::vector<input_entry>& files) {
+  std::int32_t greatest = -1;
+  for (const input_entry& file : files) {
+    if (file.index != 0) {
+      greatest = std::max(greatest, file.index);
+    }
+  }
+  return greatest < 1 || static_cast<std::size_t>(greatest) + 1 == files.size();
+}
+
+}  // namespace
+
 std::vector<std::string> list_folder(const std::string& folder) {
   std::vector<std::string> names;
   const auto close = [](DIR* open_folder) { ::closedir(open_folder); };
@@ -34,20 +46,6 @@ std::vector<std::string> list_folder(const std::string& folder) {
   }
   return names;
 }
-
-/// Checks the greatest index only, and only if it is above 0. Gaps and repeated indices below it
-/// are accepted.
-bool in_order(const std::vector<input_entry>& files) {
-  std::int32_t greatest = -1;
-  for (const input_entry& file : files) {
-    if (file.index != 0) {
-      greatest = std::max(greatest, file.index);
-    }
-  }
-  return greatest < 1 || static_cast<std::size_t>(greatest) + 1 == files.size();
-}
-
-}  // namespace
 
 std::int32_t list_input_files(const std::string& folder, std::string_view wanted_type,
                               std::vector<input_entry>& files) {
@@ -68,8 +66,8 @@ std::int32_t list_input_files(const std::string& folder, std::string_view wanted
   return static_cast<std::int32_t>(files.size());
 }
 
-std::int32_t pair_header_files(const std::string& folder, const std::vector<input_entry>& dvis,
-                               std::vector<input_entry>& headers) {
+std::vector<wanted_header> find_header_files(const std::string& folder,
+                                             const std::vector<input_entry>& dvis) {
   const std::vector<std::string> names = list_folder(folder);
   const std::unordered_set<std::string_view> present(names.begin(), names.end());
   const auto is_missing = [&](const std::string& name) { return !present.contains(name); };
@@ -77,14 +75,26 @@ std::int32_t pair_header_files(const std::string& folder, const std::vector<inpu
     return marked_header_name(get_file_stem(dvi.name));
   };
   const bool marked = std::ranges::none_of(dvis, is_missing, marked_name);
+  std::vector<wanted_header> headers;
+  headers.reserve(dvis.size());
   for (const input_entry& dvi : dvis) {
-    const std::string name = marked ? marked_name(dvi) : header_name(get_file_stem(dvi.name));
-    if (is_missing(name)) {
-      print_line("error: can't find file ", name,
+    std::string name = marked ? marked_name(dvi) : header_name(get_file_stem(dvi.name));
+    const bool missing = is_missing(name);
+    headers.push_back({.name = std::move(name), .is_missing = missing});
+  }
+  return headers;
+}
+
+std::int32_t pair_header_files(const std::string& folder, const std::vector<input_entry>& dvis,
+                               std::vector<input_entry>& headers) {
+  std::vector<wanted_header> wanted = find_header_files(folder, dvis);
+  for (std::size_t i = 0; i < wanted.size(); ++i) {
+    if (wanted[i].is_missing) {
+      print_line("error: can't find file ", wanted[i].name,
                  ". please check filename format between .dvi and .h files.");
       break;
     }
-    headers.push_back({.name = name, .index = dvi.index});
+    headers.push_back({.name = std::move(wanted[i].name), .index = dvis[i].index});
   }
   return static_cast<std::int32_t>(headers.size());
 }

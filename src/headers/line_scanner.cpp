@@ -74,6 +74,13 @@ int check_line_not_blank(std::string_view line) {
   return rest.empty() || rest.front() == '\0' ? -1 : 0;
 }
 
+std::size_t decimal_length(std::string_view value) {
+  const std::string text(value);
+  char* end = nullptr;
+  static_cast<void>(std::strtol(text.c_str(), &end, 10));
+  return static_cast<std::size_t>(end - text.c_str());
+}
+
 long decimal_value(std::string_view value) {
   // If from_chars finds a number, strtol finds the same one, but more slowly.
   long number = 0;

@@ -48,6 +48,10 @@ std::size_t find_macro_value(std::string_view line, std::string_view key, std::s
 /// and counts as blank, so that every parser ignores it.
 int check_line_not_blank(std::string_view line);
 
+/// How many characters of a value its number has, with what may stand before the digits; 0 without
+/// a digit.
+std::size_t decimal_length(std::string_view value);
+
 /// The number that strtol reads from a value in base 10; 0 for text and for hexadecimal.
 long decimal_value(std::string_view value);
 

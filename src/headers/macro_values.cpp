@@ -48,23 +48,28 @@ void set_line(named_line& named, std::string_view line) {
   }
 }
 
-int store_macro(const named_line& named, std::span<const macro_row> macros,
-                std::span<std::byte> record) {
+macro_match find_macro(const named_line& named, std::span<const macro_row> macros) {
   for (const macro_row& row : macros) {
     const std::string_view value = macro_value(named, row);
-    if (value.empty()) {
-      continue;
+    if (!value.empty()) {
+      return {.row = &row, .value = value};
     }
-    if (row.kind != macro_kind::text) {
-      store_number(record, row, decimal_value(value));
-      return 0;
-    }
-    if (check_length_limit(value, layer_name_limit) != 0) {
-      return -1;
-    }
-    store_text(record.subspan(row.offset, MORVANE_IO_NAME_WIDTH), value);
+  }
+  return {};
+}
+
+int store_match(const macro_match& match, std::span<std::byte> record) {
+  if (match.row == nullptr) {
     return 0;
   }
+  if (match.row->kind != macro_kind::text) {
+    store_number(record, *match.row, decimal_value(match.value));
+    return 0;
+  }
+  if (check_length_limit(match.value, layer_name_limit) != 0) {
+    return -1;
+  }
+  store_text(record.subspan(match.row->offset, MORVANE_IO_NAME_WIDTH), match.value);
   return 0;
 }
 

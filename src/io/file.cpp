@@ -174,11 +174,12 @@ std::size_t copy_file_bytes(const file_handle& from, off_t* offset, int to, std:
 }
 
 std::string read_file(const std::string& path) {
-  std::string text;
   const readable_file file = open_to_read(path);
-  if (!file.handle.is_open()) {
-    return text;
-  }
+  return file.handle.is_open() ? read_file(file) : std::string();
+}
+
+std::string read_file(const readable_file& file) {
+  std::string text;
   // What has no size of its own, or says 0 as the files of the kernel do, is read until it ends.
   const std::size_t step = file.size > 0 ? static_cast<std::size_t>(file.size) : chunk_size;
   std::size_t filled = 0;

@@ -104,6 +104,9 @@ std::size_t write_bytes(const file_handle& file, std::span<const std::byte> byte
 /// and devices, which the system does not copy: the caller reads and writes the rest.
 std::size_t copy_file_bytes(const file_handle& from, off_t* offset, int to, std::size_t count);
 
+/// What an open file holds, from its position to its end.
+std::string read_file(const readable_file& file);
+
 /// The whole content of a file; empty for a folder or a file that cannot be opened.
 std::string read_file(const std::string& path);
 

@@ -14,7 +14,7 @@ collected_messages* collector = nullptr;
 
 }  // namespace
 
-collected_messages::collected_messages() {
+collected_messages::collected_messages(bool keeps_them) : keeps(keeps_them) {
   collector = this;
 }
 
@@ -24,7 +24,9 @@ collected_messages::~collected_messages() {
 
 void print_text(std::string_view text) {
   if (collector != nullptr) {
-    collector->text += text;
+    if (collector->keeps) {
+      collector->text += text;
+    }
     return;
   }
   // Errors on standard output cannot be reported.

@@ -39,16 +39,18 @@ void append_pieces(std::string& text, const Pieces&... pieces) {
 /// Writes a text to standard output at once, without a buffer between.
 void print_text(std::string_view text);
 
-/// As long as it lives, print_text appends to its text instead. One may live at a time.
+/// As long as it lives, print_text appends to its text instead, or forgets what it was to print.
+/// One may live at a time.
 class collected_messages {
  public:
-  collected_messages();
+  explicit collected_messages(bool keeps_them = true);
   collected_messages(const collected_messages&) = delete;
   collected_messages& operator=(const collected_messages&) = delete;
   collected_messages(collected_messages&&) = delete;
   collected_messages& operator=(collected_messages&&) = delete;
   ~collected_messages();
 
+  const bool keeps;
   std::string text{};
 };
 
