@@ -46,7 +46,8 @@ if(missing)
 endif()
 
 # The target morvane is the library of morvane_gen.
-file(GLOB companion_sources CONFIGURE_DEPENDS src/companion/*.cpp src/companion/report/*.cpp)
+file(GLOB companion_sources CONFIGURE_DEPENDS src/companion/*.cpp src/companion/lint/*.cpp
+     src/companion/report/*.cpp)
 list(REMOVE_ITEM companion_sources ${PROJECT_SOURCE_DIR}/src/companion/main.cpp)
 add_library(morvane_companion_core OBJECT ${companion_sources})
 target_include_directories(morvane_companion_core SYSTEM PRIVATE ${companion_headers})

@@ -33,6 +33,7 @@ _morvane_offer_values() {
   case $1 in
     FOLDER) compopt -o dirnames ;;
     FORMAT) mapfile -t COMPREPLY < <(compgen -W "text json sarif" -- "$2") ;;
+    CODE) ;;
     *) compopt -o default ;;
   esac
 }
@@ -72,6 +73,8 @@ _morvane() {
     mapfile -t COMPREPLY < <(compgen -W "${options[*]}" -- "$word")
   elif [[ $command == extract && ${#arguments[@]} -gt 0 ]]; then
     _morvane_offer_dag_names "$program" "${arguments[0]}" "$word"
+  elif [[ $command == lint || $command == pack ]]; then
+    compopt -o dirnames
   else
     compopt -o default
   fi

@@ -11,6 +11,7 @@
 #include "companion/console.h"
 #include "companion/diff_command.h"
 #include "companion/extract_command.h"
+#include "companion/lint/lint_command.h"
 #include "companion/pack_command.h"
 #include "companion/printable_text.h"
 #include "companion/report_command.h"
@@ -51,19 +52,22 @@ CLI::Option* add_text(CLI::App& app, const std::string& name, Value& value,
   return app.add_option(name, value, description)->transform(unguarded)->type_name("");
 }
 
-command_runner declare_check(CLI::App& app) {
-  const auto options = std::make_shared<check_options>();
-  add_text(app, "PACKAGE", options->packages, "The packages to check")->required();
-  app.add_flag("--notes", options->scope.notes, "Also tell what is harmless but good to know");
-  app.add_flag("--werror", options->warnings_are_errors, "Take warnings for errors");
+void add_format(CLI::App& app, finding_format& format) {
   app.add_option_function<std::string>(
-         "--format",
-         [options](const std::string& name) { options->format = *finding_format_named(name); },
+         "--format", [&format](const std::string& name) { format = *finding_format_named(name); },
          "How to write: text, json, or sarif for review tools")
       ->check([](const std::string& name) {
         return finding_format_named(name) ? "" : "there is no such format";
       })
       ->type_name("FORMAT");
+}
+
+command_runner declare_check(CLI::App& app) {
+  const auto options = std::make_shared<check_options>();
+  add_text(app, "PACKAGE", options->packages, "The packages to check")->required();
+  app.add_flag("--notes", options->scope.notes, "Also tell what is harmless but good to know");
+  app.add_flag("--werror", options->warnings_are_errors, "Take warnings for errors");
+  add_format(app, options->format);
   auto* const required = app.add_flag_callback(
       "--require-vproc", [options] { options->scope.vproc = vproc_demand::required; },
       "A package without vproc records is not sound");
@@ -72,6 +76,25 @@ command_runner declare_check(CLI::App& app) {
          "A package with vproc records is not sound")
       ->excludes(required);
   return [options](console& streams) { return run_check(*options, streams); };
+}
+
+command_runner declare_lint(CLI::App& app) {
+  const auto options = std::make_shared<lint_options>();
+  add_text(app, "FOLDER", options->scope.folder, "The compiler's output folder")->required();
+  app.add_flag("--vproc", options->scope.vproc, "Read vproc records too, as pack --vproc does");
+  app.add_flag("--notes", options->scope.notes, "Also tell what is harmless but good to know");
+  app.add_flag("--werror", options->warnings_are_errors, "Take warnings for errors");
+  add_text(app, "--ignore", options->ignored, "Leave out the findings with these codes")
+      ->delimiter(',')
+      ->allow_extra_args(false)
+      ->check([](const std::string& code) {
+        const bool is_code =
+            std::ranges::find(finding_kinds, code, &finding_kind::code) != finding_kinds.end();
+        return is_code ? "" : "there is no such code";
+      })
+      ->type_name("CODE");
+  add_format(app, options->format);
+  return [options](console& streams) { return run_lint(*options, streams); };
 }
 
 command_runner declare_pack(CLI::App& app) {
@@ -134,6 +157,8 @@ command_runner declare_extract(CLI::App& app) {
 constexpr std::array commands{
     command{"pack", "Pack a compiler output folder, safely", "morvane pack out -o net.bin",
             declare_pack},
+    command{"lint", "Tell what is wrong with a compiler output folder", "morvane lint out",
+            declare_lint},
     command{"check", "Tell whether packages are sound", "morvane check net.bin", declare_check},
     command{"show", "Show what a package holds", "morvane show --json net.bin", declare_show},
     command{"diff", "Tell how two packages differ", "morvane diff old.bin new.bin", declare_diff},
@@ -192,7 +217,7 @@ int end_parsing(const CLI::App& program, const CLI::ParseError& end, console& st
 int run_command_line(const std::vector<std::string>& arguments) {
   console streams{.colour = has_colours()};
   command_runner chosen;
-  CLI::App program("Packs, checks, shows, compares and extracts packages of morvane_gen.",
+  CLI::App program("Lints, packs, checks, shows, compares and extracts packages of morvane_gen.",
                    "morvane");
   program.set_version_flag("--version", "morvane " + version_text(version_word, revision_hash()));
   program.require_subcommand(1);

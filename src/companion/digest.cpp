@@ -12,10 +12,26 @@ namespace {
 
 constexpr std::size_t step = std::size_t{1} << 20U;
 
-std::string digits_of(XXH128_hash_t digest) {
+}  // namespace
+
+struct byte_digest::sums {
+  XXH3_state_t state;
+};
+
+byte_digest::byte_digest() : sums_(std::make_unique<sums>()) {
+  XXH3_128bits_reset(&sums_->state);
+}
+
+byte_digest::~byte_digest() = default;
+
+void byte_digest::add(std::span<const std::byte> bytes) {
+  XXH3_128bits_update(&sums_->state, bytes.data(), bytes.size());
+}
+
+std::string byte_digest::text() const {
   constexpr std::string_view digits = "0123456789abcdef";
   XXH128_canonical_t canonical;
-  XXH128_canonicalFromHash(&canonical, digest);
+  XXH128_canonicalFromHash(&canonical, XXH3_128bits_digest(&sums_->state));
   std::string text;
   for (const unsigned char byte : canonical.digest) {
     text += digits[byte >> 4U];
@@ -24,18 +40,15 @@ std::string digits_of(XXH128_hash_t digest) {
   return text;
 }
 
-}  // namespace
-
 std::string xxh3_128(const package_bytes& package, std::span<const std::uint8_t> bytes) {
-  XXH3_state_t state;
-  XXH3_128bits_reset(&state);
+  byte_digest digest;
   while (!bytes.empty()) {
     const auto part = bytes.first(std::min(step, bytes.size()));
-    XXH3_128bits_update(&state, part.data(), part.size());
+    digest.add(std::as_bytes(part));
     package.release(part);
     bytes = bytes.subspan(part.size());
   }
-  return digits_of(XXH3_128bits_digest(&state));
+  return digest.text();
 }
 
 }  // namespace morvane::companion

@@ -39,7 +39,7 @@ std::optional<finding_format> finding_format_named(std::string_view name) {
 }
 
 void count(const finding& found, finding_counts& counts) {
-  switch (found.kind->level) {
+  switch (level_of(found)) {
     case severity::error:
       ++counts.errors;
       break;
@@ -53,19 +53,19 @@ void count(const finding& found, finding_counts& counts) {
 
 std::string finding_line(const finding& found, bool colour) {
   return joined(printable(found.file), ":", str(found.place), ": ",
-                shown_severity(found.kind->level, colour), ": ", found.text, " [", found.kind->code,
+                shown_severity(level_of(found), colour), ": ", found.text, " [", found.kind->code,
                 "]\n");
 }
 
 void write_finding_line(console& streams, const finding& found) {
-  if (!streams.quiet || found.kind->level == severity::error) {
+  if (!streams.quiet || level_of(found) == severity::error) {
     print_result(streams, finding_line(found, streams.colour));
   }
 }
 
 void write_finding_object(json_writer& json, const finding& found) {
   begin_object(json);
-  write_member(json, "severity", name_of(found.kind->level));
+  write_member(json, "severity", name_of(level_of(found)));
   write_member(json, "code", found.kind->code);
   write_member(json, "file", found.file);
   if (found.place.line == 0) {

@@ -101,7 +101,7 @@ void write_sarif_result(json_writer& json, const finding& found) {
   begin_object(json);
   write_member(json, "ruleId", found.kind->code);
   write_member(json, "ruleIndex", found.kind - finding_kinds.data());
-  write_member(json, "level", name_of(found.kind->level));
+  write_member(json, "level", name_of(level_of(found)));
   write_message(json, "message", found.text);
   begin_array(json, "locations");
   write_location(json, found);

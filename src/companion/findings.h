@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -50,6 +51,26 @@ inline constexpr std::array finding_kinds{
     finding_kind{"unknown-flags", severity::error, "Bit 6 or 7 of the port flags is set."},
     finding_kind{"wrong-vproc-id", severity::error,
                  "vproc_id is not the low byte of the DVI's position."},
+    finding_kind{"no-images", severity::error, "The folder has no image that can be packed."},
+    finding_kind{"unpaired-image", severity::error, "An image has no header."},
+    finding_kind{"bad-index", severity::error,
+                 "The name of an image has no file index, so it is left out."},
+    finding_kind{"disordered-indices", severity::error,
+                 "The file indices do not fit the number of images."},
+    finding_kind{"unreadable-file", severity::error, "A file cannot be read."},
+    finding_kind{"file-name-too-long", severity::error,
+                 "The name of an image is too long, so it is left out."},
+    finding_kind{"name-too-long", severity::error,
+                 "A name does not fit into its field, so nothing can be packed."},
+    finding_kind{"no-dag-name", severity::error, "A header names no DAG."},
+    finding_kind{"image-missing", severity::error, "An image is a link that leads nowhere."},
+    finding_kind{"image-too-short", severity::error,
+                 "An image has fewer bytes than its header says."},
+    finding_kind{"negative-image-size", severity::error,
+                 "The size of an image does not fit into 31 bits."},
+    finding_kind{"miscounted-port", severity::error, "A port is packed, but not counted."},
+    finding_kind{"miscounted-vproc", severity::error, "An SMB block is packed, but not counted."},
+    finding_kind{"duplicate-dag-name", severity::error, "Two headers name the same DAG."},
     finding_kind{"repeated-dag-name", severity::warning, "Two DVIs have the same DAG name."},
     finding_kind{"control-character", severity::warning,
                  "A port, layer, variable or SMB name holds a control character."},
@@ -59,9 +80,61 @@ inline constexpr std::array finding_kinds{
                  "The address of a DAG binary lies outside its image."},
     finding_kind{"port-mismatch", severity::warning,
                  "An input differs from the output of the same name of an earlier DVI."},
+    finding_kind{"not-decimal", severity::warning, "A number is not decimal."},
+    finding_kind{"trailing-text", severity::warning,
+                 "A number is followed by other characters, which are not read."},
+    finding_kind{"out-of-range", severity::warning, "A number does not fit into its field."},
+    finding_kind{"quoted-number", severity::warning, "A number stands in quotes."},
+    finding_kind{"size-overflow", severity::warning, "A size does not fit into 32 bits."},
+    finding_kind{"no-value", severity::warning, "A macro has no value."},
+    finding_kind{"cut-name", severity::warning,
+                 "A value goes on after a separator, where it is cut."},
+    finding_kind{"escape-sequence", severity::warning, "A text holds a backslash."},
+    finding_kind{"macro-as-value", severity::warning, "The value of a macro is another macro."},
+    finding_kind{"longer-macro", severity::warning,
+                 "A macro with a longer name is read as a shorter one."},
+    finding_kind{"wrong-name", severity::warning,
+                 "A macro has a name that is nearly one that is read."},
+    finding_kind{"two-macros-on-a-line", severity::warning,
+                 "A line holds more than one thing to read, and only one of them counts."},
+    finding_kind{"defined-twice", severity::warning,
+                 "A macro is defined more than once, with different values."},
+    finding_kind{
+        "defined-elsewhere", severity::warning,
+        "A macro stands in the block of one port, but belongs to another of the same name too."},
+    finding_kind{"overwritten", severity::warning, "A later line changes the value of a macro."},
+    finding_kind{"undefined-macro", severity::warning, "A macro is undefined, which is not read."},
+    finding_kind{"outside-any-block", severity::warning,
+                 "A macro of a known name is in no block, so it is not read."},
+    finding_kind{"name-before-dag-name", severity::warning,
+                 "A macro of the DAG stands above the line that names the DAG, so it is not read."},
+    finding_kind{"in-comment", severity::warning, "A comment is read as a macro."},
+    finding_kind{"conditional", severity::warning,
+                 "A line is read although a condition leaves it out, or may leave it out."},
+    finding_kind{"continued-line", severity::warning,
+                 "A line ends in a backslash, and the next is not read as a part of it."},
+    finding_kind{"not-a-define", severity::warning, "A line that defines no macro is read as one."},
+    finding_kind{"keyword-in-a-word", severity::warning,
+                 "A keyword inside a longer word introduces a block."},
+    finding_kind{"carriage-return", severity::warning, "A carriage return becomes part of a name."},
+    finding_kind{"nul-byte", severity::warning, "A line holds a byte that is 0."},
+    finding_kind{"line-too-long", severity::warning, "A line is too long, so it is ignored."},
+    finding_kind{"repeated-index", severity::warning,
+                 "Two images have the same file index, so their order is not defined."},
+    finding_kind{"index-gap", severity::warning, "A file index is missing."},
+    finding_kind{"image-too-long", severity::warning,
+                 "An image has more bytes than its header says."},
+    finding_kind{"no-image-size", severity::warning,
+                 "A header does not say how large its image is."},
     finding_kind{"images-overlap", severity::note,
                  "The images of two DVIs share addresses of the memory plan."},
     finding_kind{"ports-overlap", severity::note, "Two ports of a DVI share bytes."},
+    finding_kind{"unknown-macro", severity::note, "A macro of the DAG is not read."},
+    finding_kind{"default-used", severity::note, "A field has no macro and keeps its default."},
+    finding_kind{"unused-file", severity::note, "A file of the folder is not read."},
+    finding_kind{"no-ports", severity::note, "A header introduces no port."},
+    finding_kind{"no-trailing-newline", severity::note,
+                 "The last line of a header does not end in a newline."},
 };
 
 /// The kind with a code. A code that the table does not have fails to compile.
@@ -86,7 +159,13 @@ struct finding {
   std::string_view file;
   finding_place place;
   std::string text;
+  std::optional<severity> level{};  // that of the kind if there is none
 };
+
+/// The severity of a finding.
+inline severity level_of(const finding& found) {
+  return found.level.value_or(found.kind->level);
+}
 
 /// Takes the findings one after the other, as they are found.
 using finding_sink = std::function<void(const finding&)>;

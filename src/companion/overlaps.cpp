@@ -8,8 +8,7 @@
 namespace morvane::companion {
 
 used_range image_range(const morvane_view_dvi& dvi) {
-  const std::uint64_t begin = dvi.dvi_img_vaddr;
-  return {.owner = dvi.position, .begin = begin, .end = begin + dvi.dvi_img_size};
+  return image_range(dvi.position, dvi.dvi_img_vaddr, dvi.dvi_img_size);
 }
 
 std::vector<used_range> port_ranges(const morvane_view& view, const morvane_view_dvi& dvi) {

@@ -15,6 +15,15 @@ struct used_range {
   std::uint64_t end = 0;
 };
 
+/// The range of an image in the memory plan, from its address and size.
+constexpr used_range image_range(std::uint32_t owner, std::uint32_t address, std::uint32_t size) {
+  return {.owner = owner, .begin = address, .end = std::uint64_t{address} + size};
+}
+
+constexpr bool is_inside(std::uint64_t address, const used_range& range) {
+  return address >= range.begin && address < range.end;
+}
+
 /// The addresses of a DVI's image in the memory plan. The owner is the DVI.
 used_range image_range(const morvane_view_dvi& dvi);
 

@@ -8,8 +8,11 @@
 #include <vector>
 
 #include "companion/depfile.h"
+#include "companion/finding_output.h"
 #include "companion/held_signals.h"
 #include "companion/input_states.h"
+#include "companion/lint/lint_folder.h"
+#include "companion/lint/lint_output.h"
 #include "companion/pack_messages.h"
 #include "companion/pack_verification.h"
 #include "companion/printable_text.h"
@@ -32,26 +35,56 @@ struct packing {
   console& streams;
   held_signals signals{};  // until the temporary file is gone
   pack_inputs inputs{};
+  bool is_complete = false;          // whether the inputs were found
   std::vector<std::string> paths{};  // of the inputs
   file_states before{};              // what the inputs were like at the begin
+  record_digests records{};
   replacement_file package{};
   package_summary summary{};
 };
 
-/// A folder that cannot be read has no inputs; this says so with the system's reason.
+/// Finds the inputs, and what they are like before anything of them is read.
 int find_all_inputs(packing& run) {
   run.inputs.folder = run.options.folder;
-  const file_handle folder = open_at(AT_FDCWD, run.options.folder, O_RDONLY | O_DIRECTORY);
-  if (!folder.is_open()) {
-    return report_file_error(run.options.folder, errno);
+  const collected_messages told_by_the_linter(false);
+  run.is_complete = find_inputs(run.inputs, run.options.vproc) == 0;
+  if (run.is_complete) {
+    run.paths = input_paths(run.inputs);
+    run.before = states_of(run.paths);
   }
-  const int status = tell_messages(run.streams, run.options.warnings_are_errors,
-                                   [&] { return find_inputs(run.inputs, run.options.vproc); });
-  if (status != status_fine) {
-    return status;
+  return status_fine;
+}
+
+void check_signals(const packing& run) {
+  if (run.signals.is_waiting()) {
+    throw interruption();
   }
-  run.paths = input_paths(run.inputs);
-  run.before = states_of(run.paths);
+}
+
+/// Writes what the linter finds. With errors nothing is packed.
+int lint_inputs(packing& run) {
+  finding_counts counts;
+  const auto take = [&](const finding& found) {
+    count(found, counts);
+    write_finding_line(run.streams, found);
+  };
+  const lint_scope scope{.folder = run.options.folder, .vproc = run.options.vproc};
+  const int error = lint_folder(
+      scope, take, [&](std::size_t /*done*/, std::size_t /*all*/) { check_signals(run); },
+      &run.records);
+  if (error != 0) {
+    return report_file_error(run.options.folder, error);
+  }
+  if (counts.errors != 0 || (counts.warnings != 0 && run.options.warnings_are_errors)) {
+    flush_results(run.streams);
+    print_message(joined(printable(run.options.folder), ": ", counts_text(counts, false),
+                         ": nothing is packed"));
+    return status_findings;
+  }
+  if (!run.is_complete) {
+    print_message(joined(printable(run.options.folder), ": was changed while it was packed"));
+    return status_failed;
+  }
   return run.before.error == 0 ? status_fine
                                : report_file_error(run.before.failed, run.before.error);
 }
@@ -66,16 +99,10 @@ int create_package(packing& run) {
   return error == 0 ? status_fine : report_file_error(run.options.package, error);
 }
 
-void end_at_a_signal(const packing& run) {
-  if (run.signals.is_waiting()) {
-    throw interruption();
-  }
-}
-
 /// Is told how much of the package is written.
 void see_progress(void* state, std::uint64_t written) {
   auto& run = *static_cast<packing*>(state);
-  end_at_a_signal(run);
+  check_signals(run);
   show_progress(run.streams.progress, written);
 }
 
@@ -104,9 +131,8 @@ int write_package(packing& run) {
                         .watch = {.tell = see_progress, .state = &run}};
   run.streams.progress = begin_progress(run.options.package, expected_size(run), run.streams.quiet);
   std::uint32_t size = 0;
-  const int status = tell_messages(run.streams, run.options.warnings_are_errors, [&] {
-    return append_sections(writer, run.inputs, run.options.vproc, size);
-  });
+  const int status =
+      run_step([&] { return append_sections(writer, run.inputs, run.options.vproc, size); });
   flush_package(writer);
   hide_progress(run.streams.progress);
   if (writer.write_error != 0) {
@@ -127,7 +153,7 @@ int verify_package(packing& run) {
   if (const int error = package.load(temporary); error != 0) {
     return report_file_error(temporary, error);
   }
-  const input_comparison comparison = compare_with_inputs(package, run.inputs);
+  const input_comparison comparison = compare_with_inputs(package, run.inputs, run.records);
   if (comparison.error != 0) {
     return report_file_error(comparison.path, comparison.error);
   }
@@ -136,17 +162,14 @@ int verify_package(packing& run) {
     print_message(joined(printable(changed), ": was changed while it was packed"));
     return status_failed;
   }
-  const verdict_request request{.package = run.options.package,
-                                .vproc = run.options.vproc,
-                                .warnings_are_errors = run.options.warnings_are_errors};
-  if (!is_sound(package, request, run.streams, run.summary)) {
+  if (!is_sound(package, run.options.package, run.options.vproc, run.streams, run.summary)) {
     return status_findings;
   }
   if (!comparison.are_same) {
     print_message(joined(printable(temporary), ": does not hold what was written to it"));
     return status_failed;
   }
-  end_at_a_signal(run);
+  check_signals(run);
   return status_fine;
 }
 
@@ -178,7 +201,8 @@ int put_in_place(packing& run) {
 
 int run_pack(const pack_options& options, console& streams) try {
   packing run(options, streams);
-  for (const auto step : {find_all_inputs, create_package, write_package, verify_package}) {
+  for (const auto step :
+       {find_all_inputs, lint_inputs, create_package, write_package, verify_package}) {
     if (const int status = step(run); status != status_fine) {
       return status;
     }

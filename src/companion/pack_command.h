@@ -16,7 +16,7 @@ struct pack_options {
   bool sync = true;  // wait until the package is on the disk
 };
 
-/// Packs the folder into a temporary file, checks it, compares it with the inputs and only then
+/// Lints the folder. Without errors, packs it into a temporary file, checks that, and only then
 /// renames it to the package's path. Returns the exit status. Unless that is status_fine, the
 /// package is as it was before.
 int run_pack(const pack_options& options, console& streams);

@@ -1,22 +1,21 @@
-// What the parsers say while a folder is packed.
+// What the parsers say when a folder cannot be packed.
 #pragma once
 
-#include <functional>
 #include <string_view>
+#include <utility>
 
 #include "companion/console.h"
 #include "io/message.h"
 
 namespace morvane::companion {
 
-/// Prints the lines of a text as messages on standard error; warnings only when the user did not
-/// ask for quiet. Returns whether there was a warning.
-bool print_messages(const console& streams, std::string_view text);
+/// Prints the lines of a text as messages on standard error.
+void print_messages(std::string_view text);
 
-/// Runs a step of a pack run and prints what it says. Returns status_fine; or status_findings when
-/// it failed, or had a warning and warnings are errors.
+/// Runs a step of a pack run. Returns status_fine; or status_findings when it failed, after what it
+/// said. What else it says is not printed: the linter has told it, with places.
 template <class Step>
-int tell_messages(const console& streams, bool warnings_are_errors, const Step& step) {
+int run_step(const Step& step) {
   std::string text;
   int result = 0;
   {
@@ -24,8 +23,11 @@ int tell_messages(const console& streams, bool warnings_are_errors, const Step& 
     result = step();
     text = std::move(messages.text);
   }
-  const bool warned = print_messages(streams, text);
-  return result != 0 || (warned && warnings_are_errors) ? status_findings : status_fine;
+  if (result == 0) {
+    return status_fine;
+  }
+  print_messages(text);
+  return status_findings;
 }
 
 }  // namespace morvane::companion

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "companion/finding_output.h"
-#include "companion/header_records.h"
 #include "companion/opened_package.h"
+#include "companion/record_digest.h"
 #include "format/build_constants.h"
 
 namespace morvane::companion {
@@ -21,32 +21,12 @@ namespace {
 /// What two threads read images into.
 using image_buffers = std::array<std::vector<std::byte>, 2>;
 
-/// A comparison on its way over the DVIs. The memory is used for one input after the other.
+/// A comparison on its way over the DVIs. The memory is used for one image after the other.
 struct comparing {
   const package_bytes& package;
   morvane_view view{};
-  std::string header{};
   image_buffers buffers{};
 };
-
-/// Reads an input, a regular file, as it is now. Returns 0 or an errno.
-int read_text(const std::string& path, std::string& text) {
-  const readable_file file = open_to_read(path);
-  if (!file.handle.is_open()) {
-    return errno;
-  }
-  text.resize(static_cast<std::size_t>(std::max<std::int64_t>(file.size, 0)));
-  text.resize(read_bytes(file.handle, std::as_writable_bytes(std::span(text))));
-  return 0;
-}
-
-input_comparison compare_header(comparing& run, const morvane_view_dvi& dvi,
-                                const std::string& path, std::int32_t index) {
-  if (const int error = read_text(path, run.header); error != 0) {
-    return {.path = path, .error = error};
-  }
-  return {.are_same = holds_records_of(run.view, dvi, run.header, index)};
-}
 
 /// Compares a part of an image with the same part of its file. The file is read, not mapped: it may
 /// be cut meanwhile.
@@ -100,36 +80,40 @@ bool has_header_of(const morvane_view& view, const pack_inputs& inputs) {
 
 }  // namespace
 
-input_comparison compare_with_inputs(const package_bytes& package, const pack_inputs& inputs) {
+input_comparison compare_with_inputs(const package_bytes& package, const pack_inputs& inputs,
+                                     const record_digests& records) {
   comparing run{.package = package};
   const auto bytes = package.bytes();
   const int opened = morvane_view_open(&run.view, bytes.data(), bytes.size(), nullptr);
-  input_comparison result{.are_same = opened == MORVANE_VIEW_OK && has_header_of(run.view, inputs)};
+  input_comparison result{.are_same = opened == MORVANE_VIEW_OK &&
+                                      has_header_of(run.view, inputs) &&
+                                      records.size() == inputs.dvis.size()};
   morvane_view_dvi dvi{};
   int walk = morvane_view_first(&run.view, &dvi);
   for (std::size_t i = 0; result.are_same && walk == MORVANE_VIEW_OK; ++i) {
-    const input_entry& header = inputs.headers[i];
-    result = compare_header(run, dvi, join_path(inputs.folder, header.name), header.index);
+    result.are_same = record_digest(run.view, dvi) == records[i];
     if (result.are_same) {
       result = compare_image(run, dvi, join_path(inputs.folder, inputs.dvis[i].name));
     }
+    package.release(dvi.block, dvi.dvi_pkg_size);
     walk = morvane_view_next(&run.view, &dvi);
   }
   return result;
 }
 
-bool is_sound(const package_bytes& package, const verdict_request& request, console& streams,
+bool is_sound(const package_bytes& package, const std::string& path, bool vproc, console& streams,
               package_summary& summary) {
   finding_counts counts;
-  const check_scope scope{.vproc =
-                              request.vproc ? vproc_demand::required : vproc_demand::forbidden};
+  const check_scope scope{.vproc = vproc ? vproc_demand::required : vproc_demand::forbidden};
   const auto tell = [&](finding found) {
-    found.file = request.package;
-    count(found, counts);
-    write_finding_line(streams, found);
+    if (level_of(found) == severity::error) {
+      found.file = path;
+      count(found, counts);
+      write_finding_line(streams, found);
+    }
   };
   summary = check_package(package.bytes(), scope, tell, [](std::uint64_t /*done*/) {});
-  return counts.errors == 0 && !(request.warnings_are_errors && counts.warnings > 0);
+  return counts.errors == 0;
 }
 
 }  // namespace morvane::companion

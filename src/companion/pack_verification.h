@@ -5,6 +5,7 @@
 
 #include "companion/check_package.h"
 #include "companion/console.h"
+#include "companion/lint/lint_folder.h"
 #include "companion/package_bytes.h"
 #include "driver/pack_sections.h"
 
@@ -17,18 +18,14 @@ struct input_comparison {
   int error = 0;       // and why, an errno
 };
 
-/// Reads the inputs once more and compares every byte of the package with what they say: the
-/// records with those of the headers, the images with their files. Prints nothing.
-input_comparison compare_with_inputs(const package_bytes& package, const pack_inputs& inputs);
+/// Compares every byte of the package with its inputs: the records with those that the linter read
+/// in the headers, the images with their files, which are read once more. Prints nothing.
+input_comparison compare_with_inputs(const package_bytes& package, const pack_inputs& inputs,
+                                     const record_digests& records);
 
-struct verdict_request {
-  std::string package;  // the path that findings name
-  bool vproc = false;   // whether vproc records were written
-  bool warnings_are_errors = false;
-};
-
-/// Whether the package is sound. Writes the findings and sets the summary.
-bool is_sound(const package_bytes& package, const verdict_request& request, console& streams,
+/// Whether the package is sound. Writes the errors that are found; the linter told the warnings.
+/// Findings name the path; vproc tells whether vproc records were written. Sets the summary.
+bool is_sound(const package_bytes& package, const std::string& path, bool vproc, console& streams,
               package_summary& summary);
 
 }  // namespace morvane::companion

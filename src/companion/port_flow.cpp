@@ -2,7 +2,7 @@
 
 #include <array>
 #include <string>
-#include <utility>
+#include <tuple>
 
 #include "companion/printable_text.h"
 #include "companion/record_rules.h"
@@ -10,31 +10,19 @@
 
 namespace morvane::companion {
 
-namespace {
-
-/// A value that a port hands on unchanged.
-struct flow_value {
-  std::string_view field;
-  std::int64_t value;
-};
-
-std::array<flow_value, 11> flow_values(const morvane_view_port& port) {
-  return {{
-      {"P", port.P},
-      {"D", port.D},
-      {"H", port.H},
-      {"W", port.W},
-      {"dram_format", port.dram_format},
-      {"sign", port.sign},
-      {"datasize", port.datasize},
-      {"expoffset", port.expoffset},
-      {"expbits", port.expbits},
-      {"port_size", port.port_size},
-      {"port_byte_offset", port.port_byte_offset},
-  }};
+std::string flow_differences(const port_flow& input, const port_flow& output) {
+  constexpr std::array<std::string_view, std::tuple_size_v<port_flow>> fields{
+      "P",        "D",         "H",       "W",         "dram_format",     "sign",
+      "datasize", "expoffset", "expbits", "port_size", "port_byte_offset"};
+  std::string text;
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    if (input.at(i) != output.at(i)) {
+      append_pieces(text, text.empty() ? "" : "; ", fields.at(i), " is ", input.at(i), ", not ",
+                    output.at(i));
+    }
+  }
+  return text;
 }
-
-}  // namespace
 
 void remember_output(const morvane_view_port& output, const record_name& name,
                      known_outputs& outputs) {
@@ -46,26 +34,13 @@ const known_output* source_of(const morvane_view_port& input, const known_output
   return input.port_name.length == 0 || output == outputs.end() ? nullptr : &output->second;
 }
 
-std::string flow_differences(const morvane_view_port& input, const morvane_view_port& output) {
-  const auto ours = flow_values(input);
-  const auto theirs = flow_values(output);
-  std::string text;
-  for (std::size_t i = 0; i < ours.size(); ++i) {
-    if (ours.at(i).value != theirs.at(i).value) {
-      append_pieces(text, text.empty() ? "" : "; ", ours.at(i).field, " is ", ours.at(i).value,
-                    ", not ", theirs.at(i).value);
-    }
-  }
-  return text;
-}
-
 void check_input_flow(const morvane_view_port& input, const record_name& name,
                       const known_outputs& outputs, const finding_sink& sink) {
   const known_output* const output = source_of(input, outputs);
   if (output == nullptr) {
     return;
   }
-  const std::string differing = flow_differences(input, output->port);
+  const std::string differing = flow_differences(flow_of(input), flow_of(output->port));
   if (!differing.empty()) {
     tell(sink, kind_of("port-mismatch"), input.offset,
          joined(str(name), " ", quoted(str(input.port_name)), " differs from ", str(output->name),

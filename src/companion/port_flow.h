@@ -3,6 +3,7 @@
 
 #include <morvane/package_view.h>
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -12,6 +13,20 @@
 #include "companion/package_walk.h"
 
 namespace morvane::companion {
+
+/// What a port hands on unchanged: dims, format, size and offset.
+using port_flow = std::array<std::int64_t, 11>;
+
+/// The flow of a port in a package or of a port_desc.
+template <class Port>
+port_flow flow_of(const Port& port) {
+  return {
+      port.P,        port.D,         port.H,       port.W,         port.dram_format,     port.sign,
+      port.datasize, port.expoffset, port.expbits, port.port_size, port.port_byte_offset};
+}
+
+/// In what an input differs from its output: "W is 8, not 16; H is 1, not 2", or nothing.
+std::string flow_differences(const port_flow& input, const port_flow& output);
 
 /// An output, and where it is.
 struct known_output {
@@ -29,10 +44,6 @@ void remember_output(const morvane_view_port& output, const record_name& name,
 /// The output that an input gets its data from, or null. An input without a name gets data from
 /// nowhere.
 const known_output* source_of(const morvane_view_port& input, const known_outputs& outputs);
-
-/// In what an input differs from its output, in dims, format, size or offset: "W is 8, not 16; H is
-/// 1, not 2", or nothing.
-std::string flow_differences(const morvane_view_port& input, const morvane_view_port& output);
 
 /// Tells the sink when an input differs from the known output of its name in dims, format, size or
 /// offset.

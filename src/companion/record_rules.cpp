@@ -84,17 +84,6 @@ void check_name(const placed_text& placed, const finding_sink& sink) {
   check_characters(placed, sink);
 }
 
-/// Why a DAG name cannot be used as a file name; empty when it can.
-std::string_view unsafe_part(std::string_view name) {
-  if (name == "." || name == "..") {
-    return " stands for a folder";
-  }
-  if (name.find('/') != std::string_view::npos) {
-    return " holds a slash";
-  }
-  return holds_control_character(name) ? " holds a control character" : "";
-}
-
 void check_dag_name(const placed_text& placed, const finding_sink& sink) {
   check_end(placed, sink);
   check_not_empty(placed, sink);
@@ -133,6 +122,16 @@ void check_flags(const morvane_view_port& port, const record_name& name, const f
 }
 
 }  // namespace
+
+std::string_view unsafe_part(std::string_view name) {
+  if (name == "." || name == "..") {
+    return " stands for a folder";
+  }
+  if (name.find('/') != std::string_view::npos) {
+    return " holds a slash";
+  }
+  return holds_control_character(name) ? " holds a control character" : "";
+}
 
 void tell(const finding_sink& sink, const finding_kind* kind, std::size_t offset,
           std::string text) {

@@ -44,7 +44,7 @@ void check_parts(const morvane_view_dvi& dvi, const finding_sink& sink) {
 
 void check_dagbin(const morvane_view_dvi& dvi, const finding_sink& sink) {
   const used_range image = image_range(dvi);
-  if (dvi.dvi_dag_vaddr < image.begin || dvi.dvi_dag_vaddr >= image.end) {
+  if (!is_inside(dvi.dvi_dag_vaddr, image)) {
     tell(sink, kind_of("dagbin-outside-image"),
          dvi.offset + offsetof(morvane_dvi_desc, dvi_dag_vaddr),
          joined(str(record_name{.dvi = dvi.position}), ": dvi_dag_vaddr is ", dvi.dvi_dag_vaddr,

@@ -4,14 +4,9 @@
 
 namespace morvane::companion {
 
-namespace {
-
-/// "1 port", "2 ports"
 std::string counted(std::uint64_t number, std::string_view thing) {
   return joined(number, " ", thing, number == 1 ? "" : "s");
 }
-
-}  // namespace
 
 std::string verdict_line(std::string_view path, std::string_view word,
                          const package_summary& summary) {

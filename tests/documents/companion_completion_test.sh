@@ -46,6 +46,9 @@ completes 'check --format s' 'check --format sarif '
 completes 'check --format=j' 'check --format=json '
 completes 'diff net.bin zet' 'diff net.bin zeta\ net.bin '
 completes 'show --di' 'show --digest '
+completes 'lint al' 'lint alpha_folder/'
+completes 'lint --format s' 'lint --format sarif '
+completes 'pack al' 'pack alpha_folder/'
 
 # Every long option that takes no value, of every command.
 morvane --help | sed -n 's/^  \([a-z]*\) .*/\1/p' >commands

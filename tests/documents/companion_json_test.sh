@@ -63,10 +63,20 @@ done
 for change in appeared vanished moved field after_nul bytes; do
   grep -q "\"change\": \"$change\"" differences_*.json || fail "no difference is of the kind $change"
 done
+mkdir lint_folder
+printf 'image' >lint_folder/net.dvi
+printf '#define net_DAG_NAME "\377\1"\n#define net_data_W 0x10\n' >lint_folder/net.h
+number=0
+for folder in "$SOURCE/examples/wake_word" "$SOURCE/examples/mistakes" lint_folder "$PWD" missing; do
+  number=$((number + 1))
+  for format in json sarif; do
+    morvane lint --notes --vproc --format $format "$folder" >check_lint_$number.$format 2>reasons || [ $? -le 2 ]
+  done
+done
 fits "$SOURCE/docs/package.schema.json" "$PWD"/{shown,digests}_*.json || fail "the JSON of show"
-fits "$SOURCE/docs/findings.schema.json" "$PWD"/check_*.json || fail "the JSON of check"
+fits "$SOURCE/docs/findings.schema.json" "$PWD"/check_*.json || fail "the JSON of check and lint"
 fits "$SOURCE/docs/differences.schema.json" "$PWD"/differences_*.json || fail "the JSON of diff"
-fits sarif "$PWD"/check_*.sarif || fail "the SARIF of check"
+fits sarif "$PWD"/check_*.sarif || fail "the SARIF of check and lint"
 
 # The validator does see what is wrong.
 sed 's/"claimed": [0-9]*/"claimed": "much"/' <(morvane show --json -q cut.bin) >bad.json

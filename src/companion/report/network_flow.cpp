@@ -18,7 +18,7 @@ void connect_input(const morvane_view_port& input, const record_name& name,
   }
   connection found{.output = {source->name.dvi, source->name.index},
                    .input = {name.dvi, name.index}};
-  std::string differing = flow_differences(input, source->port);
+  std::string differing = flow_differences(flow_of(input), flow_of(source->port));
   if (!differing.empty()) {
     found.mismatch = static_cast<std::uint32_t>(flow.mismatches.size());
     flow.mismatches.push_back(std::move(differing));

@@ -1,0 +1,58 @@
+// What a C compiler sees of a header, line by line: macros, comments and conditions.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "companion/lint/macro_index.h"
+
+namespace morvane::companion {
+
+/// Whether a compiler takes a line up.
+enum class visibility {
+  seen,
+  in_comment,  // nothing on it stands outside comments
+  continued,   // it is the rest of the line before it, which ends in a backslash
+  left_out,    // a condition leaves it out
+  uncertain    // it depends on a condition that the header alone does not decide
+};
+
+enum class directive { none, define, undef };
+
+/// A line as a compiler sees it. The texts lie in the header, or in the reader until the next line.
+struct c_line {
+  visibility seen = visibility::seen;
+  directive kind = directive::none;
+  std::string_view name{};      // of the macro
+  std::string_view word{};      // the name with all that follows it without white space
+  std::string_view value{};     // what stands for the macro, without comments
+  bool has_parameters = false;  // NAME(...)
+  bool goes_on = false;         // on the next line
+  std::size_t condition = 0;    // the place of the condition, in the header
+};
+
+/// A condition that is open.
+struct c_condition {
+  visibility now;     // of the lines from here on
+  visibility taken;   // seen: a branch was taken; left_out: none yet; uncertain
+  std::size_t place;  // of its first line
+};
+
+/// Reads the lines of a header one after the other.
+struct c_reader {
+  std::string_view header;
+  macro_index& macros;
+  bool in_comment = false;
+  bool in_line_comment = false;  // that a backslash leads on
+  bool in_directive = false;     // the comment or backslash belongs to a directive
+  bool goes_on = false;
+  std::vector<c_condition> conditions{};
+  std::string buffer{};
+};
+
+/// Takes the next line, all lines in their order.
+c_line read_c_line(c_reader& reader, std::string_view line);
+
+}  // namespace morvane::companion

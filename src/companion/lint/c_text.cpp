@@ -1,0 +1,85 @@
+#include "companion/lint/c_text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace morvane::companion {
+
+namespace {
+
+/// The position behind the literal that begins at a position. An open one ends with the line.
+std::size_t end_of_literal(std::string_view text, std::size_t begin) {
+  std::size_t at = begin + 1;
+  while (at < text.size() && text[at] != text[begin]) {
+    at += text[at] == '\\' ? 2U : 1U;
+  }
+  return std::min(at + 1, text.size());
+}
+
+/// A table is faster than the comparisons.
+constexpr std::array<bool, 256> name_characters() {
+  std::array<bool, 256> in_names{};
+  for (std::size_t i = 0; i < in_names.size(); ++i) {
+    in_names.at(i) = is_name_character(static_cast<char>(i));
+  }
+  return in_names;
+}
+
+}  // namespace
+
+std::string_view trimmed(std::string_view text) {
+  while (!text.empty() && is_white(text.front())) {
+    text.remove_prefix(1);
+  }
+  while (!text.empty() && is_white(text.back())) {
+    text.remove_suffix(1);
+  }
+  return text;
+}
+
+std::string_view leading_name(std::string_view text) {
+  static constexpr std::array<bool, 256> in_names = name_characters();
+  std::size_t end = 0;
+  while (end < text.size() && in_names[static_cast<unsigned char>(text[end])]) {
+    ++end;
+  }
+  return is_digit(text.empty() ? '0' : text[0]) ? std::string_view() : text.substr(0, end);
+}
+
+bare_text without_comments(std::string_view text, std::string& buffer) {
+  bare_text bare;
+  std::size_t kept = 0;  // what stands before is in the buffer
+  std::size_t at = 0;
+  buffer.clear();
+  while (at < text.size()) {
+    const char c = text[at];
+    if (c == '"' || c == '\'') {
+      at = end_of_literal(text, at);
+      continue;
+    }
+    const std::string_view sign = text.substr(at, 2);
+    if (c != '/' || (sign != "//" && sign != "/*")) {
+      ++at;
+      continue;
+    }
+    const std::size_t close = sign == "/*" ? text.find("*/", at + 2) : std::string_view::npos;
+    if (close == std::string_view::npos) {
+      bare.end = sign == "/*" ? text_end::open_comment : text_end::line_comment;
+      text = text.substr(0, at);
+      break;
+    }
+    buffer.append(text.substr(kept, at - kept)).append(" ");
+    kept = at = close + 2;
+  }
+  const std::string_view rest = text.substr(kept);
+  if (kept == 0) {
+    bare.text = trimmed(rest);
+  } else if (trimmed(buffer).empty()) {
+    bare.text = trimmed(rest);
+  } else {
+    bare.text = trimmed(buffer.append(rest));
+  }
+  return bare;
+}
+
+}  // namespace morvane::companion

@@ -1,0 +1,23 @@
+#include "companion/lint/comparison.h"
+
+#include "companion/printable_text.h"
+#include "headers/port_descriptions.h"
+
+namespace morvane::companion {
+
+std::span<const std::byte> empty_record(object_kind kind) {
+  static constexpr port_desc port = empty_port();
+  static constexpr dvi_desc others{};  // all 0, and larger than the records of the other kinds
+  const bool is_port = kind == object_kind::input || kind == object_kind::output;
+  return is_port ? std::as_bytes(std::span(&port, 1)) : std::as_bytes(std::span(&others, 1));
+}
+
+std::string block_title(object_kind kind, const described_block& block) {
+  return kind == object_kind::dag ? "the DAG" : joined(name_of(kind), " ", printable(block.name));
+}
+
+std::string line_title(comparison& header, std::size_t place) {
+  return joined("line ", header.lines.line(place));
+}
+
+}  // namespace morvane::companion

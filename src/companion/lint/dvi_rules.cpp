@@ -1,0 +1,104 @@
+#include "companion/lint/dvi_rules.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <limits>
+
+#include "companion/overlaps.h"
+#include "companion/printable_text.h"
+#include "io/file.h"
+
+namespace morvane::companion {
+
+namespace {
+
+/// The place of the last value of a DAG's field; that of the DAG's name if it has none.
+std::size_t place_of_field(const header_reading& reading, std::size_t field, bool& is_given) {
+  const auto& values = reading.of(object_kind::dag).values;
+  const auto last = std::find_if(values.rbegin(), values.rend(), [&](const taken_value& value) {
+    return dag_macros.at(value.row).offset == field;
+  });
+  is_given = last != values.rend();
+  return is_given ? last->place
+                  : static_cast<std::size_t>(reading.dag_name.data() - reading.header.data());
+}
+
+std::string bytes(std::uint64_t count) {
+  return joined(count, count == 1 ? " byte" : " bytes");
+}
+
+}  // namespace
+
+image_file look_at_image(const std::string& path) {
+  const readable_file file = open_to_read(path);
+  if (!file.handle.is_open()) {
+    return {.error = errno};
+  }
+  if (file.size >= 0) {
+    return {.has_size = true, .size = static_cast<std::uint64_t>(file.size)};
+  }
+  const auto status = status_of(file.handle);
+  return {.is_empty = status && (S_ISDIR(status->st_mode) || S_ISFIFO(status->st_mode))};
+}
+
+void judge_image(const header_reading& reading, const image_file& image,
+                 header_findings& findings) {
+  bool is_given = false;
+  const std::size_t place = place_of_field(reading, offsetof(dvi_desc, dvi_img_size), is_given);
+  const std::uint32_t size = reading.dvi.dvi_img_size;
+  const auto add = [&](const finding_kind* kind, std::string text) {
+    findings.push_back({.kind = kind, .place = place, .text = std::move(text)});
+  };
+  if (reading.dag_name.empty() || image.error != 0) {
+    return;
+  }
+  if (size > std::uint32_t{std::numeric_limits<std::int32_t>::max()}) {
+    add(kind_of("negative-image-size"),
+        joined("an image of ", bytes(size), " is too large, at most ",
+               std::numeric_limits<std::int32_t>::max(), " can be packed: nothing is"));
+  } else if ((image.has_size && image.size < size) || (image.is_empty && size > 0)) {
+    add(kind_of("image-too-short"), joined("the image has ", bytes(image.size), ", but ", size,
+                                           " are to be packed: nothing is"));
+  } else if (!is_given) {
+    add(kind_of("no-image-size"), joined("the header has no macro for the size of the image: all ",
+                                         bytes(image.size), " stay out of the package"));
+  } else if (image.has_size && image.size > size) {
+    add(kind_of("image-too-long"),
+        joined("the image has ", bytes(image.size), ", but ", size,
+               " are packed: ", bytes(image.size - size), " at its end stay out"));
+  }
+}
+
+void judge_block(const header_reading& reading, bool with_notes, header_findings& findings) {
+  if (reading.dag_name.empty()) {
+    return;
+  }
+  const dvi_desc& dvi = reading.dvi;
+  bool is_given = false;
+  const std::size_t place = place_of_field(reading, offsetof(dvi_desc, dvi_dag_vaddr), is_given);
+  const std::uint64_t name_place =
+      static_cast<std::size_t>(reading.dag_name.data() - reading.header.data());
+  const used_range image = image_range(0, dvi.dvi_img_vaddr, dvi.dvi_img_size);
+  if (!is_inside(dvi.dvi_dag_vaddr, image)) {
+    findings.push_back({.kind = kind_of("dagbin-outside-image"),
+                        .place = place,
+                        .text = joined("the DAG binary is at ", dvi.dvi_dag_vaddr,
+                                       ", outside the image, which has ", bytes(dvi.dvi_img_size),
+                                       " from ", dvi.dvi_img_vaddr, " on")});
+  }
+  const std::uint64_t ports = std::uint64_t{dvi.input_num} + dvi.output_num;
+  const std::uint64_t whole = dvi.dvi_img_size + ports * sizeof(port_desc);
+  if (whole > std::numeric_limits<std::uint32_t>::max()) {
+    findings.push_back({.kind = kind_of("size-overflow"),
+                        .place = name_place,
+                        .text = joined("the image and the ports have ", bytes(whole),
+                                       ": dvi_pkg_size becomes ", dvi.dvi_pkg_size)});
+  }
+  if (with_notes && ports == 0) {
+    findings.push_back({.kind = kind_of("no-ports"),
+                        .place = name_place,
+                        .text = "the header introduces no input and no output"});
+  }
+}
+
+}  // namespace morvane::companion

@@ -1,0 +1,167 @@
+#include "companion/lint/folder_rules.h"
+
+#include <algorithm>
+#include <map>
+#include <tuple>
+#include <unordered_set>
+
+#include "companion/printable_text.h"
+#include "discovery/file_names.h"
+#include "format/file_naming.h"
+#include "format/length_limits.h"
+#include "io/file.h"
+#include "io/message.h"
+
+namespace morvane::companion {
+
+namespace {
+
+constexpr finding_place whole_file{.line = 1, .column = 1};
+
+struct folder_check {
+  const lint_scope& scope;
+  const finding_sink& sink;
+
+  /// Tells what concerns a file, or the folder itself if the name is empty.
+  void tell(const finding_kind* kind, std::string_view name, std::string text) const {
+    const std::string path = name.empty() ? scope.folder : join_path(scope.folder, name);
+    sink({.kind = kind, .file = path, .place = whole_file, .text = std::move(text)});
+  }
+};
+
+/// An image whose name keeps it out of the package.
+void check_name(const folder_check& check, const std::string& name) {
+  if (lower_case_type(name) != dvi_type) {
+    return;
+  }
+  if (name.size() > file_name_limit.longest) {
+    check.tell(kind_of("file-name-too-long"), name,
+               joined("the name has ", name.size(), " bytes, and at most ", file_name_limit.longest,
+                      " can be packed: the image is left out"));
+    return;
+  }
+  std::int32_t index = 0;
+  if (parse_file_index(name, index) != 0) {
+    check.tell(kind_of("bad-index"), name,
+               "no digit stands before the extension, as _split_ asks for: the image is left out");
+  }
+}
+
+/// "0 is missing", "2 stands twice": why the indices do not fit; empty if nothing stands out.
+std::string index_fault(const std::map<std::int32_t, unsigned>& uses, std::size_t files) {
+  for (std::int32_t i = 0; std::size_t(i) < files; ++i) {
+    if (!uses.contains(i)) {
+      return joined(i, " is missing");
+    }
+  }
+  return {};
+}
+
+/// The index that is missing among those of the files, which are in order; -1 if there is none.
+std::int32_t missing_index(const std::vector<input_entry>& dvis) {
+  std::int32_t expected = 0;
+  for (const input_entry& dvi : dvis) {
+    if (dvi.index > expected) {
+      return expected;
+    }
+    expected = dvi.index == expected ? expected + 1 : expected;
+  }
+  return -1;
+}
+
+void check_disorder(const folder_check& check, const std::vector<input_entry>& dvis) {
+  std::map<std::int32_t, unsigned> uses;
+  for (const input_entry& dvi : dvis) {
+    ++uses[dvi.index];
+  }
+  const std::string fault = index_fault(uses, dvis.size());
+  check.tell(
+      kind_of("disordered-indices"), {},
+      joined("the greatest index is ", uses.rbegin()->first, ", but the images are ", dvis.size(),
+             fault.empty() ? "" : "; index ", fault, ": nothing can be packed"));
+}
+
+/// The DVIs stand in the order of their indices, and those of one index in the order of the folder.
+void check_repetition(const folder_check& check, std::vector<input_entry> dvis) {
+  std::ranges::sort(dvis, {}, [](const input_entry& dvi) { return std::tie(dvi.index, dvi.name); });
+  for (std::size_t i = 1; i < dvis.size(); ++i) {
+    if (dvis[i].index == dvis[i - 1].index) {
+      check.tell(kind_of("repeated-index"), dvis[i].name,
+                 joined("the index is ", dvis[i].index, ", as that of ",
+                        printable(dvis[i - 1].name), ": the order of the two is not defined"));
+    }
+  }
+}
+
+void check_order(const folder_check& check, const std::vector<input_entry>& dvis) {
+  if (std::ranges::adjacent_find(dvis, {}, &input_entry::index) != dvis.end()) {
+    check_repetition(check, dvis);
+  }
+  const std::int32_t missing = missing_index(dvis);
+  if (missing >= 0) {
+    check.tell(kind_of("index-gap"), {},
+               joined("no image has the index ", missing, ", though greater ones are there"));
+  }
+}
+
+void check_pairs(const folder_check& check, const folder_reading& reading,
+                 const std::unordered_set<std::string_view>& names) {
+  for (std::size_t i = 0; i < reading.headers.size(); ++i) {
+    const wanted_header& header = reading.headers[i];
+    if (!header.is_missing) {
+      continue;
+    }
+    const std::string marked = marked_header_name(get_file_stem(reading.dvis[i].name));
+    const std::string_view hint =
+        names.contains(marked)
+            ? ", and headers with an underscore count only if every image has one"
+            : "";
+    check.tell(kind_of("unpaired-image"), reading.dvis[i].name,
+               joined("the header ", printable(header.name), " is missing", hint,
+                      ": nothing can be packed"));
+  }
+}
+
+void note_unused(const folder_check& check, const folder_reading& reading,
+                 const std::vector<std::string>& names) {
+  std::unordered_set<std::string_view> used{".", ".."};
+  for (std::size_t i = 0; i < reading.dvis.size(); ++i) {
+    used.insert(reading.dvis[i].name);
+    used.insert(reading.headers[i].name);
+  }
+  for (const std::string& name : names) {
+    if (!used.contains(name) && lower_case_type(name) != dvi_type) {
+      check.tell(kind_of("unused-file"), name, "the file belongs to no image: it is not read");
+    }
+  }
+}
+
+}  // namespace
+
+folder_reading read_folder(const lint_scope& scope, const finding_sink& sink) {
+  const collected_messages forgotten(false);
+  const folder_check check{.scope = scope, .sink = sink};
+  std::vector<std::string> names = list_folder(scope.folder);
+  std::ranges::sort(names);
+  folder_reading reading;
+  const bool is_ordered = list_input_files(scope.folder, dvi_type, reading.dvis) != 0;
+  reading.headers = find_header_files(scope.folder, reading.dvis);
+  if (reading.dvis.empty()) {
+    check.tell(kind_of("no-images"), {},
+               joined("no file with the extension .", dvi_type, " can be packed"));
+  } else if (!is_ordered) {
+    check_disorder(check, reading.dvis);
+  } else {
+    check_order(check, reading.dvis);
+  }
+  for (const std::string& name : names) {
+    check_name(check, name);
+  }
+  check_pairs(check, reading, {names.begin(), names.end()});
+  if (scope.notes) {
+    note_unused(check, reading, names);
+  }
+  return reading;
+}
+
+}  // namespace morvane::companion

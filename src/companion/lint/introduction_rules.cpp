@@ -1,0 +1,216 @@
+#include "companion/lint/introduction_rules.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "companion/lint/c_text.h"
+#include "companion/lint/value_rules.h"
+#include "companion/printable_text.h"
+#include "companion/record_rules.h"
+#include "format/length_limits.h"
+#include "headers/line_scanner.h"
+
+namespace morvane::companion {
+
+namespace {
+
+std::string_view keyword_of(object_kind kind) {
+  switch (kind) {
+    case object_kind::input:
+      return input_ports.keyword;
+    case object_kind::output:
+      return output_ports.keyword;
+    case object_kind::smb:
+      return smb_keyword;
+    default:
+      return variable_keyword;
+  }
+}
+
+/// What follows a name without white space, up to the next: ":0" of "y:0 */".
+std::string_view glued_rest(std::string_view rest) {
+  std::size_t end = 0;
+  while (end < rest.size() && !is_white(rest[end]) && rest.substr(end, 2) != "*/") {
+    ++end;
+  }
+  return rest.substr(0, end);
+}
+
+/// A name with what stands behind the separator that ends it; the name alone if nothing does.
+std::string_view whole_name(std::string_view name, std::string_view before, std::string_view rest) {
+  if (before.ends_with('"')) {
+    const std::size_t quote = rest.find('"');
+    return {name.data(), name.size() + (quote == std::string_view::npos ? 0 : quote)};
+  }
+  const std::string_view glued = glued_rest(rest);
+  std::string_view word;
+  split_line(glued, macro_delimiters, std::span(&word, 1));
+  return {name.data(), name.size() + (word.empty() ? 0 : glued.size())};
+}
+
+void judge_name(comparison& header, const described_block& block, const std::string& title,
+                std::string_view text) {
+  const auto begin = static_cast<std::size_t>(block.name.data() - text.data());
+  const std::string_view before = text.substr(0, begin);
+  const std::string_view rest = text.substr(begin + block.name.size());
+  const std::size_t place = header.place_of(block.name);
+  if (block.name.ends_with('\r')) {
+    tell(header, kind_of("carriage-return"), place,
+         joined("the line ends in a carriage return, which becomes part of the name: ", title));
+  } else if (std::ranges::any_of(block.name, is_control)) {
+    tell(header, kind_of("control-character"), place,
+         joined("the name of ", title, " holds a control character"));
+  } else if (const std::string_view whole = whole_name(block.name, before, rest);
+             whole != block.name) {
+    tell(header, kind_of("cut-name"), place,
+         joined("the name ", printable(whole), " is cut at a separator: ", title, " is packed"));
+  }
+}
+
+/// A keyword inside a longer word, or in a macro, as in "#define net_HMB_input_num 2".
+void judge_keyword(comparison& header, object_kind kind, const described_block& block,
+                   const c_line& line, std::string_view text, const std::string& title) {
+  if (kind == object_kind::variable && line.kind != directive::define) {
+    return;
+  }
+  const std::string_view keyword = keyword_of(kind);
+  const std::size_t end = text.find(keyword) + keyword.size();
+  const bool is_glued = end < text.size() && is_name_character(text[end]);
+  if (is_glued) {
+    tell(header, kind_of("keyword-in-a-word"), header.place_of(block.name),
+         joined(keyword, " in a longer word introduces a block too: ", title, " is packed"));
+  }
+}
+
+void judge_count(comparison& header, object_kind kind, const described_block& block,
+                 const std::string& title) {
+  if (block.is_counted) {
+    return;
+  }
+  const std::size_t place = header.place_of(block.name);
+  if (kind == object_kind::smb) {
+    tell(header, kind_of("miscounted-vproc"), place,
+         joined(title, " is packed, but its line has a ", variable_keyword,
+                " too and counts as a variable only"));
+  } else if (header.reading.dag_name.empty()) {
+    tell(header, kind_of("miscounted-port"), place,
+         joined(title, " is packed, but not counted, as the header names no DAG"));
+  } else if (block.name.data() < header.reading.dag_name.data() ||
+             header.lines.line(place) ==
+                 header.lines.line(header.place_of(header.reading.dag_name))) {
+    tell(header, kind_of("miscounted-port"), place,
+         joined(title, " is packed, but not counted, as it does not stand below the line that ",
+                "names the DAG, ", line_title(header, header.place_of(header.reading.dag_name))));
+  } else {
+    tell(header, kind_of("miscounted-port"), place,
+         joined(title, " is packed, but its line names an input too and counts as that only"));
+  }
+}
+
+/// What a compiler does not take for a macro, and why.
+std::optional<std::pair<const finding_kind*, std::string_view>> hidden_source(
+    const c_line& line, std::string_view text) {
+  const std::size_t key = text.find(dag_name_macro);
+  if (line.seen == visibility::continued) {
+    return std::pair(kind_of("continued-line"), "the rest of the line before");
+  }
+  if (line.seen == visibility::in_comment || text.find("/*") < key || text.find("//") < key) {
+    return std::pair(kind_of("in-comment"), "a comment");
+  }
+  if (line.seen == visibility::left_out) {
+    return std::pair(kind_of("conditional"), "a line that a condition leaves out");
+  }
+  if (line.kind != directive::define) {
+    return std::pair(kind_of("not-a-define"), "a line without #define");
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+void judge_introduction(comparison& header, object_kind kind, const described_block& block,
+                        const c_line& line, std::string_view text) {
+  const std::string title = block_title(kind, block);
+  judge_count(header, kind, block, title);
+  judge_name(header, block, title, text);
+  judge_keyword(header, kind, block, line, text, title);
+}
+
+void judge_dag_line(comparison& header, const c_line& line, std::string_view text) {
+  const std::string_view name = header.reading.dag_name;
+  const std::size_t place = header.place_of(name);
+  const std::string_view unsafe = unsafe_part(name);
+  if (!unsafe.empty()) {
+    tell(header, kind_of("unsafe-dag-name"), place,
+         joined("the DAG's name ", quoted(name), unsafe));
+  }
+  const std::string end = joined(" is read as the DAG's name: it becomes ", quoted(name));
+  if (const auto source = hidden_source(line, text)) {
+    tell(header, source->first, place, joined(source->second, end));
+    return;
+  }
+  const auto name_end = static_cast<std::size_t>(line.name.data() - text.data()) + line.name.size();
+  const std::size_t key_end = text.find(dag_name_macro) + dag_name_macro.size();
+  if (key_end < name_end) {
+    tell(header, kind_of("longer-macro"), place, joined(printable(line.name), end));
+    return;
+  }
+  if (key_end > name_end) {
+    tell(header, kind_of("two-macros-on-a-line"), place,
+         joined("what stands behind ", printable(line.name), end));
+    return;
+  }
+  if (line.seen == visibility::uncertain) {
+    tell(header, kind_of("conditional"), place,
+         joined(printable(line.name), " depends on the condition on ",
+                line_title(header, line.condition), ", but is read in any case"));
+  }
+  if (line.goes_on) {
+    tell(header, kind_of("continued-line"), place,
+         joined("the name goes on in the next line, which is not read: it becomes ", quoted(name)));
+  } else if (const auto fault = compare_text(line.name, name, line.value, header.macros)) {
+    tell(header, fault->kind, place, fault->text);
+  }
+}
+
+void judge_stops(comparison& header) {
+  for (std::size_t i = 0; i < object_kinds; ++i) {
+    const kind_reading& reading = header.reading.kinds.at(i);
+    if (!reading.is_stopped) {
+      continue;
+    }
+    const auto kind = static_cast<object_kind>(i);
+    const bool is_name = header.place_of(reading.blocks.back().name) == reading.stop;
+    const bool is_port = family_of(kind) == macro_family::port;
+    const length_limit& limit =
+        is_name ? (is_port ? io_name_limit : var_name_limit) : layer_name_limit;
+    const std::size_t length =
+        is_name ? reading.blocks.back().name.size() : std::size_t{reading.values.back().length};
+    tell(header, kind_of("name-too-long"), reading.stop,
+         joined("the ", is_name ? name_of(kind) : "layer", " name has ", length,
+                " bytes, and at most ", limit.longest, " fit: nothing can be packed"));
+  }
+}
+
+void note_defaults(comparison& header, object_kind kind) {
+  const std::size_t next = header.cursor(kind).next_block;
+  if (!header.with_notes || next == 0) {
+    return;
+  }
+  const std::span<const macro_row> macros = macros_of(kind);
+  std::string missing;
+  for (std::size_t i = 0; i < macros.size(); ++i) {
+    if ((header.cursor(kind).taken_rows >> i & 1U) == 0) {
+      append_pieces(missing, missing.empty() ? "" : ", ", macros[i].suffix, " (",
+                    default_value(macros[i], empty_record(kind)), ")");
+    }
+  }
+  const described_block& block = header.reading.of(kind).blocks[next - 1];
+  if (!missing.empty()) {
+    tell(header, kind_of("default-used"), header.place_of(block.name),
+         joined(block_title(kind, block), " has no macro for ", missing));
+  }
+}
+
+}  // namespace morvane::companion

@@ -1,0 +1,36 @@
+#include "companion/lint/lint_command.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "companion/lint/lint_output.h"
+
+namespace morvane::companion {
+
+int run_lint(const lint_options& options, console& streams) {
+  lint_output output = begin_lint(streams, options.format, options.scope);
+  finding_counts counts;
+  progress_line& progress = streams.progress;
+  progress = begin_progress(options.scope.folder, 0, streams.quiet);
+  const auto take = [&](const finding& found) {
+    const bool is_hidden = level_of(found) == severity::note && !options.scope.notes;
+    if (!is_hidden &&
+        std::ranges::find(options.ignored, found.kind->code) == options.ignored.end()) {
+      count(found, counts);
+      write_finding(output, found);
+    }
+  };
+  const int error = lint_folder(
+      options.scope, take,
+      [&](std::size_t done, std::size_t /*all*/) { show_progress(progress, done); }, nullptr);
+  hide_progress(progress);
+  if (error != 0) {
+    return end_failed_lint(output, error);
+  }
+  end_lint(output, counts);
+  const bool is_clean =
+      counts.errors == 0 && (counts.warnings == 0 || !options.warnings_are_errors);
+  return is_clean ? status_fine : status_findings;
+}
+
+}  // namespace morvane::companion

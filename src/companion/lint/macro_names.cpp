@@ -1,0 +1,145 @@
+#include "companion/lint/macro_names.h"
+
+#include <algorithm>
+#include <array>
+
+namespace morvane::companion {
+
+namespace {
+
+std::span<const macro_row> macros_of(macro_family family) {
+  constexpr std::array kinds{object_kind::dag, object_kind::input, object_kind::variable,
+                             object_kind::smb};
+  return companion::macros_of(kinds.at(static_cast<std::size_t>(family)));
+}
+
+/// Removes a prefix and the underscore behind it.
+bool take_prefix(std::string_view& text, std::string_view prefix) {
+  if (text.size() <= prefix.size() || !text.starts_with(prefix) || text[prefix.size()] != '_') {
+    return false;
+  }
+  text.remove_prefix(prefix.size() + 1);
+  return true;
+}
+
+bool is_joined(std::string_view text, std::string_view first, std::string_view second) {
+  return text.size() == first.size() + second.size() && text.starts_with(first) &&
+         text.ends_with(second);
+}
+
+char lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool is_within_two_edits(std::string_view one, std::string_view other, unsigned edits) {
+  while (!one.empty() && !other.empty() && one.front() == other.front()) {
+    one.remove_prefix(1);
+    other.remove_prefix(1);
+  }
+  if (one.empty() || other.empty()) {
+    return one.size() + other.size() <= edits;
+  }
+  return edits > 0 && (is_within_two_edits(one.substr(1), other, edits - 1) ||
+                       is_within_two_edits(one, other.substr(1), edits - 1) ||
+                       is_within_two_edits(one.substr(1), other.substr(1), edits - 1));
+}
+
+}  // namespace
+
+macro_family family_of(object_kind kind) {
+  switch (kind) {
+    case object_kind::dag:
+      return macro_family::dag;
+    case object_kind::variable:
+      return macro_family::variable;
+    case object_kind::smb:
+      return macro_family::smb;
+    default:
+      return macro_family::port;
+  }
+}
+
+bool is_macro_of(std::string_view macro, object_kind kind, std::string_view block,
+                 std::string_view suffix, const macro_prefixes& prefixes) {
+  if (kind == object_kind::dag || kind == object_kind::variable) {
+    return is_joined(macro, block, suffix);
+  }
+  if (prefixes.dag_name.empty()) {
+    return macro.size() > block.size() + suffix.size() && macro.ends_with(suffix) &&
+           macro.substr(0, macro.size() - suffix.size()).ends_with(block);
+  }
+  std::string_view rest = macro;
+  if (take_prefix(rest, prefixes.dag_name) && is_joined(rest, block, suffix)) {
+    return true;
+  }
+  rest = macro;
+  return !prefixes.alias.empty() && take_prefix(rest, prefixes.alias) &&
+         is_joined(rest, block, suffix);
+}
+
+std::string macro_name(object_kind kind, std::string_view block, std::string_view suffix,
+                       const macro_prefixes& prefixes) {
+  std::string name;
+  const bool has_prefix = kind != object_kind::dag && kind != object_kind::variable;
+  if (has_prefix && !prefixes.dag_name.empty()) {
+    name.append(prefixes.alias.empty() ? prefixes.dag_name : prefixes.alias).append("_");
+  }
+  return name.append(block).append(suffix);
+}
+
+macro_parts parts_of(std::string_view macro, macro_family family, const macro_prefixes& prefixes) {
+  macro_parts parts{.family = family};
+  for (const macro_row& row : macros_of(family)) {
+    if (!macro.ends_with(row.suffix)) {
+      continue;
+    }
+    std::string_view rest = macro.substr(0, macro.size() - row.suffix.size());
+    const bool has_prefix = family == macro_family::port || family == macro_family::smb;
+    if (has_prefix && !take_prefix(rest, prefixes.dag_name) &&
+        (prefixes.alias.empty() || !take_prefix(rest, prefixes.alias))) {
+      return parts;
+    }
+    parts.row = &row;
+    parts.block = rest;
+    return parts;
+  }
+  return parts;
+}
+
+block_names::block_names(const header_reading& reading) {
+  std::size_t total = 1;
+  for (const kind_reading& kind : reading.kinds) {
+    total += kind.blocks.size();
+  }
+  all_.reserve(total);
+  all_.push_back({});
+  for (std::size_t kind = 0; kind < object_kinds; ++kind) {
+    const auto of_kind = static_cast<object_kind>(kind);
+    auto& first = first_.at(static_cast<std::size_t>(family_of(of_kind)));
+    const auto& blocks = reading.kinds.at(kind).blocks;
+    for (std::size_t i = 0; i < blocks.size(); ++i) {
+      const auto place = static_cast<std::uint32_t>(all_.size());
+      const auto [known, is_new] = first.try_emplace(blocks[i].name, place);
+      all_.push_back({.kind = of_kind,
+                      .index = static_cast<std::uint32_t>(i),
+                      .next = is_new ? 0 : known->second});
+      known->second = place;
+    }
+  }
+}
+
+bool block_names::is_repeated(macro_family family, std::string_view name) const {
+  const auto& first = first_.at(static_cast<std::size_t>(family));
+  const auto found = first.find(name);
+  return found != first.end() && all_[found->second].next != 0;
+}
+
+bool is_nearly(std::string_view one, std::string_view other) {
+  return is_within_two_edits(one, other, 2) || is_same_but_case(one, other);
+}
+
+bool is_same_but_case(std::string_view one, std::string_view other) {
+  return std::ranges::equal(one, other, [](char a, char b) { return lower(a) == lower(b); });
+}
+
+}  // namespace morvane::companion

@@ -1,0 +1,120 @@
+#include "companion/lint/repeated_macros.h"
+
+#include <algorithm>
+#include <tuple>
+
+#include "companion/lint/value_rules.h"
+#include "companion/printable_text.h"
+
+namespace morvane::companion {
+
+namespace {
+
+using definitions = std::span<const own_definition>;
+
+std::string_view name_of(const comparison& header, const own_definition& definition) {
+  return header.reading.of(definition.kind).blocks[definition.block].name;
+}
+
+std::string macro_of(const comparison& header, const own_definition& definition) {
+  return printable(macro_name(definition.kind, name_of(header, definition), definition.row->suffix,
+                              header.prefixes));
+}
+
+bool is_same(const own_definition& one, const own_definition& other) {
+  return is_same_value(*one.row, one.word, other.word);
+}
+
+/// Each definition that changes the value of the one before.
+void judge_changes(comparison& header, definitions all) {
+  for (std::size_t i = 1; i < all.size(); ++i) {
+    if (!is_same(all[i], all[i - 1])) {
+      tell(header, kind_of("defined-twice"), all[i].place,
+           joined(macro_of(header, all[i]), " is ", packed_value(*all[i].row, all[i].word),
+                  " here, but ", packed_value(*all[i].row, all[i - 1].word), " on ",
+                  line_title(header, all[i - 1].place)));
+    }
+  }
+}
+
+/// The last definition of a macro in a block; null if the block has none.
+const own_definition* last_in(definitions all, object_kind kind, std::uint32_t block) {
+  const own_definition* last = nullptr;
+  for (const own_definition& definition : all) {
+    if (definition.kind == kind && definition.block == block) {
+      last = &definition;
+    }
+  }
+  return last;
+}
+
+/// A block that holds another value than the last definition.
+void judge_block(comparison& header, definitions all, object_kind kind, std::uint32_t index) {
+  const own_definition& last = all.back();
+  const own_definition* const own = last_in(all, kind, index);
+  const described_block& block = header.reading.of(kind).blocks[index];
+  if (own == nullptr) {
+    if (!is_default(*last.row, last.c_value, empty_record(kind))) {
+      tell(header, kind_of("defined-elsewhere"), last.place,
+           joined(macro_of(header, last), " does not stand in the block of ",
+                  block_title(kind, block), " on ", line_title(header, header.place_of(block.name)),
+                  ", which keeps ", default_value(*last.row, empty_record(kind))));
+    }
+  } else if (!is_same(*own, last)) {
+    tell(header, kind_of("defined-twice"), own->place,
+         joined(macro_of(header, last), " is ", packed_value(*last.row, own->word), " in ",
+                block_title(kind, block), ", but ", packed_value(*last.row, last.word), " on ",
+                line_title(header, last.place), ", which C takes"));
+  }
+}
+
+}  // namespace
+
+void remember_definition(comparison& header, const own_definition& definition) {
+  kind_cursor& cursor = header.cursor(definition.kind);
+  const auto row = static_cast<std::size_t>(definition.row - macros_of(definition.kind).data());
+  row_state& state = cursor.rows.at(row);
+  const bool is_second = state.own.row != nullptr;
+  const bool has_many_blocks = cursor.is_repeated;
+  if (is_second && !has_many_blocks && state.replacement.empty() &&
+      is_same(state.own, definition)) {
+    state.own = definition;
+    return;
+  }
+  if (is_second && !has_many_blocks) {
+    header.repeated.push_back(state.own);
+  }
+  if (is_second || has_many_blocks) {
+    header.repeated.push_back(definition);
+  }
+  state = {.own = definition};
+}
+
+void judge_repeated(comparison& header) {
+  std::vector<own_definition>& all = header.repeated;
+  const auto key = [&](const own_definition& d) {
+    return std::tuple(family_of(d.kind), name_of(header, d), d.row, d.place);
+  };
+  std::ranges::sort(all, {}, key);
+  // A definition may be noted twice.
+  const auto same_place = [](const own_definition& a, const own_definition& b) {
+    return a.place == b.place && a.kind == b.kind;
+  };
+  all.erase(std::unique(all.begin(), all.end(), same_place), all.end());
+  for (std::size_t begin = 0, end = 0; begin < all.size(); begin = end) {
+    const own_definition& first = all[begin];
+    while (end < all.size() && all[end].row == first.row &&
+           family_of(all[end].kind) == family_of(first.kind) &&
+           name_of(header, all[end]) == name_of(header, first)) {
+      ++end;
+    }
+    const definitions same = definitions(all).subspan(begin, end - begin);
+    judge_changes(header, same);
+    header.names.for_each(family_of(first.kind), name_of(header, first),
+                          [&](const block_names::entry& block) {
+                            judge_block(header, same, block.kind, block.index);
+                          });
+  }
+}
+
+}  // namespace morvane::companion

@@ -1,0 +1,317 @@
+#include "companion/lint/unread_rules.h"
+
+#include <algorithm>
+#include <array>
+
+#include "companion/lint/c_number.h"
+#include "companion/lint/c_text.h"
+#include "companion/lint/repeated_macros.h"
+#include "companion/lint/value_rules.h"
+#include "companion/printable_text.h"
+#include "headers/dag_descriptions.h"
+
+namespace morvane::companion {
+
+namespace {
+
+/// A macro of a known block, and its line.
+struct unread_macro {
+  const c_line& line;
+  std::string_view text;
+  std::size_t place;  // of the name
+  macro_parts parts;
+};
+
+/// The block of a kind that a parser stands in; null if it stands between blocks.
+const described_block* open_block(comparison& header, object_kind kind, std::size_t place) {
+  const std::size_t next = header.cursor(kind).next_block;
+  if (next == 0) {
+    return nullptr;
+  }
+  const described_block& block = header.reading.of(kind).blocks[next - 1];
+  return place < block.end && header.place_of(block.name) < place ? &block : nullptr;
+}
+
+/// Whether the parser of a kind gave up before a place: what follows was not read by it.
+bool is_behind_stop(const comparison& header, object_kind kind, std::size_t place) {
+  const kind_reading& reading = header.reading.of(kind);
+  return reading.is_stopped && place >= reading.stop;
+}
+
+bool is_empty_text(const unread_macro& macro) {
+  const auto literal = c_string_of(macro.line.value);
+  return macro.parts.row->kind == macro_kind::text && literal && literal->empty();
+}
+
+bool holds_only_separators(const unread_macro& macro) {
+  const bool is_text = macro.parts.row->kind == macro_kind::text;
+  std::string_view word;
+  split_line(macro.line.value, is_text ? layer_name_delimiters : macro_delimiters,
+             std::span(&word, 1));
+  return word.empty();
+}
+
+/// In the own block, or among the DAG's macros.
+void judge_in_block(comparison& header, const unread_macro& macro, object_kind kind,
+                    std::uint32_t index) {
+  const auto row = static_cast<std::size_t>(macro.parts.row - macros_of(kind).data());
+  const row_state& state = header.cursor(kind).rows.at(row);
+  const std::string name = printable(macro.line.name);
+  const bool is_taken = (header.cursor(kind).taken_rows >> row & 1U) != 0;
+  if (is_empty_text(macro)) {
+    if (is_taken && state.own.row != nullptr && !state.own.word.empty()) {
+      tell(header, kind_of("no-value"), macro.place,
+           joined(name, " is empty here, but stays ",
+                  packed_value(*macro.parts.row, state.own.word)));
+      return;
+    }
+    remember_definition(header, {.kind = kind,
+                                 .block = index,
+                                 .row = macro.parts.row,
+                                 .place = macro.place,
+                                 .word = {},
+                                 .c_value = macro.line.value});
+    return;
+  }
+  if (macro.line.value.empty() && !macro.line.goes_on) {
+    const std::string now = is_taken && state.own.row != nullptr
+                                ? packed_value(*macro.parts.row, state.own.word)
+                                : default_value(*macro.parts.row, empty_record(kind));
+    tell(header, kind_of("no-value"), macro.place, joined(name, " has no value: it stays ", now));
+    return;
+  }
+  if (macro.text.find('\0') != std::string_view::npos) {
+    return;  // the NUL was told already
+  }
+  if (holds_only_separators(macro)) {
+    tell(header, kind_of("no-value"), macro.place,
+         joined("the value of ", name, ", ", printable(macro.line.value),
+                ", holds only separators: it is not read"));
+    return;
+  }
+  tell(header, kind_of("two-macros-on-a-line"), macro.place,
+       joined(name, " is not read: something else on its line is read in its place"));
+}
+
+void judge_outside(comparison& header, const unread_macro& macro) {
+  // The last block of the name before the macro, or else the first behind it.
+  object_kind kind{};
+  const described_block* nearest = nullptr;
+  header.names.for_each(
+      macro.parts.family, macro.parts.block, [&](const block_names::entry& entry) {
+        const described_block& block = header.reading.of(entry.kind).blocks[entry.index];
+        const bool is_before = header.place_of(block.name) < macro.place;
+        const bool known_is_before =
+            nearest != nullptr && header.place_of(nearest->name) < macro.place;
+        const bool is_later =
+            nearest != nullptr && header.place_of(block.name) > header.place_of(nearest->name);
+        if (nearest == nullptr || (is_before && (!known_is_before || is_later)) ||
+            (!is_before && !known_is_before && !is_later)) {
+          nearest = &block;
+          kind = entry.kind;
+        }
+      });
+  if (nearest == nullptr || is_behind_stop(header, kind, macro.place)) {
+    return;
+  }
+  const std::string title = block_title(kind, *nearest);
+  const std::string reason =
+      header.place_of(nearest->name) > macro.place
+          ? joined("stands before the block of ", title, ", which begins on ",
+                   line_title(header, header.place_of(nearest->name)))
+          : joined("stands behind the block of ", title, ", which ended on ",
+                   line_title(header, nearest->end));
+  tell(header, kind_of("outside-any-block"), macro.place,
+       joined(printable(macro.line.name), " is not read: it ", reason));
+}
+
+void judge_known_block(comparison& header, const unread_macro& macro) {
+  for (const object_kind kind :
+       {object_kind::input, object_kind::output, object_kind::variable, object_kind::smb}) {
+    const described_block* const open = open_block(header, kind, macro.place);
+    if (family_of(kind) == macro.parts.family && open != nullptr &&
+        open->name == macro.parts.block) {
+      if (!is_behind_stop(header, kind, macro.place)) {
+        judge_in_block(header, macro, kind,
+                       static_cast<std::uint32_t>(header.cursor(kind).next_block - 1));
+      }
+      return;
+    }
+  }
+  judge_outside(header, macro);
+}
+
+void judge_dag_macro(comparison& header, const unread_macro& macro) {
+  if (is_behind_stop(header, object_kind::dag, macro.place)) {
+    return;
+  }
+  const std::size_t named_at = header.place_of(header.reading.dag_name);
+  if (header.lines.line(macro.place) <= header.lines.line(named_at)) {
+    tell(header, kind_of("name-before-dag-name"), macro.place,
+         joined(printable(macro.line.name), " is not read: it stands above the line that names ",
+                "the DAG, ", line_title(header, named_at)));
+    return;
+  }
+  judge_in_block(header, macro, object_kind::dag, 0);
+}
+
+/// Another macro that names a DAG.
+void judge_dag_name(comparison& header, const c_line& line, std::size_t place) {
+  const auto literal = c_string_of(line.value);
+  if (line.value.empty() || (literal && literal->empty())) {
+    tell(header, kind_of("no-value"), place,
+         joined(printable(line.name), " has no value: it names no DAG"));
+  } else if (!header.reading.dag_name.empty()) {
+    tell(header, kind_of("defined-twice"), place,
+         joined(printable(line.name),
+                " is not read: ", line_title(header, header.place_of(header.reading.dag_name)),
+                " names the DAG already, ", quoted(header.reading.dag_name)));
+  }
+}
+
+/// The last block that was introduced before the line, of a family.
+const described_block* block_above(comparison& header, macro_family family, object_kind& kind) {
+  const described_block* last = nullptr;
+  for (const object_kind each :
+       {object_kind::input, object_kind::output, object_kind::variable, object_kind::smb}) {
+    const std::size_t next = header.cursor(each).next_block;
+    if (family_of(each) != family || next == 0) {
+      continue;
+    }
+    const described_block& block = header.reading.of(each).blocks[next - 1];
+    if (last == nullptr || last->name.data() < block.name.data()) {
+      last = &block;
+      kind = each;
+    }
+  }
+  return last;
+}
+
+/// Whether a macro that belongs to nothing is probably meant for the block above it.
+bool judge_misspelling(comparison& header, const c_line& line, std::size_t place) {
+  for (const macro_family family :
+       {macro_family::port, macro_family::variable, macro_family::smb}) {
+    object_kind kind{};
+    const described_block* const block = block_above(header, family, kind);
+    if (block == nullptr) {
+      continue;
+    }
+    for (const macro_row& row : macros_of(kind)) {
+      const std::string meant = macro_name(kind, block->name, row.suffix, header.prefixes);
+      const bool has_suffix = line.name.ends_with(row.suffix);
+      const std::string_view stem =
+          has_suffix ? line.name.substr(0, line.name.size() - row.suffix.size()) : line.name;
+      const std::string_view meant_stem =
+          std::string_view(meant).substr(0, meant.size() - (has_suffix ? row.suffix.size() : 0));
+      const bool is_near = has_suffix ? is_nearly(stem, meant_stem) || stem == block->name
+                                      : is_same_but_case(line.name, meant);
+      if (is_near && stem != meant_stem) {
+        tell(header, kind_of("wrong-name"), place,
+             joined(printable(line.name), " is not read: the block above it is that of ",
+                    block_title(kind, *block), ", whose macro is ", printable(meant)));
+        return true;
+      }
+    }
+  }
+  return false;
+}
+
+/// A macro of the name that stands in the macro that names the DAG, when the DAG has another name.
+bool judge_alias(comparison& header, const c_line& line, std::size_t place) {
+  const std::string_view alias = header.prefixes.alias;
+  const auto is_alias_macro = [&](const macro_row& row) {
+    return !alias.empty() && line.name.size() == alias.size() + row.suffix.size() &&
+           line.name.starts_with(alias) && line.name.ends_with(row.suffix);
+  };
+  const auto macros = macros_of(object_kind::dag);
+  const auto row = std::ranges::find_if(macros, is_alias_macro);
+  if (row == macros.end()) {
+    return false;
+  }
+  tell(header, kind_of("wrong-name"), place,
+       joined(printable(line.name), " is not read: the DAG's name is ",
+              quoted(header.reading.dag_name), ", so its macro is ",
+              printable(std::string(header.reading.dag_name).append(row->suffix))));
+  return true;
+}
+
+/// Whether a compiler's macro begins with the name of the DAG.
+bool is_of_dag(const comparison& header, std::string_view name) {
+  const std::string_view dag = header.prefixes.dag_name;
+  return !dag.empty() && name.size() > dag.size() && name.starts_with(dag) &&
+         name[dag.size()] == '_';
+}
+
+void judge_definition(comparison& header, const c_line& line, std::string_view text) {
+  const std::size_t place = header.place_of(line.name);
+  if (line.name.ends_with(dag_name_macro)) {
+    if (!header.reading.dag_name.empty() && text.data() <= header.reading.dag_name.data() &&
+        header.reading.dag_name.data() < text.data() + text.size()) {
+      return;  // this line names the DAG
+    }
+    judge_dag_name(header, line, place);
+    return;
+  }
+  for (const macro_family family :
+       {macro_family::dag, macro_family::port, macro_family::variable, macro_family::smb}) {
+    const macro_parts parts = parts_of(line.name, family, header.prefixes);
+    if (parts.row == nullptr || !header.names.is_known(family, parts.block)) {
+      continue;
+    }
+    const unread_macro macro{.line = line, .text = text, .place = place, .parts = parts};
+    family == macro_family::dag ? judge_dag_macro(header, macro) : judge_known_block(header, macro);
+    return;
+  }
+  if (judge_alias(header, line, place) || judge_misspelling(header, line, place)) {
+    return;
+  }
+  const bool is_of_smb = !header.with_vproc && line.name.ends_with(smb_macros[0].suffix);
+  if (header.with_notes && is_of_dag(header, line.name) && !is_of_smb) {
+    tell(header, kind_of("unknown-macro"), place,
+         joined(printable(line.name), " belongs to nothing that the header introduces, ",
+                "or has an unknown ending: it is not read"));
+  }
+}
+
+/// Whether the header defines the macro again behind a place.
+bool is_defined_behind(const comparison& header, std::string_view name, std::size_t place) {
+  const std::string_view rest = header.reading.header.substr(place);
+  for (std::size_t at = rest.find(name, name.size()); at != std::string_view::npos;
+       at = rest.find(name, at + 1)) {
+    if (trimmed(rest.substr(0, at)).ends_with("define") &&
+        leading_name(rest.substr(at)).size() == name.size()) {
+      return true;
+    }
+  }
+  return false;
+}
+
+void judge_undefinition(comparison& header, const c_line& line) {
+  const std::size_t place = header.place_of(line.name);
+  for (const macro_family family :
+       {macro_family::dag, macro_family::port, macro_family::variable, macro_family::smb}) {
+    const macro_parts parts = parts_of(line.name, family, header.prefixes);
+    if (parts.row != nullptr && header.names.is_known(family, parts.block) &&
+        !is_defined_behind(header, line.name, place)) {
+      tell(header, kind_of("undefined-macro"), place,
+           joined("#undef is not read: ", printable(line.name), " stays as it is"));
+      return;
+    }
+  }
+}
+
+}  // namespace
+
+void judge_unread(comparison& header, const c_line& line, std::string_view text, bool took_stray) {
+  const bool is_visible = line.seen == visibility::seen || line.seen == visibility::uncertain;
+  if (!is_visible || line.name.empty()) {
+    return;
+  }
+  if (line.kind == directive::undef) {
+    judge_undefinition(header, line);
+  } else if (line.kind == directive::define && !took_stray) {
+    judge_definition(header, line, text);
+  }
+}
+
+}  // namespace morvane::companion

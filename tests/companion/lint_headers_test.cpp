@@ -1,0 +1,213 @@
+// What morvane lint says about what a header introduces, and about its image.
+#include <gtest/gtest.h>
+
+#include "companion/linted_folder.h"
+
+namespace morvane::test {
+namespace {
+
+class LintHeaders : public linted_folder {};
+
+TEST_F(LintHeaders, FindsANameThatIsTooLong) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h", std::string("#define net_DAG_NAME \"net\"\n"
+                                       "#define net_image_size 5\n") +
+                               ("/* net HMB_input " + std::string(512, 'p') + " */\n"));
+  expect_findings(1,
+                  "in/net.h:3:18: error: the input name has 512 bytes, and at most 511 fit: "
+                  "nothing can be packed [name-too-long]\n");
+}
+
+TEST_F(LintHeaders, FindsAHeaderWithoutADagName) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h", "#define net_image_size 5\n");
+  expect_findings(1,
+                  "in/net.h:1:1: error: no line has a value for _DAG_NAME: the DAG gets no name, "
+                  "no image and no counted ports [no-dag-name]\n");
+}
+
+TEST_F(LintHeaders, FindsAnImageThatIsTooShort) {
+  folder.write("in/net.dvi", "imag");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5\n");
+  expect_findings(1,
+                  "in/net.h:2:24: error: the image has 4 bytes, but 5 are to be packed: nothing is "
+                  "[image-too-short]\n");
+}
+
+TEST_F(LintHeaders, FindsAnImageThatIsTooLong) {
+  folder.write("in/net.dvi", "image, more");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5\n");
+  expect_findings(0,
+                  "in/net.h:2:24: warning: the image has 11 bytes, but 5 are packed: 6 bytes at "
+                  "its end stay out [image-too-long]\n");
+}
+
+TEST_F(LintHeaders, FindsAnImageSizeOf31Bits) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 2147483648\n");
+  expect_findings(1,
+                  "in/net.h:2:24: error: an image of 2147483648 bytes is too large, at most "
+                  "2147483647 can be packed: nothing is [negative-image-size]\n");
+}
+
+TEST_F(LintHeaders, FindsAHeaderWithoutAnImageSize) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_dagbin_start 0\n");
+  expect_findings(0,
+                  "in/net.h:1:23: warning: the header has no macro for the size of the image: all "
+                  "5 bytes stay out of the package [no-image-size]\n",
+                  {"--ignore", "dagbin-outside-image"});
+}
+
+TEST_F(LintHeaders, FindsAPortAboveTheDagName) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "/* net HMB_input data */\n"
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5\n");
+  expect_findings(1,
+                  "in/net.h:1:18: error: input data is packed, but not counted, as it does not "
+                  "stand below the line that names the DAG, line 2 [miscounted-port]\n");
+}
+
+TEST_F(LintHeaders, FindsAPortOfBothKinds) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5\n"
+               "/* net HMB_input data HMB_output data */\n");
+  expect_findings(1,
+                  "in/net.h:3:34: error: output data is packed, but its line names an input too "
+                  "and counts as that only [miscounted-port]\n");
+}
+
+TEST_F(LintHeaders, FindsAnSmbBlockOnTheLineOfAVariable) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5\n"
+               "/* $gain SMB_input window */\n");
+  expect_findings(1,
+                  "in/net.h:3:20: error: SMB window is packed, but its line has a $ too and counts "
+                  "as a variable only [miscounted-vproc]\n",
+                  {"--vproc"});
+}
+
+TEST_F(LintHeaders, FindsADagNameOfDots) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define x_DAG_NAME \"..\"\n"
+               "#define .._image_size 5\n");
+  expect_findings(
+      1, "in/net.h:1:21: error: the DAG's name \"..\" stands for a folder [unsafe-dag-name]\n");
+}
+
+TEST_F(LintHeaders, FindsAKeywordInALongerWord) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5\n"
+               "#define net_HMB_inputs 2\n");
+  expect_findings(0,
+                  "in/net.h:3:22: warning: HMB_input in a longer word introduces a block too: "
+                  "input s is packed [keyword-in-a-word]\n");
+}
+
+TEST_F(LintHeaders, FindsALineThatIsTooLong) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h", std::string("#define net_DAG_NAME \"net\"\n"
+                                       "#define net_image_size 5\n") +
+                               ("/*" + std::string(1020, '-') + "*/\n"));
+  expect_findings(0,
+                  "in/net.h:3:1: warning: the line has 1024 bytes, and at most 1023 are read: it "
+                  "is ignored [line-too-long]\n");
+}
+
+TEST_F(LintHeaders, FindsADagBinaryOutsideItsImage) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5\n"
+               "#define net_dagbin_start 5\n");
+  expect_findings(0,
+                  "in/net.h:3:26: warning: the DAG binary is at 5, outside the image, which has 5 "
+                  "bytes from 0 on [dagbin-outside-image]\n");
+}
+
+TEST_F(LintHeaders, FindsAMacroThatIsNotRead) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5\n"
+               "#define net_dagbin_size 2\n");
+  expect_findings(0,
+                  "in/net.h:1:23: note: the DAG has no macro for _use_ping_pong_vmem (0), "
+                  "_image_start (0), _dagbin_start (0) [default-used]\n"
+                  "in/net.h:1:23: note: the header introduces no input and no output [no-ports]\n"
+                  "in/net.h:3:9: note: net_dagbin_size belongs to nothing that the header "
+                  "introduces, or has an unknown ending: it is not read [unknown-macro]\n",
+                  {"--notes"});
+}
+
+TEST_F(LintHeaders, FindsAFieldWithoutAMacro) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5\n"
+               "/* net SMB_input window */\n");
+  expect_findings(0,
+                  "in/net.h:1:23: note: the DAG has no macro for _use_ping_pong_vmem (0), "
+                  "_image_start (0), _dagbin_start (0) [default-used]\n"
+                  "in/net.h:1:23: note: the header introduces no input and no output [no-ports]\n"
+                  "in/net.h:3:18: note: SMB window has no macro for _vbase_byte_offset (0) "
+                  "[default-used]\n",
+                  {"--notes", "--vproc"});
+}
+
+TEST_F(LintHeaders, FindsAHeaderWithoutPorts) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5\n");
+  expect_findings(0,
+                  "in/net.h:1:23: note: the DAG has no macro for _use_ping_pong_vmem (0), "
+                  "_image_start (0), _dagbin_start (0) [default-used]\n"
+                  "in/net.h:1:23: note: the header introduces no input and no output [no-ports]\n",
+                  {"--notes"});
+}
+
+TEST_F(LintHeaders, FindsALastLineWithoutANewline) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5");
+  expect_findings(0,
+                  "in/net.h:1:23: note: the DAG has no macro for _use_ping_pong_vmem (0), "
+                  "_image_start (0), _dagbin_start (0) [default-used]\n"
+                  "in/net.h:1:23: note: the header introduces no input and no output [no-ports]\n"
+                  "in/net.h:2:24: note: the last line does not end in a newline: it is read all "
+                  "the same [no-trailing-newline]\n",
+                  {"--notes"});
+}
+
+TEST_F(LintHeaders, FindsAPortNameWithAControlCharacter) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5\n"
+               "/* net HMB_input a\001b */\n");
+  expect_findings(0,
+                  "in/net.h:3:18: warning: the name of input a\\x01b holds a control character "
+                  "[control-character]\n");
+}
+
+}  // namespace
+}  // namespace morvane::test
