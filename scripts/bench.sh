@@ -20,7 +20,9 @@ for argument in "$@"; do
       pairs=3
       megabytes=8 small_dags=400 few_dags=120 many_dags=1200 many_ports=4000 large_dags=40 starts=20
       ;;
-    [1-9] | 1[0-2] | check | checks | show | report | diff | extract | pack | packs) rows+=("$argument") ;;
+    [1-9] | 1[0-2] | check | checks | show | report | diff | extract | pack | packs | lint | lints | lintw)
+      rows+=("$argument")
+      ;;
     *)
       echo "usage: scripts/bench.sh [--quick] [ROW ...]" >&2
       exit 2
@@ -309,6 +311,39 @@ row_packs() {
   rm -rf small
 }
 
+# check_lint FOLDER: the linter finds nothing in it.
+check_lint() {
+  "$companion" lint --quiet --werror "$1" >report || fail "linting $1: $(head -1 report)"
+}
+
+row_lint() {
+  make_folder small dags="$small_dags" ports=2 image_size=300
+  check_lint small
+  ours=(0 out/report "$companion" lint small)
+  yardstick=(0 out/report "$tool" -d small -f out/net.bin)
+  compare lint "lint $small_dags DAGs" "morvane_gen packs them" "1.5"
+  rm -rf small
+}
+
+row_lints() {
+  make_folder few dags="$few_dags" ports=2 image_size=300
+  make_folder many dags="$many_dags" ports=2 image_size=300
+  check_lint many
+  ours=(0 out/report "$companion" lint many)
+  yardstick=(0 out/report "$companion" lint few)
+  compare lints "lint $many_dags DAGs" "itself, $few_dags DAGs" "11"
+  rm -rf few many
+}
+
+row_lintw() {
+  make_folder wide dags=1 ports="$many_ports" image_size=300
+  check_lint wide
+  ours=(0 out/report "$companion" lint wide)
+  yardstick=(0 out/report "$tool" -d wide -f out/net.bin)
+  compare lintw "lint a header of $many_ports ports" "morvane_gen packs it" "1.5"
+  rm -rf wide
+}
+
 row_extract() {
   pack_images
   "$companion" extract -o - net.bin net_split_1 | cmp - "${images[1]}" || fail "the image differs"
@@ -428,7 +463,7 @@ for row in 1 2 9 11 check diff extract pack; do
   fi
 done
 rm -rf images
-for row in 3 4 5 6 7 8 10 12 checks show report packs; do
+for row in 3 4 5 6 7 8 10 12 checks show report packs lint lints lintw; do
   if wanted "$row"; then
     run_row "$row"
   fi
