@@ -44,15 +44,20 @@ std::string_view defined_name(std::string_view text) {
 }
 
 visibility evaluate(c_reader& reader, std::string_view expression, std::size_t place) {
+  bool is_negated = false;
+  while (expression.starts_with('!')) {
+    is_negated = !is_negated;
+    expression = trimmed(expression.substr(1));
+  }
+  visibility result = visibility::uncertain;
   const c_number number = c_number_of(expression);
-  if (number.is_known) {
-    return branch(number.magnitude != 0);
-  }
-  if (expression.starts_with('!')) {
-    return opposite(evaluate(reader, trimmed(expression.substr(1)), place));
-  }
   const std::string_view name = defined_name(expression);
-  return name.empty() ? visibility::uncertain : is_defined(reader, name, place);
+  if (number.is_known) {
+    result = branch(number.magnitude != 0);
+  } else if (!name.empty()) {
+    result = is_defined(reader, name, place);
+  }
+  return is_negated ? opposite(result) : result;
 }
 
 void open_condition(c_reader& reader, visibility holds, std::size_t place) {

@@ -47,31 +47,39 @@ c_number constant_of(std::string_view text) {
   return number;
 }
 
+/// What is left of an expression without the parentheses around it and the signs that change
+/// nothing.
+std::string_view unwrapped(std::string_view text) {
+  text = trimmed(text);
+  while (!text.empty()) {
+    if (text.front() == '(' && text.back() == ')') {
+      text = trimmed(text.substr(1, text.size() - 2));
+    } else if (text.front() == '+') {
+      text = trimmed(text.substr(1));
+    } else {
+      break;
+    }
+  }
+  return text;
+}
+
+c_number number_without_sign(std::string_view text) {
+  return !text.empty() && is_digit(text.front()) ? constant_of(text) : c_number();
+}
+
 }  // namespace
 
 c_number c_number_of(std::string_view text) {
-  text = trimmed(text);
-  if (text.empty()) {
-    return {};
-  }
-  if (is_digit(text.front())) {
-    return constant_of(text);
-  }
-  if (text.front() == '(' && text.back() == ')') {
-    return c_number_of(text.substr(1, text.size() - 2));
-  }
-  if (text.front() != '-' && text.front() != '+') {
-    return {};
+  text = unwrapped(text);
+  if (!text.starts_with('-')) {
+    return number_without_sign(text);
   }
   // Unsigned constants, as those with a "u" may be and those that are not decimal, stay positive
   // with a sign: their value depends on their type.
-  c_number number = c_number_of(text.substr(1));
-  if (text.front() == '-') {
-    const bool is_plain =
-        std::ranges::all_of(trimmed(text.substr(1)), is_digit) && !number.is_octal;
-    number.is_known = number.is_known && is_plain;
-    number.is_negative = number.magnitude != 0;
-  }
+  const std::string_view rest = trimmed(text.substr(1));
+  c_number number = number_without_sign(unwrapped(rest));
+  number.is_known = number.is_known && std::ranges::all_of(rest, is_digit) && !number.is_octal;
+  number.is_negative = number.magnitude != 0;
   return number;
 }
 

@@ -72,9 +72,7 @@ bare_text without_comments(std::string_view text, std::string& buffer) {
     kept = at = close + 2;
   }
   const std::string_view rest = text.substr(kept);
-  if (kept == 0) {
-    bare.text = trimmed(rest);
-  } else if (trimmed(buffer).empty()) {
+  if (kept == 0 || trimmed(buffer).empty()) {
     bare.text = trimmed(rest);
   } else {
     bare.text = trimmed(buffer.append(rest));
