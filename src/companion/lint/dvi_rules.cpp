@@ -76,8 +76,7 @@ void judge_block(const header_reading& reading, bool with_notes, header_findings
   const dvi_desc& dvi = reading.dvi;
   bool is_given = false;
   const std::size_t place = place_of_field(reading, offsetof(dvi_desc, dvi_dag_vaddr), is_given);
-  const std::uint64_t name_place =
-      static_cast<std::size_t>(reading.dag_name.data() - reading.header.data());
+  const auto name_place = static_cast<std::size_t>(reading.dag_name.data() - reading.header.data());
   const used_range image = image_range(0, dvi.dvi_img_vaddr, dvi.dvi_img_size);
   if (!is_inside(dvi.dvi_dag_vaddr, image)) {
     findings.push_back({.kind = kind_of("dagbin-outside-image"),
