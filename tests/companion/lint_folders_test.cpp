@@ -48,8 +48,8 @@ TEST_F(LintFolders, FindsAnImageWithoutAnIndex) {
                "#define net_image_size 5\n");
   folder.write("in/net_split_.dvi", "image");
   expect_findings(1,
-                  "in/net_split_.dvi:1:1: error: no digit stands before the extension, as _split_ "
-                  "asks for: the image is left out [bad-index]\n");
+                  "in/net_split_.dvi:1:1: error: the name has _split_, but no index before the "
+                  "extension: the image is left out [bad-index]\n");
 }
 
 TEST_F(LintFolders, FindsAnIndexThatIsMissing) {
@@ -61,9 +61,10 @@ TEST_F(LintFolders, FindsAnIndexThatIsMissing) {
   folder.write("in/net_split_2.h",
                "#define b_DAG_NAME \"b\"\n"
                "#define b_image_size 5\n");
-  expect_findings(1,
-                  "in:1:1: error: the greatest index is 2, but the images are 2; index 1 is "
-                  "missing: nothing can be packed [disordered-indices]\n");
+  expect_findings(
+      1,
+      "in:1:1: error: the greatest index is 2, but the number of images is 2; index 1 is "
+      "missing: nothing can be packed [disordered-indices]\n");
 }
 
 TEST_F(LintFolders, FindsAnImageWithALongName) {
@@ -132,7 +133,7 @@ TEST_F(LintFolders, FindsAnIndexThatNoImageHas) {
                "#define b_DAG_NAME \"b\"\n"
                "#define b_image_size 5\n");
   expect_findings(0,
-                  "in:1:1: warning: no image has the index 0, though greater ones are there "
+                  "in:1:1: warning: no image has the index 0, but greater ones exist "
                   "[index-gap]\n",
                   {"--ignore", "repeated-index"});
 }

@@ -42,8 +42,8 @@ TEST_F(LintHeaders, FindsAnImageThatIsTooLong) {
                "#define net_DAG_NAME \"net\"\n"
                "#define net_image_size 5\n");
   expect_findings(0,
-                  "in/net.h:2:24: warning: the image has 11 bytes, but 5 are packed: 6 bytes at "
-                  "its end stay out [image-too-long]\n");
+                  "in/net.h:2:24: warning: the image has 11 bytes, but 5 are packed; left out at "
+                  "its end: 6 bytes [image-too-long]\n");
 }
 
 TEST_F(LintHeaders, FindsAnImageSizeOf31Bits) {
@@ -63,7 +63,7 @@ TEST_F(LintHeaders, FindsAHeaderWithoutAnImageSize) {
                "#define net_dagbin_start 0\n");
   expect_findings(0,
                   "in/net.h:1:23: warning: the header has no macro for the size of the image: all "
-                  "5 bytes stay out of the package [no-image-size]\n",
+                  "5 bytes are left out of the package [no-image-size]\n",
                   {"--ignore", "dagbin-outside-image"});
 }
 
@@ -74,8 +74,8 @@ TEST_F(LintHeaders, FindsAPortAboveTheDagName) {
                "#define net_DAG_NAME \"net\"\n"
                "#define net_image_size 5\n");
   expect_findings(1,
-                  "in/net.h:1:18: error: input data is packed, but not counted, as it does not "
-                  "stand below the line that names the DAG, line 2 [miscounted-port]\n");
+                  "in/net.h:1:18: error: input data is packed, but not counted: it must "
+                  "come after line 2, which names the DAG [miscounted-port]\n");
 }
 
 TEST_F(LintHeaders, FindsAPortOfBothKinds) {
@@ -85,8 +85,8 @@ TEST_F(LintHeaders, FindsAPortOfBothKinds) {
                "#define net_image_size 5\n"
                "/* net HMB_input data HMB_output data */\n");
   expect_findings(1,
-                  "in/net.h:3:34: error: output data is packed, but its line names an input too "
-                  "and counts as that only [miscounted-port]\n");
+                  "in/net.h:3:34: error: output data is packed, but not counted: its line also "
+                  "names an input, and counts only as that [miscounted-port]\n");
 }
 
 TEST_F(LintHeaders, FindsAnSmbBlockOnTheLineOfAVariable) {

@@ -106,7 +106,21 @@ TEST_F(LintMacros, FindsAMacroInOneOfTwoBlocks) {
                "#define net_data_W 40\n"
                "/* net HMB_output data */\n");
   expect_findings(0,
-                  "in/net.h:4:20: warning: net_data_W does not stand in the block of output data "
+                  "in/net.h:4:20: warning: net_data_W is not in the block of output data "
+                  "on line 5, which keeps 0 [defined-elsewhere]\n");
+}
+
+TEST_F(LintMacros, FindsAMacroWithACommentInOneOfTwoBlocks) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5\n"
+               "/* net HMB_input data */\n"
+               "#define net_data_W 40 /* columns */\n"
+               "/* net HMB_output data */\n"
+               "#define net_data_H 0 /* rows */\n");
+  expect_findings(0,
+                  "in/net.h:4:20: warning: net_data_W is not in the block of output data "
                   "on line 5, which keeps 0 [defined-elsewhere]\n");
 }
 
@@ -148,7 +162,7 @@ TEST_F(LintMacros, FindsAMacroBehindAComment) {
                "/* rows */\n"
                "#define net_data_H 49\n");
   expect_findings(0,
-                  "in/net.h:6:9: warning: net_data_H is not read: it stands behind the block of "
+                  "in/net.h:6:9: warning: net_data_H is not read: it comes after the block of "
                   "input data, which ended on line 5 [outside-any-block]\n");
 }
 
@@ -159,8 +173,8 @@ TEST_F(LintMacros, FindsADagMacroAboveTheDagName) {
                "#define net_DAG_NAME \"net\"\n"
                "#define net_image_size 5\n");
   expect_findings(0,
-                  "in/net.h:1:9: warning: net_image_start is not read: it stands above the line "
-                  "that names the DAG, line 2 [name-before-dag-name]\n");
+                  "in/net.h:1:9: warning: net_image_start is not read: it must come after line "
+                  "2, which names the DAG [name-before-dag-name]\n");
 }
 
 TEST_F(LintMacros, FindsAMacroInAComment) {

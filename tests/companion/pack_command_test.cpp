@@ -185,8 +185,8 @@ TEST_F(Pack, RefusesAShortImage) {
 TEST_F(Pack, RefusesAFolderWhoseCountsDisagree) {
   folder.write("in/net.h", std::string("/* net HMB_input early */\n") + header);
   expect_refused({}, 1,
-                 "in/net.h:1:18: error: input early is packed, but not counted, as it does not "
-                 "stand below the line that names the DAG, line 2 [miscounted-port]\n",
+                 "in/net.h:1:18: error: input early is packed, but not counted: it must "
+                 "come after line 2, which names the DAG [miscounted-port]\n",
                  "morvane: in: 1 error, 0 warnings: nothing is packed\n");
 }
 

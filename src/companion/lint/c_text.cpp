@@ -25,6 +25,19 @@ constexpr std::array<bool, 256> name_characters() {
   return in_names;
 }
 
+/// Two pieces of a text with the space between them that a comment is. Uses the buffer only if both
+/// hold something.
+std::string_view join_pieces(std::string_view first, std::string_view second, std::string& buffer) {
+  second = trimmed(second);
+  if (first.empty() || second.empty()) {
+    return first.empty() ? second : first;
+  }
+  if (first.data() != buffer.data()) {
+    buffer = first;
+  }
+  return buffer.append(" ").append(second);
+}
+
 }  // namespace
 
 std::string_view trimmed(std::string_view text) {
@@ -48,9 +61,8 @@ std::string_view leading_name(std::string_view text) {
 
 bare_text without_comments(std::string_view text, std::string& buffer) {
   bare_text bare;
-  std::size_t kept = 0;  // what stands before is in the buffer
+  std::size_t kept = 0;  // where the piece begins that is being read
   std::size_t at = 0;
-  buffer.clear();
   while (at < text.size()) {
     const char c = text[at];
     if (c == '"' || c == '\'') {
@@ -68,15 +80,10 @@ bare_text without_comments(std::string_view text, std::string& buffer) {
       text = text.substr(0, at);
       break;
     }
-    buffer.append(text.substr(kept, at - kept)).append(" ");
+    bare.text = join_pieces(bare.text, text.substr(kept, at - kept), buffer);
     kept = at = close + 2;
   }
-  const std::string_view rest = text.substr(kept);
-  if (kept == 0 || trimmed(buffer).empty()) {
-    bare.text = trimmed(rest);
-  } else {
-    bare.text = trimmed(buffer.append(rest));
-  }
+  bare.text = join_pieces(bare.text, text.substr(kept), buffer);
   return bare;
 }
 

@@ -32,7 +32,7 @@ std::string_view leading_name(std::string_view text);
 enum class text_end { line, open_comment, line_comment };
 
 /// A text without its comments, trimmed. It lies in the text itself, or in the buffer if a comment
-/// stood in its middle. Comment signs in literals are no comments.
+/// was in its middle. Comment signs in literals are no comments.
 struct bare_text {
   std::string_view text;
   text_end end = text_end::line;

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -22,9 +23,9 @@ struct own_definition {
   object_kind kind;
   std::uint32_t block;
   const macro_row* row = nullptr;
-  std::size_t place = 0;    // of the value
-  std::string_view word{};  // the value that the pack run takes
-  std::string_view c_value{};
+  std::size_t place = 0;       // of the value
+  std::string_view word{};     // the value that the pack run takes
+  std::string_view c_value{};  // lies in the header, or in the texts that the comparison keeps
 };
 
 /// The own definition of a row of the block that is being read, and what was taken after it from
@@ -69,6 +70,7 @@ struct comparison {
   std::array<kind_cursor, object_kinds> cursors{};
   /// The definitions of macros that are defined more than once, or for more than one block.
   std::vector<own_definition> repeated{};
+  std::deque<std::string> kept_texts{};  // values whose comments were removed
   header_findings findings{};
   bool has_nul = false;
 

@@ -61,11 +61,11 @@ void judge_image(const header_reading& reading, const image_file& image,
                                            " are to be packed: nothing is"));
   } else if (!is_given) {
     add(kind_of("no-image-size"), joined("the header has no macro for the size of the image: all ",
-                                         bytes(image.size), " stay out of the package"));
+                                         bytes(image.size), " are left out of the package"));
   } else if (image.has_size && image.size > size) {
     add(kind_of("image-too-long"),
         joined("the image has ", bytes(image.size), ", but ", size,
-               " are packed: ", bytes(image.size - size), " at its end stay out"));
+               " are packed; left out at its end: ", bytes(image.size - size)));
   }
 }
 

@@ -43,11 +43,11 @@ void check_name(const folder_check& check, const std::string& name) {
   std::int32_t index = 0;
   if (parse_file_index(name, index) != 0) {
     check.tell(kind_of("bad-index"), name,
-               "no digit stands before the extension, as _split_ asks for: the image is left out");
+               "the name has _split_, but no index before the extension: the image is left out");
   }
 }
 
-/// "0 is missing", "2 stands twice": why the indices do not fit; empty if nothing stands out.
+/// "0 is missing": why the indices do not fit; empty if each is used.
 std::string index_fault(const std::map<std::int32_t, unsigned>& uses, std::size_t files) {
   for (std::int32_t i = 0; std::size_t(i) < files; ++i) {
     if (!uses.contains(i)) {
@@ -77,11 +77,11 @@ void check_disorder(const folder_check& check, const std::vector<input_entry>& d
   const std::string fault = index_fault(uses, dvis.size());
   check.tell(
       kind_of("disordered-indices"), {},
-      joined("the greatest index is ", uses.rbegin()->first, ", but the images are ", dvis.size(),
-             fault.empty() ? "" : "; index ", fault, ": nothing can be packed"));
+      joined("the greatest index is ", uses.rbegin()->first, ", but the number of images is ",
+             dvis.size(), fault.empty() ? "" : "; index ", fault, ": nothing can be packed"));
 }
 
-/// The DVIs stand in the order of their indices, and those of one index in the order of the folder.
+/// The DVIs are in the order of their indices, and those of one index in the order of the folder.
 void check_repetition(const folder_check& check, std::vector<input_entry> dvis) {
   std::ranges::sort(dvis, {}, [](const input_entry& dvi) { return std::tie(dvi.index, dvi.name); });
   for (std::size_t i = 1; i < dvis.size(); ++i) {
@@ -100,7 +100,7 @@ void check_order(const folder_check& check, const std::vector<input_entry>& dvis
   const std::int32_t missing = missing_index(dvis);
   if (missing >= 0) {
     check.tell(kind_of("index-gap"), {},
-               joined("no image has the index ", missing, ", though greater ones are there"));
+               joined("no image has the index ", missing, ", but greater ones exist"));
   }
 }
 

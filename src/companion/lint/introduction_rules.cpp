@@ -37,7 +37,7 @@ std::string_view glued_rest(std::string_view rest) {
   return rest.substr(0, end);
 }
 
-/// A name with what stands behind the separator that ends it; the name alone if nothing does.
+/// A name with what follows the separator that ends it; the name alone if nothing does.
 std::string_view whole_name(std::string_view name, std::string_view before, std::string_view rest) {
   if (before.ends_with('"')) {
     const std::size_t quote = rest.find('"');
@@ -95,16 +95,19 @@ void judge_count(comparison& header, object_kind kind, const described_block& bl
                 " too and counts as a variable only"));
   } else if (header.reading.dag_name.empty()) {
     tell(header, kind_of("miscounted-port"), place,
-         joined(title, " is packed, but not counted, as the header names no DAG"));
+         joined(title, " is packed, but not counted: the header names no DAG"));
   } else if (block.name.data() < header.reading.dag_name.data() ||
              header.lines.line(place) ==
                  header.lines.line(header.place_of(header.reading.dag_name))) {
     tell(header, kind_of("miscounted-port"), place,
-         joined(title, " is packed, but not counted, as it does not stand below the line that ",
-                "names the DAG, ", line_title(header, header.place_of(header.reading.dag_name))));
+         joined(title, " is packed, but not counted: it must come after ",
+                line_title(header, header.place_of(header.reading.dag_name)),
+                ", which names the DAG"));
   } else {
     tell(header, kind_of("miscounted-port"), place,
-         joined(title, " is packed, but its line names an input too and counts as that only"));
+         joined(
+             title,
+             " is packed, but not counted: its line also names an input, and counts only as that"));
   }
 }
 
@@ -158,7 +161,7 @@ void judge_dag_line(comparison& header, const c_line& line, std::string_view tex
   }
   if (key_end > name_end) {
     tell(header, kind_of("two-macros-on-a-line"), place,
-         joined("what stands behind ", printable(line.name), end));
+         joined("what comes after ", printable(line.name), end));
     return;
   }
   if (line.seen == visibility::uncertain) {

@@ -228,7 +228,7 @@ int lint_folder(const lint_scope& scope, const finding_sink& sink, const dvi_pro
           .file = scope.folder,
           .place = whole_file,
           .text = joined("the package has ", run.package_size,
-                         " bytes: its size is told modulo 2^32")});
+                         " bytes: its size is printed modulo 2^32")});
   }
   return 0;
 }

@@ -1,6 +1,7 @@
 #include "companion/lint/repeated_macros.h"
 
 #include <algorithm>
+#include <functional>
 #include <tuple>
 
 #include "companion/lint/value_rules.h"
@@ -56,9 +57,9 @@ void judge_block(comparison& header, definitions all, object_kind kind, std::uin
   if (own == nullptr) {
     if (!is_default(*last.row, last.c_value, empty_record(kind))) {
       tell(header, kind_of("defined-elsewhere"), last.place,
-           joined(macro_of(header, last), " does not stand in the block of ",
-                  block_title(kind, block), " on ", line_title(header, header.place_of(block.name)),
-                  ", which keeps ", default_value(*last.row, empty_record(kind))));
+           joined(macro_of(header, last), " is not in the block of ", block_title(kind, block),
+                  " on ", line_title(header, header.place_of(block.name)), ", which keeps ",
+                  default_value(*last.row, empty_record(kind))));
     }
   } else if (!is_same(*own, last)) {
     tell(header, kind_of("defined-twice"), own->place,
@@ -68,9 +69,18 @@ void judge_block(comparison& header, definitions all, object_kind kind, std::uin
   }
 }
 
+/// A text that is still there when the next line is read: a value without its comments is not.
+std::string_view lasting(comparison& header, std::string_view text) {
+  const std::string_view all = header.reading.header;
+  const bool is_in_header = std::less_equal<>()(all.data(), text.data()) &&
+                            std::less_equal<>()(text.data(), all.data() + all.size());
+  return is_in_header || text.empty() ? text : header.kept_texts.emplace_back(text);
+}
+
 }  // namespace
 
-void remember_definition(comparison& header, const own_definition& definition) {
+void remember_definition(comparison& header, own_definition definition) {
+  definition.c_value = lasting(header, definition.c_value);
   kind_cursor& cursor = header.cursor(definition.kind);
   const auto row = static_cast<std::size_t>(definition.row - macros_of(definition.kind).data());
   row_state& state = cursor.rows.at(row);

@@ -22,7 +22,7 @@ struct unread_macro {
   macro_parts parts;
 };
 
-/// The block of a kind that a parser stands in; null if it stands between blocks.
+/// The block of a kind that a parser is in; null between blocks.
 const described_block* open_block(comparison& header, object_kind kind, std::size_t place) {
   const std::size_t next = header.cursor(kind).next_block;
   if (next == 0) {
@@ -115,12 +115,11 @@ void judge_outside(comparison& header, const unread_macro& macro) {
     return;
   }
   const std::string title = block_title(kind, *nearest);
-  const std::string reason =
-      header.place_of(nearest->name) > macro.place
-          ? joined("stands before the block of ", title, ", which begins on ",
-                   line_title(header, header.place_of(nearest->name)))
-          : joined("stands behind the block of ", title, ", which ended on ",
-                   line_title(header, nearest->end));
+  const std::string reason = header.place_of(nearest->name) > macro.place
+                                 ? joined("comes before the block of ", title, ", which begins on ",
+                                          line_title(header, header.place_of(nearest->name)))
+                                 : joined("comes after the block of ", title, ", which ended on ",
+                                          line_title(header, nearest->end));
   tell(header, kind_of("outside-any-block"), macro.place,
        joined(printable(macro.line.name), " is not read: it ", reason));
 }
@@ -148,8 +147,8 @@ void judge_dag_macro(comparison& header, const unread_macro& macro) {
   const std::size_t named_at = header.place_of(header.reading.dag_name);
   if (header.lines.line(macro.place) <= header.lines.line(named_at)) {
     tell(header, kind_of("name-before-dag-name"), macro.place,
-         joined(printable(macro.line.name), " is not read: it stands above the line that names ",
-                "the DAG, ", line_title(header, named_at)));
+         joined(printable(macro.line.name), " is not read: it must come after ",
+                line_title(header, named_at), ", which names the DAG"));
     return;
   }
   judge_in_block(header, macro, object_kind::dag, 0);
