@@ -121,7 +121,7 @@ mistaken_folder make_folder(random_numbers& random, bool is_clean) {
     const std::string file = i == 0 && dags > 1 && !is_clean && one_in(random, 20)
                                  ? "net_first_split_1"
                                  : "net_split_" + number;
-    const std::string dag = !is_clean && one_in(random, 12) ? "net" : "net_" + number;
+    const std::string dag = !is_clean && one_in(random, 8) ? "net" : "net_" + number;
     const std::size_t image_size = 1 + below(random, 200);
     const std::size_t claimed_size = is_huge ? 0x7FFFFFFF : image_size;
     header_lines header = make_header(dag, claimed_size, random, is_clean);

@@ -81,7 +81,7 @@ void follow_port(folder_run& run, std::uint32_t position, object_kind kind, std:
 /// The record of a sink, which is one of a kind.
 template <class Record>
 Record record_of(std::span<const std::byte> bytes) {
-  Record record;
+  Record record{};
   std::memcpy(&record, bytes.data(), sizeof record);
   return record;
 }

@@ -12,7 +12,7 @@ namespace morvane::companion {
 
 /// What is written to, and how.
 struct lint_output {
-  finding_format format;
+  finding_format format = finding_format::text;
   const lint_scope& scope;
   json_writer json;
 };

@@ -31,17 +31,38 @@ char lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-bool is_within_two_edits(std::string_view one, std::string_view other, unsigned edits) {
-  while (!one.empty() && !other.empty() && one.front() == other.front()) {
-    one.remove_prefix(1);
-    other.remove_prefix(1);
+/// What is left of two texts behind what they share, and how many edits are left for it.
+struct two_rests {
+  std::string_view one{};
+  std::string_view other{};
+  unsigned edits = 0;
+};
+
+/// Whether the rests are the same except for letters that their edits add or leave out.
+bool is_matched(two_rests& rests) {
+  while (!rests.one.empty() && !rests.other.empty() && rests.one.front() == rests.other.front()) {
+    rests.one.remove_prefix(1);
+    rests.other.remove_prefix(1);
   }
-  if (one.empty() || other.empty()) {
-    return one.size() + other.size() <= edits;
+  return std::min(rests.one.size(), rests.other.size()) == 0 &&
+         rests.one.size() + rests.other.size() <= rests.edits;
+}
+
+bool is_within_two_edits(std::string_view one, std::string_view other) {
+  std::array<two_rests, 1 + 3 + 9> all{two_rests{.one = one, .other = other, .edits = 2}};
+  std::size_t known = 1;
+  for (std::size_t i = 0; i < known; ++i) {
+    if (is_matched(all.at(i))) {
+      return true;
+    }
+    const two_rests& now = all.at(i);
+    if (now.edits > 0 && !now.one.empty() && !now.other.empty()) {
+      all.at(known++) = {now.one.substr(1), now.other, now.edits - 1};
+      all.at(known++) = {now.one, now.other.substr(1), now.edits - 1};
+      all.at(known++) = {now.one.substr(1), now.other.substr(1), now.edits - 1};
+    }
   }
-  return edits > 0 && (is_within_two_edits(one.substr(1), other, edits - 1) ||
-                       is_within_two_edits(one, other.substr(1), edits - 1) ||
-                       is_within_two_edits(one.substr(1), other.substr(1), edits - 1));
+  return false;
 }
 
 }  // namespace
@@ -135,7 +156,7 @@ bool block_names::is_repeated(macro_family family, std::string_view name) const 
 }
 
 bool is_nearly(std::string_view one, std::string_view other) {
-  return is_within_two_edits(one, other, 2) || is_same_but_case(one, other);
+  return is_within_two_edits(one, other) || is_same_but_case(one, other);
 }
 
 bool is_same_but_case(std::string_view one, std::string_view other) {
