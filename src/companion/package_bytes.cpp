@@ -109,21 +109,18 @@ int package_bytes::load(const std::string& path) {
     return errno;
   }
   package_bytes loaded;
-  if (S_ISREG(status.st_mode) && status.st_size > 0) {
-    const auto size = static_cast<std::size_t>(status.st_size);
-    void* const mapped = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file.descriptor(), 0);
-    if (mapped != MAP_FAILED) {
-      loaded.data_ = static_cast<const std::uint8_t*>(mapped);
-      loaded.size_ = size;
-      loaded.is_mapped_ = true;
-      loaded.file_ = std::move(file);
-    }
-  }
-  if (!loaded.is_mapped_) {
-    const int error = read_to_end(file, loaded.read_);
-    if (error != 0) {
-      return error;
-    }
+  const auto size = static_cast<std::size_t>(status.st_size);
+  void* const mapped = S_ISREG(status.st_mode) && size > 0
+                           ? ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file.descriptor(), 0)
+                           : MAP_FAILED;
+  if (mapped != MAP_FAILED) {
+    loaded.data_ = static_cast<const std::uint8_t*>(mapped);
+    loaded.size_ = size;
+    loaded.is_mapped_ = true;
+    loaded.file_ = std::move(file);
+  } else if (const int error = read_to_end(file, loaded.read_); error != 0) {
+    return error;
+  } else {
     loaded.data_ = loaded.read_.data();
     loaded.size_ = loaded.read_.size();
   }

@@ -23,6 +23,7 @@ void append_piece(std::string& page, row_link piece) {
 
 void write_bar(const std::vector<file_part>& parts, page_output& out) {
   std::vector<std::uint64_t> sizes;
+  sizes.reserve(parts.size());
   for (const file_part& part : parts) {
     sizes.push_back(part.size);
   }

@@ -15,6 +15,7 @@ namespace morvane::companion {
 struct port_place {
   std::uint32_t dvi = 0;
   std::uint32_t index = 0;
+  // NOLINTNEXTLINE(modernize-use-nullptr): the check takes a comparison with 0 for a pointer
   auto operator<=>(const port_place&) const = default;
 };
 

@@ -23,6 +23,7 @@ folded_axis port_axis(const morvane_view& view) {
 /// The bytes that two ports share, each stretch of them once.
 std::vector<used_range> shared_bytes(const std::vector<overlap>& overlaps) {
   std::vector<used_range> parts;
+  parts.reserve(overlaps.size());
   for (const overlap& both : overlaps) {
     parts.push_back(shared_part(both));
   }

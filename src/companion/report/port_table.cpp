@@ -41,6 +41,7 @@ struct port_rows {
 std::vector<std::uint32_t> partners_of(const morvane_view& view, const morvane_view_dvi& dvi) {
   const std::vector<used_range> ranges = port_ranges(view, dvi);
   std::vector<std::uint32_t> partners;
+  partners.reserve(ranges.size());
   for (const used_range& range : ranges) {
     partners.push_back(range.owner);
   }
