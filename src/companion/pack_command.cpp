@@ -3,11 +3,13 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <string_view>
 #include <vector>
 
 #include "companion/depfile.h"
+#include "companion/described_package.h"
 #include "companion/finding_output.h"
 #include "companion/held_signals.h"
 #include "companion/input_states.h"
@@ -38,7 +40,7 @@ struct packing {
   bool is_complete = false;          // whether the inputs were found
   std::vector<std::string> paths{};  // of the inputs
   file_states before{};              // what the inputs were like at the begin
-  record_digests records{};
+  described_dvis described{};        // what the linter read in the headers
   replacement_file package{};
   package_summary summary{};
 };
@@ -71,7 +73,7 @@ int lint_inputs(packing& run) {
   const lint_scope scope{.folder = run.options.folder, .vproc = run.options.vproc};
   const int error = lint_folder(
       scope, take, [&](std::size_t /*done*/, std::size_t /*all*/) { check_signals(run); },
-      &run.records);
+      &run.described);
   if (error != 0) {
     return report_file_error(run.options.folder, error);
   }
@@ -81,7 +83,7 @@ int lint_inputs(packing& run) {
                          ": nothing is packed"));
     return status_findings;
   }
-  if (!run.is_complete) {
+  if (!run.is_complete || run.described.size() != run.inputs.dvis.size()) {
     print_message(joined(printable(run.options.folder), ": was changed while it was packed"));
     return status_failed;
   }
@@ -91,7 +93,8 @@ int lint_inputs(packing& run) {
 
 int create_package(packing& run) {
   const auto existing = identity_at(run.options.package);
-  if (existing && is_input(*existing, run.inputs)) {
+  if (existing && std::ranges::find(run.before.states, *existing, &file_state::identity) !=
+                      run.before.states.end()) {
     print_message(joined(printable(run.options.package), ": is one of the files to pack"));
     return status_failed;
   }
@@ -130,9 +133,8 @@ int write_package(packing& run) {
   package_writer writer{.file = file_handle(::dup(run.package.descriptor())),
                         .watch = {.tell = see_progress, .state = &run}};
   run.streams.progress = begin_progress(run.options.package, expected_size(run), run.streams.quiet);
-  std::uint32_t size = 0;
-  const int status =
-      run_step([&] { return append_sections(writer, run.inputs, run.options.vproc, size); });
+  const int status = run_step(
+      [&] { return append_described(writer, run.inputs, run.described, run.options.vproc); });
   flush_package(writer);
   hide_progress(run.streams.progress);
   if (writer.write_error != 0) {
@@ -153,7 +155,7 @@ int verify_package(packing& run) {
   if (const int error = package.load(temporary); error != 0) {
     return report_file_error(temporary, error);
   }
-  const input_comparison comparison = compare_with_inputs(package, run.inputs, run.records);
+  const input_comparison comparison = compare_with_inputs(package, run.inputs, run.described);
   if (comparison.error != 0) {
     return report_file_error(comparison.path, comparison.error);
   }

@@ -5,7 +5,7 @@
 
 #include "companion/check_package.h"
 #include "companion/console.h"
-#include "companion/lint/lint_folder.h"
+#include "companion/described_dvi.h"
 #include "companion/package_bytes.h"
 #include "driver/pack_sections.h"
 
@@ -21,7 +21,7 @@ struct input_comparison {
 /// Compares every byte of the package with its inputs: the records with those that the linter read
 /// in the headers, the images with their files, which are read once more. Prints nothing.
 input_comparison compare_with_inputs(const package_bytes& package, const pack_inputs& inputs,
-                                     const record_digests& records);
+                                     const described_dvis& described);
 
 /// Whether the package is sound. Writes the errors that are found; the linter told the warnings.
 /// Findings name the path; vproc tells whether vproc records were written. Sets the summary.

@@ -106,19 +106,23 @@ int find_inputs(pack_inputs& inputs, bool vproc) {
   return 0;
 }
 
-int append_sections(package_writer& package, const pack_inputs& inputs, bool vproc,
-                    std::uint32_t& size) {
+void append_header(package_writer& package, std::size_t dvi_count) {
   const pkg_header header{.version = version_word,
                           .HASH = revision_hash(),
-                          .dvi_num = static_cast<std::uint32_t>(inputs.dvis.size())};
+                          .dvi_num = static_cast<std::uint32_t>(dvi_count)};
   append_records(package, std::vector{header});
+}
+
+int append_sections(package_writer& package, const pack_inputs& inputs, bool vproc,
+                    std::uint32_t& size) {
+  append_header(package, inputs.dvis.size());
   std::vector<dvi_desc> dvis;
   const int status = parse_dag_descriptions(dvis, inputs.folder, inputs.headers);
   append_records_or_warn(package, dvis, "DVI descriptions in ", inputs.folder);
   if (status != 0) {
     return -1;
   }
-  size = static_cast<std::uint32_t>(sizeof header) + declared_size(dvis);
+  size = static_cast<std::uint32_t>(sizeof(pkg_header)) + declared_size(dvis);
   if (append_dvi_blocks(package, inputs, dvis, size) != 0) {
     return -1;
   }

@@ -27,6 +27,11 @@ std::span<std::byte> bytes_of(Record& record) {
   static_assert(std::is_trivially_copyable_v<Record>);
   return std::as_writable_bytes(std::span(&record, 1));
 }
+template <class Record>
+std::span<const std::byte> bytes_of(const Record& record) {
+  static_assert(std::is_trivially_copyable_v<Record>);
+  return std::as_bytes(std::span(&record, 1));
+}
 
 /// The text of a record's field: up to the first NUL, or the whole field if it has none.
 inline std::string_view text_of(std::span<const char> field) {

@@ -24,7 +24,7 @@ constexpr auto smb_lines = in_line_order(smb_macros);
 template <class Record>
 void append_macro_lines(std::string& lines, std::string_view prefix,
                         std::span<const macro_row> macros, const Record& record) {
-  const auto bytes = std::as_bytes(std::span(&record, 1));
+  const auto bytes = bytes_of(record);
   for (const macro_row& row : macros) {
     if (row.kind == macro_kind::text) {
       append_define_line(lines, prefix, row.suffix, load_text(bytes, row), true);

@@ -9,7 +9,7 @@ std::span<const std::byte> empty_record(object_kind kind) {
   static constexpr port_desc port = empty_port();
   static constexpr dvi_desc others{};  // all 0, and larger than the records of the other kinds
   const bool is_port = kind == object_kind::input || kind == object_kind::output;
-  return is_port ? std::as_bytes(std::span(&port, 1)) : std::as_bytes(std::span(&others, 1));
+  return is_port ? bytes_of(port) : bytes_of(others);
 }
 
 std::string block_title(object_kind kind, const described_block& block) {

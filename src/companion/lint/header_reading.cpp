@@ -139,7 +139,6 @@ header_reading read_header(std::string_view header, bool vproc, std::int32_t ind
   note_stop(told, dag, read_dag_fields(reading.dvi, header, told));
   reading.dag_name = dag.blocks.empty() ? std::string_view() : dag.blocks[0].name;
   complete_dag_description(reading.dvi, index, position);
-  sink(object_kind::dag, reading.dag_name, bytes_of(reading.dvi));
   read_kind(reading, object_kind::input, port_blocks(input_ports), empty_port(), told.counted,
             sink);
   read_kind(reading, object_kind::output, port_blocks(output_ports), empty_port(),
@@ -147,8 +146,7 @@ header_reading read_header(std::string_view header, bool vproc, std::int32_t ind
   if (vproc) {
     kind_reading& counts = reading.kinds.at(static_cast<std::size_t>(object_kind::variable));
     recorder counter{.header = header, .macros = variable_macros, .reading = counts};
-    const vproc_desc vproc_record = count_vproc_records(header, counter);
-    sink(object_kind::dag, {}, std::as_bytes(std::span(&vproc_record, 1)));
+    reading.vproc = count_vproc_records(header, counter);
     read_kind(reading, object_kind::variable, variable_blocks, var_desc{}, counter.counted, sink);
     read_kind(reading, object_kind::smb, smb_blocks, smb_desc{}, counter.counted_other, sink);
   }

@@ -53,6 +53,7 @@ struct kind_reading {
 struct header_reading {
   std::string_view header;
   dvi_desc dvi{};
+  vproc_desc vproc{};  // if the vproc records are read
   std::string_view dag_name{};  // empty if there is none
   std::array<kind_reading, object_kinds> kinds{};
 
@@ -61,8 +62,8 @@ struct header_reading {
   }
 };
 
-/// Takes the records of a header in the order of the package, each with the name of its block as it
-/// stands in the header.
+/// Takes the records of a header's blocks in the order of the package, each with the name of its
+/// block, which lies in the header.
 using record_sink =
     std::function<void(object_kind kind, std::string_view name, std::span<const std::byte> record)>;
 

@@ -6,15 +6,13 @@
 #include <cerrno>
 #include <cstring>
 #include <limits>
-#include <memory>
-#include <optional>
 #include <unordered_map>
 
-#include "companion/digest.h"
 #include "companion/lint/compare_header.h"
 #include "companion/lint/dvi_rules.h"
 #include "companion/lint/folder_rules.h"
 #include "companion/lint/line_index.h"
+#include "companion/lint/macro_names.h"
 #include "companion/lint/memory_plan.h"
 #include "companion/overlaps.h"
 #include "companion/port_flow.h"
@@ -164,8 +162,15 @@ void add_package_size(folder_run& run, const header_reading& reading) {
   }
 }
 
-/// Reads a header and looks at its image. Returns the digest of the records.
-std::string lint_dvi(folder_run& run, std::uint32_t position, bool with_digest) {
+/// Takes up a record of a block, in the order of the package.
+void take_up(described_dvi& described, object_kind kind, std::span<const std::byte> record) {
+  std::vector<std::byte>& records =
+      family_of(kind) == macro_family::port ? described.ports : described.vproc_records;
+  records.insert(records.end(), record.begin(), record.end());
+}
+
+/// Reads a header and looks at its image. Fills what the header describes, if it is asked for.
+void lint_dvi(folder_run& run, std::uint32_t position, described_dvi* described) {
   const std::string path = join_path(run.scope.folder, run.files.headers[position].name);
   const std::string image_path = join_path(run.scope.folder, run.files.dvis[position].name);
   std::string text;
@@ -174,17 +179,13 @@ std::string lint_dvi(folder_run& run, std::uint32_t position, bool with_digest) 
     tell_unreadable(run, path, error, ", so the DAG gets no name and no image");
   }
   const image_file image = look_at_image(image_path);
-  std::optional<byte_digest> digest;
-  if (with_digest) {
-    digest.emplace();
-  }
   header_findings mismatches;
   const auto take_record = [&](object_kind kind, std::string_view name,
                                std::span<const std::byte> record) {
-    if (digest) {
-      digest->add(record);
+    if (described != nullptr) {
+      take_up(*described, kind, record);
     }
-    if (kind == object_kind::input || kind == object_kind::output) {
+    if (family_of(kind) == macro_family::port) {
       follow_port(run, position, kind, name, record_of<port_desc>(record), text, mismatches);
     }
   };
@@ -203,13 +204,16 @@ std::string lint_dvi(folder_run& run, std::uint32_t position, bool with_digest) 
     tell_unreadable(run, image_path, image.error, "");
   }
   add_package_size(run, reading);
-  return digest ? digest->text() : std::string();
+  if (described != nullptr) {
+    described->dvi = reading.dvi;
+    described->vproc = reading.vproc;
+  }
 }
 
 }  // namespace
 
 int lint_folder(const lint_scope& scope, const finding_sink& sink, const dvi_progress& progress,
-                record_digests* digests) {
+                described_dvis* dvis) {
   if (!open_at(AT_FDCWD, scope.folder, O_RDONLY | O_DIRECTORY).is_open()) {
     return errno;
   }
@@ -217,10 +221,9 @@ int lint_folder(const lint_scope& scope, const finding_sink& sink, const dvi_pro
   run.files = read_folder(scope, sink);
   for (std::uint32_t i = 0; i < run.files.dvis.size(); ++i) {
     progress(i, run.files.dvis.size());
-    std::string digest =
-        run.files.headers[i].is_missing ? std::string() : lint_dvi(run, i, digests != nullptr);
-    if (digests != nullptr) {
-      digests->push_back(std::move(digest));
+    described_dvi* const described = dvis != nullptr ? &dvis->emplace_back() : nullptr;
+    if (!run.files.headers[i].is_missing) {
+      lint_dvi(run, i, described);
     }
   }
   if (run.package_size > std::numeric_limits<std::uint32_t>::max()) {

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <vector>
 
+#include "companion/described_dvi.h"
 #include "companion/findings.h"
 
 namespace morvane::companion {
@@ -19,15 +19,11 @@ struct lint_scope {
 /// Is told how many DVIs of how many were read.
 using dvi_progress = std::function<void(std::size_t done, std::size_t all)>;
 
-/// The digests of the records that the headers describe, in the order of the DVIs; see
-/// record_digest.h.
-using record_digests = std::vector<std::string>;
-
 /// Reads the folder as the pack run does and hands every finding to the sink: first those about the
 /// folder and the names in it, then for each DVI those about its header, line by line, and those
 /// about its image. Changes nothing. Returns 0, or the errno of a folder that cannot be read.
-/// With digests, sets them.
+/// With a list of DVIs, appends what the headers describe, in the order of the package.
 int lint_folder(const lint_scope& scope, const finding_sink& sink, const dvi_progress& progress,
-                record_digests* digests);
+                described_dvis* dvis);
 
 }  // namespace morvane::companion
