@@ -37,8 +37,10 @@ check_same_bytes() {
   cmp build-alone/libmorvane.so build/libmorvane.so
 }
 
+# Nothing of this build is run: its warnings and clang-tidy's are what counts.
 check_clang() {
-  cmake -B build-clang -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang -DMORVANE_WERROR=ON
+  cmake -B build-clang -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-g0 -DCMAKE_CXX_COMPILER=clang++ \
+    -DCMAKE_C_COMPILER=clang -DMORVANE_WERROR=ON
   cmake --build build-clang --parallel "$(nproc)"
   sources 'src/*.cpp' | xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p build-clang
 }
