@@ -53,7 +53,7 @@ struct kind_reading {
 struct header_reading {
   std::string_view header;
   dvi_desc dvi{};
-  vproc_desc vproc{};  // if the vproc records are read
+  vproc_desc vproc{};           // if the vproc records are read
   std::string_view dag_name{};  // empty if there is none
   std::array<kind_reading, object_kinds> kinds{};
 
