@@ -71,7 +71,8 @@ const lookForOverflow = () => {
     if (!node.data.trim() || !box || node.parentElement.closest('svg,thead')) continue;
     range.selectNodeContents(node);
     const outer = box.getBoundingClientRect();
-    const isCut = getComputedStyle(box).overflow === 'hidden';
+    // Only a wide page cuts rows; what they lose is in the tables.
+    const isCut = getComputedStyle(box).overflow === 'hidden' && window.innerWidth > 704;
     for (const inner of range.getClientRects()) {
       const leaves = inner.left < outer.left - 1 || inner.bottom > outer.bottom + 4 || inner.top < outer.top - 4 ||
         (!isCut && inner.right > outer.right + 1) || outer.right > window.innerWidth;
