@@ -84,7 +84,7 @@ inline constexpr std::array finding_kinds{
     finding_kind{"trailing-text", severity::warning,
                  "A number is followed by other characters, which are not read."},
     finding_kind{"out-of-range", severity::warning, "A number does not fit into its field."},
-    finding_kind{"quoted-number", severity::warning, "A number stands in quotes."},
+    finding_kind{"quoted-number", severity::warning, "A number is in quotes."},
     finding_kind{"size-overflow", severity::warning, "A size does not fit into 32 bits."},
     finding_kind{"no-value", severity::warning, "A macro has no value."},
     finding_kind{"cut-name", severity::warning,
@@ -101,13 +101,13 @@ inline constexpr std::array finding_kinds{
                  "A macro is defined more than once, with different values."},
     finding_kind{
         "defined-elsewhere", severity::warning,
-        "A macro stands in the block of one port, but belongs to another of the same name too."},
+        "A macro is in the block of one port, but belongs to another of the same name too."},
     finding_kind{"overwritten", severity::warning, "A later line changes the value of a macro."},
     finding_kind{"undefined-macro", severity::warning, "A macro is undefined, which is not read."},
     finding_kind{"outside-any-block", severity::warning,
                  "A macro of a known name is in no block, so it is not read."},
     finding_kind{"name-before-dag-name", severity::warning,
-                 "A macro of the DAG stands above the line that names the DAG, so it is not read."},
+                 "A macro of the DAG comes before the line that names the DAG, so it is not read."},
     finding_kind{"in-comment", severity::warning, "A comment is read as a macro."},
     finding_kind{"conditional", severity::warning,
                  "A line is read although a condition leaves it out, or may leave it out."},
@@ -150,7 +150,7 @@ consteval const finding_kind* kind_of(std::string_view code) {
 /// Where a finding is: a line and column of a text file, or an offset in a package.
 struct finding_place {
   std::uint64_t offset = 0;
-  std::uint32_t line = 0;  // from 1; 0 stands for a place that is an offset
+  std::uint32_t line = 0;  // from 1; 0 for a place that is an offset
   std::uint32_t column = 0;
 };
 
