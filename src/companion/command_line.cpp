@@ -90,7 +90,7 @@ command_runner declare_lint(CLI::App& app) {
       ->check([](const std::string& code) {
         const bool is_code =
             std::ranges::find(finding_kinds, code, &finding_kind::code) != finding_kinds.end();
-        return is_code ? "" : "there is no such code";
+        return is_code ? std::string() : "there is no code " + code;
       })
       ->type_name("CODE");
   add_format(app, options->format);

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "companion/lint/c_conditions.h"
 #include "companion/lint/c_number.h"
 #include "companion/lint/memory_plan.h"
 
@@ -14,7 +15,7 @@ using namespace companion;
 /// The lines of a text, each as "NAME=VALUE", "-" for one without a macro, and what hides it.
 std::string seen_macros(std::string_view text) {
   macro_index macros(text);
-  c_reader reader{.header = text, .macros = macros};
+  c_reader reader{.header = text, .macros = macros, .asked = macros_of_conditions(text)};
   std::string all;
   while (!text.empty()) {
     const std::string_view line = text.substr(0, text.find('\n'));

@@ -62,7 +62,8 @@ TEST_F(LintCommand, RefusesCodesThatDoNotExist) {
   const run_result run = lint({"--ignore", "no-such-code"});
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.output, "");
-  EXPECT_EQ(run.diagnostics, "morvane: --ignore: there is no such code; try morvane lint --help\n");
+  EXPECT_EQ(run.diagnostics,
+            "morvane: --ignore: there is no code no-such-code; try morvane lint --help\n");
 }
 
 TEST_F(LintCommand, CountsNotesWhenTheyAreShown) {

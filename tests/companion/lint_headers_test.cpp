@@ -209,5 +209,19 @@ TEST_F(LintHeaders, FindsAPortNameWithAControlCharacter) {
                   "[control-character]\n");
 }
 
+TEST_F(LintHeaders, FindsOnlyTheDagNameThatIsTooLong) {
+  const std::string name(128, 'n');
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h", "#define " + name + "_DAG_NAME " + name +
+                               "\n"
+                               "#define " +
+                               name +
+                               "_image_size 5\n"
+                               "/* net HMB_input data */\n");
+  expect_findings(1,
+                  "in/net.h:1:147: error: the DAG name has 128 bytes, and at most 127 fit: nothing "
+                  "can be packed [name-too-long]\n");
+}
+
 }  // namespace
 }  // namespace morvane::test

@@ -1,7 +1,6 @@
 #include "companion/lint/c_conditions.h"
 
 #include <algorithm>
-#include <array>
 
 #include "companion/lint/c_number.h"
 #include "companion/lint/c_text.h"
@@ -19,15 +18,21 @@ visibility opposite(visibility known) {
   return known == visibility::uncertain ? known : branch(known == visibility::left_out);
 }
 
-/// Whether a macro is defined at a place. The compiler itself defines some.
-visibility is_defined(c_reader& reader, std::string_view name, std::size_t place) {
-  constexpr std::array<std::string_view, 12> of_compilers{
-      "__STDC__",   "__STDC_VERSION__", "__GNUC__", "__clang__", "__linux__", "__unix__",
-      "__x86_64__", "__aarch64__",      "__LINE__", "__FILE__",  "linux",     "unix"};
-  if (std::ranges::find(of_compilers, name) != of_compilers.end()) {
-    return visibility::uncertain;
-  }
-  return branch(reader.macros.defines(name, place));
+/// Whether a compiler may define the macro: its names begin with two underscores, or with one and a
+/// capital letter.
+bool may_be_of_compiler(std::string_view name) {
+  const bool is_reserved =
+      name.size() > 1 && name[0] == '_' && (name[1] == '_' || (name[1] >= 'A' && name[1] <= 'Z'));
+  return (is_reserved && name != "__cplusplus") || name == "linux" || name == "unix";
+}
+
+/// Whether a macro is defined where the reader is.
+visibility is_defined(c_reader& reader, std::string_view name) {
+  const auto known = reader.asked.find(name);
+  const visibility now = known == reader.asked.end() ? visibility::left_out : known->second;
+  const bool is_outer = now == visibility::left_out && may_be_of_compiler(name) &&
+                        !reader.macros.defines(name, std::string_view::npos);
+  return is_outer ? visibility::uncertain : now;
 }
 
 /// NAME of "defined NAME" and "defined(NAME)"; empty for anything else.
@@ -43,7 +48,7 @@ std::string_view defined_name(std::string_view text) {
   return leading_name(text) == text ? text : std::string_view();
 }
 
-visibility evaluate(c_reader& reader, std::string_view expression, std::size_t place) {
+visibility evaluate(c_reader& reader, std::string_view expression) {
   bool is_negated = false;
   while (expression.starts_with('!')) {
     is_negated = !is_negated;
@@ -55,17 +60,33 @@ visibility evaluate(c_reader& reader, std::string_view expression, std::size_t p
   if (number.is_known) {
     result = branch(number.magnitude != 0);
   } else if (!name.empty()) {
-    result = is_defined(reader, name, place);
+    result = is_defined(reader, name);
   }
   return is_negated ? opposite(result) : result;
 }
 
+/// Combines the last condition with those around it. Of those that leave lines out, and else of
+/// the uncertain ones, the outermost decides.
+void combine_with_outer(std::vector<c_condition>& conditions) {
+  c_condition& last = conditions.back();
+  const c_condition* const outer =
+      conditions.size() > 1 ? &conditions[conditions.size() - 2] : nullptr;
+  const bool outer_decides =
+      outer != nullptr &&
+      (outer->with_outer == visibility::left_out ||
+       (outer->with_outer == visibility::uncertain && last.now != visibility::left_out));
+  last.with_outer = outer_decides ? outer->with_outer : last.now;
+  last.deciding = outer_decides ? outer->deciding : last.place;
+}
+
 void open_condition(c_reader& reader, visibility holds, std::size_t place) {
   reader.conditions.push_back({.now = holds, .taken = holds, .place = place});
+  combine_with_outer(reader.conditions);
 }
 
 /// The branch of #elif, or of #else, which always holds.
-void next_branch(c_condition& condition, visibility holds) {
+void next_branch(c_reader& reader, visibility holds) {
+  c_condition& condition = reader.conditions.back();
   switch (condition.taken) {
     case visibility::seen:
       condition.now = visibility::left_out;
@@ -76,37 +97,79 @@ void next_branch(c_condition& condition, visibility holds) {
     default:
       condition.now = visibility::uncertain;
   }
+  combine_with_outer(reader.conditions);
+}
+
+/// Adds all names of a line.
+void add_names(asked_macros& names, std::string_view line) {
+  while (!line.empty()) {
+    const std::string_view name = leading_name(line);
+    if (!name.empty()) {
+      names.try_emplace(name, visibility::left_out);
+    }
+    line.remove_prefix(std::max<std::size_t>(name.size(), 1));
+  }
 }
 
 }  // namespace
 
+asked_macros macros_of_conditions(std::string_view header) {
+  constexpr std::string_view word = "if";  // part of #if, #ifdef, #ifndef and #elif
+  asked_macros names;
+  for (std::size_t at = header.find(word); at != std::string_view::npos;
+       at = header.find(word, at + word.size())) {
+    std::string_view before = header.substr(0, at);
+    if (before.ends_with("el")) {
+      before.remove_suffix(2);
+    }
+    while (!before.empty() && (before.back() == ' ' || before.back() == '\t')) {
+      before.remove_suffix(1);
+    }
+    if (before.ends_with('#')) {
+      const std::string_view rest = header.substr(at);
+      add_names(names, rest.substr(0, rest.find('\n')));
+    }
+  }
+  return names;
+}
+
+void note_definition(c_reader& reader, const c_line& line) {
+  if (reader.asked.empty() || line.seen == visibility::left_out) {
+    return;
+  }
+  const auto asked = reader.asked.find(line.name);
+  if (asked == reader.asked.end()) {
+    return;
+  }
+  const visibility after = branch(line.kind == directive::define);
+  if (asked->second != after) {
+    asked->second = line.seen == visibility::uncertain ? visibility::uncertain : after;
+  }
+}
+
 void follow_condition(c_reader& reader, std::string_view directive, std::string_view argument,
                       std::size_t place) {
   if (directive == "if") {
-    open_condition(reader, evaluate(reader, argument, place), place);
+    open_condition(reader, evaluate(reader, argument), place);
   } else if (directive == "ifdef") {
-    open_condition(reader, is_defined(reader, leading_name(argument), place), place);
+    open_condition(reader, is_defined(reader, leading_name(argument)), place);
   } else if (directive == "ifndef") {
-    open_condition(reader, opposite(is_defined(reader, leading_name(argument), place)), place);
+    open_condition(reader, opposite(is_defined(reader, leading_name(argument))), place);
   } else if (reader.conditions.empty()) {
     return;
   } else if (directive == "elif") {
-    next_branch(reader.conditions.back(), evaluate(reader, argument, place));
+    next_branch(reader, evaluate(reader, argument));
   } else if (directive == "else") {
-    next_branch(reader.conditions.back(), visibility::seen);
+    next_branch(reader, visibility::seen);
   } else if (directive == "endif") {
     reader.conditions.pop_back();
   }
 }
 
 void apply_conditions(const c_reader& reader, c_line& line) {
-  for (const visibility worst : {visibility::left_out, visibility::uncertain}) {
-    const auto deciding = std::ranges::find(reader.conditions, worst, &c_condition::now);
-    if (deciding != reader.conditions.end()) {
-      line.seen = worst;
-      line.condition = deciding->place;
-      return;
-    }
+  if (!reader.conditions.empty()) {
+    line.seen = reader.conditions.back().with_outer;
+    line.condition = reader.conditions.back().deciding;
   }
 }
 

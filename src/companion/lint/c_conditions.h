@@ -7,6 +7,12 @@
 
 namespace morvane::companion {
 
+/// The names in all conditions of a header, none of them defined yet.
+asked_macros macros_of_conditions(std::string_view header);
+
+/// Notes that a line defines or undefines a macro that conditions ask for.
+void note_definition(c_reader& reader, const c_line& line);
+
 /// Opens, changes or closes a condition, if the directive is one. The place is that of its line,
 /// the argument what follows the directive, without comments.
 void follow_condition(c_reader& reader, std::string_view directive, std::string_view argument,

@@ -7,6 +7,9 @@ namespace morvane::companion {
 
 namespace {
 
+/// Editors put it at the begin of a file, and compilers skip it.
+constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
+
 bool ends_in_backslash(std::string_view line) {
   while (!line.empty() && is_white(line.back())) {
     line.remove_suffix(1);
@@ -72,6 +75,7 @@ void read_macro(c_reader& reader, std::string_view text, c_line& result) {
   text.remove_prefix(result.name.size());
   result.has_parameters = text.starts_with('(');
   result.value = take_text(reader, text);
+  note_definition(reader, result);
 }
 
 /// A directive, from behind its "#".
@@ -93,6 +97,9 @@ void read_directive(c_reader& reader, std::string_view text, std::size_t place, 
 c_line read_c_line(c_reader& reader, std::string_view line) {
   c_line result;
   const auto place = static_cast<std::size_t>(line.data() - reader.header.data());
+  if (place == 0 && line.starts_with(byte_order_mark)) {
+    line.remove_prefix(byte_order_mark.size());
+  }
   const bool is_rest = reader.goes_on && !reader.in_comment && !reader.in_line_comment;
   const bool was_in_comment = reader.in_comment;
   reader.goes_on = ends_in_backslash(line);

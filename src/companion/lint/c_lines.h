@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "companion/lint/macro_index.h"
@@ -35,15 +36,22 @@ struct c_line {
 
 /// A condition that is open.
 struct c_condition {
-  visibility now;     // of the lines from here on
+  visibility now;     // of the lines from here on, by this condition alone
   visibility taken;   // seen: a branch was taken; left_out: none yet; uncertain
   std::size_t place;  // of its first line
+  visibility with_outer = visibility::seen;  // by the conditions around it too
+  std::size_t deciding = 0;                  // the place of the one that decides
 };
+
+using asked_macros = std::unordered_map<std::string_view, visibility>;
 
 /// Reads the lines of a header one after the other.
 struct c_reader {
   std::string_view header;
   macro_index& macros;
+  /// The macros that conditions ask for, and whether they are defined where the reader is: seen or
+  /// left_out.
+  asked_macros asked{};
   bool in_comment = false;
   bool in_line_comment = false;  // that a backslash leads on
   bool in_directive = false;     // the comment or backslash belongs to a directive

@@ -78,7 +78,8 @@ c_number c_number_of(std::string_view text) {
   // with a sign: their value depends on their type.
   const std::string_view rest = trimmed(text.substr(1));
   c_number number = number_without_sign(unwrapped(rest));
-  number.is_known = number.is_known && std::ranges::all_of(rest, is_digit) && !number.is_octal;
+  const bool is_plain = std::ranges::all_of(rest, is_digit) && !number.is_octal;
+  number.is_known = number.is_known && (is_plain || number.magnitude == 0);
   number.is_negative = number.magnitude != 0;
   return number;
 }

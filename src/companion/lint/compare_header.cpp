@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "companion/lint/c_conditions.h"
 #include "companion/lint/c_lines.h"
 #include "companion/lint/comparison.h"
 #include "companion/lint/introduction_rules.h"
@@ -87,6 +88,10 @@ void judge_line(comparison& header, const c_line& line, std::string_view text, s
     judge_values(header, kind, line, text, end, events);
     judge_introductions(header, kind, line, text, end);
   }
+  if (!header.undefined.empty() && line.kind == directive::define &&
+      line.seen != visibility::left_out) {
+    header.undefined.erase(line.name);
+  }
   if (!events.took_own && line.kind != directive::none) {
     judge_unread(header, line, text, events.took_stray);
   }
@@ -98,6 +103,7 @@ void judge_whole(comparison& header) {
     judge_block_end(header, kind);
   }
   judge_repeated(header);
+  judge_undefined(header);
   judge_stops(header);
   const std::string_view text = header.reading.header;
   if (header.reading.dag_name.empty()) {
@@ -118,7 +124,7 @@ header_findings compare_header(const header_reading& reading, bool with_vproc, b
   header.prefixes.dag_name = reading.dag_name;
   const std::string_view text = reading.header;
   header.has_nul = text.find('\0') != std::string_view::npos;
-  c_reader reader{.header = text, .macros = header.macros};
+  c_reader reader{.header = text, .macros = header.macros, .asked = macros_of_conditions(text)};
   for (std::size_t begin = 0; begin < text.size();) {
     const std::size_t newline = std::min(text.find('\n', begin), text.size());
     const std::string_view line = text.substr(begin, newline - begin);

@@ -7,6 +7,7 @@
 #include <deque>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -70,6 +71,8 @@ struct comparison {
   std::array<kind_cursor, object_kinds> cursors{};
   /// The definitions of macros that are defined more than once, or for more than one block.
   std::vector<own_definition> repeated{};
+  /// The places of the names that #undef removes and no line defines again.
+  std::unordered_map<std::string_view, std::size_t> undefined{};
   std::deque<std::string> kept_texts{};  // values whose comments were removed
   header_findings findings{};
   bool has_nul = false;

@@ -85,7 +85,7 @@ void judge_keyword(comparison& header, object_kind kind, const described_block& 
 
 void judge_count(comparison& header, object_kind kind, const described_block& block,
                  const std::string& title) {
-  if (block.is_counted) {
+  if (block.is_counted || header.reading.of(object_kind::dag).is_stopped) {
     return;
   }
   const std::size_t place = header.place_of(block.name);
@@ -118,7 +118,9 @@ std::optional<std::pair<const finding_kind*, std::string_view>> hidden_source(
   if (line.seen == visibility::continued) {
     return std::pair(kind_of("continued-line"), "the rest of the line before");
   }
-  if (line.seen == visibility::in_comment || text.find("/*") < key || text.find("//") < key) {
+  const bool is_in_comment =
+      line.kind != directive::define && (text.find("/*") < key || text.find("//") < key);
+  if (line.seen == visibility::in_comment || is_in_comment) {
     return std::pair(kind_of("in-comment"), "a comment");
   }
   if (line.seen == visibility::left_out) {

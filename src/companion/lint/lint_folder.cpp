@@ -195,8 +195,10 @@ void lint_dvi(folder_run& run, std::uint32_t position, described_dvi* described)
     header_findings findings = compare_header(reading, run.scope.vproc, run.scope.notes);
     std::ranges::move(mismatches, std::back_inserter(findings));
     judge_repetition(run, position, reading, findings);
-    judge_image(reading, image, findings);
-    judge_block(reading, run.scope.notes, findings);
+    if (!reading.of(object_kind::dag).is_stopped) {
+      judge_image(reading, image, findings);
+      judge_block(reading, run.scope.notes, findings);
+    }
     note_overlap(run, position, reading, findings);
     tell_all(run, path, text, std::move(findings));
   }

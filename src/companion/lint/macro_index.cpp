@@ -24,8 +24,11 @@ void macro_index::build() {
        place = header_.find(word, place + word.size())) {
     const std::string_view before =
         trimmed(header_.substr(0, place).substr(place - std::min<std::size_t>(place, 16)));
-    const std::string_view rest = header_.substr(place + word.size());
-    const std::string_view name = leading_name(trimmed(rest.substr(0, rest.find('\n'))));
+    std::size_t begin = place + word.size();
+    while (begin < header_.size() && is_white(header_[begin])) {
+      ++begin;
+    }
+    const std::string_view name = leading_name(header_.substr(begin));
     if (before.ends_with('#') && !name.empty()) {
       entries_.push_back({.hash = std::hash<std::string_view>()(name), .place = place});
     }

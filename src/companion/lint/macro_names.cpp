@@ -108,23 +108,25 @@ std::string macro_name(object_kind kind, std::string_view block, std::string_vie
   return name.append(block).append(suffix);
 }
 
-macro_parts parts_of(std::string_view macro, macro_family family, const macro_prefixes& prefixes) {
-  macro_parts parts{.family = family};
-  for (const macro_row& row : macros_of(family)) {
-    if (!macro.ends_with(row.suffix)) {
-      continue;
-    }
-    std::string_view rest = macro.substr(0, macro.size() - row.suffix.size());
-    const bool has_prefix = family == macro_family::port || family == macro_family::smb;
-    if (has_prefix && !take_prefix(rest, prefixes.dag_name) &&
-        (prefixes.alias.empty() || !take_prefix(rest, prefixes.alias))) {
-      return parts;
-    }
-    parts.row = &row;
-    parts.block = rest;
-    return parts;
+macro_parts parts_of(std::string_view macro, macro_family family, const macro_prefixes& prefixes,
+                     const block_names& names) {
+  const auto rows = macros_of(family);
+  const auto has_suffix = [&](const macro_row& row) { return macro.ends_with(row.suffix); };
+  const auto row = std::ranges::find_if(rows, has_suffix);
+  if (row == rows.end()) {
+    return {.family = family};
   }
-  return parts;
+  const std::string_view stem = macro.substr(0, macro.size() - row->suffix.size());
+  const bool has_prefix = family == macro_family::port || family == macro_family::smb;
+  for (const std::string_view prefix : {prefixes.dag_name, prefixes.alias}) {
+    std::string_view block = stem;
+    const bool is_prefix = !prefix.empty() || prefixes.dag_name.empty();
+    const bool is_taken = !has_prefix || (is_prefix && take_prefix(block, prefix));
+    if (is_taken && names.is_known(family, block)) {
+      return {.family = family, .row = &*row, .block = block};
+    }
+  }
+  return {.family = family};
 }
 
 block_names::block_names(const header_reading& reading) {

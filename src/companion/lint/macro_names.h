@@ -30,14 +30,6 @@ bool is_macro_of(std::string_view macro, object_kind kind, std::string_view bloc
 std::string macro_name(object_kind kind, std::string_view block, std::string_view suffix,
                        const macro_prefixes& prefixes);
 
-/// A name, taken apart: a family, a row of its table, and the name of a block.
-struct macro_parts {
-  macro_family family;
-  const macro_row* row = nullptr;  // null for a name without a suffix of the family
-  std::string_view block{};
-};
-macro_parts parts_of(std::string_view macro, macro_family family, const macro_prefixes& prefixes);
-
 /// The blocks of each name.
 class block_names {
  public:
@@ -71,6 +63,15 @@ class block_names {
   std::array<std::unordered_map<std::string_view, std::uint32_t>, 4> first_{};
   std::vector<entry> all_{};
 };
+
+/// A name, taken apart: a family, a row of its table, and the name of a block.
+struct macro_parts {
+  macro_family family;
+  const macro_row* row = nullptr;  // null for a name that belongs to no block of the family
+  std::string_view block{};
+};
+macro_parts parts_of(std::string_view macro, macro_family family, const macro_prefixes& prefixes,
+                     const block_names& names);
 
 /// Whether one name becomes the other with at most two letters changed, added or left out, or with
 /// letters of the other case.

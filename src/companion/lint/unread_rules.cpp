@@ -158,7 +158,8 @@ void judge_dag_name(comparison& header, const c_line& line, std::size_t place) {
   if (line.value.empty() || (literal && literal->empty())) {
     tell(header, kind_of("no-value"), place,
          joined(printable(line.name), " has no value: it names no DAG"));
-  } else if (!header.reading.dag_name.empty()) {
+  } else if (!header.reading.dag_name.empty() &&
+             literal.value_or(line.value) != header.reading.dag_name) {
     tell(header, kind_of("defined-twice"), place,
          joined(printable(line.name),
                 " is not read: ", line_title(header, header.place_of(header.reading.dag_name)),
@@ -185,8 +186,8 @@ void judge_definition(comparison& header, const c_line& line, std::string_view t
   }
   for (const macro_family family :
        {macro_family::dag, macro_family::port, macro_family::variable, macro_family::smb}) {
-    const macro_parts parts = parts_of(line.name, family, header.prefixes);
-    if (parts.row == nullptr || !header.names.is_known(family, parts.block)) {
+    const macro_parts parts = parts_of(line.name, family, header.prefixes, header.names);
+    if (parts.row == nullptr) {
       continue;
     }
     const unread_macro macro{.line = line, .text = text, .place = place, .parts = parts};
@@ -204,28 +205,14 @@ void judge_definition(comparison& header, const c_line& line, std::string_view t
   }
 }
 
-/// Whether the header defines the macro again behind a place.
-bool is_defined_behind(const comparison& header, std::string_view name, std::size_t place) {
-  const std::string_view rest = header.reading.header.substr(place);
-  for (std::size_t at = rest.find(name, name.size()); at != std::string_view::npos;
-       at = rest.find(name, at + 1)) {
-    if (trimmed(rest.substr(0, at)).ends_with("define") &&
-        leading_name(rest.substr(at)).size() == name.size()) {
-      return true;
-    }
-  }
-  return false;
-}
-
+/// A later definition makes the removal harmless.
 void judge_undefinition(comparison& header, const c_line& line) {
   const std::size_t place = header.place_of(line.name);
   for (const macro_family family :
        {macro_family::dag, macro_family::port, macro_family::variable, macro_family::smb}) {
-    const macro_parts parts = parts_of(line.name, family, header.prefixes);
-    if (parts.row != nullptr && header.names.is_known(family, parts.block) &&
-        !is_defined_behind(header, line.name, place)) {
-      tell(header, kind_of("undefined-macro"), place,
-           joined("#undef is not read: ", printable(line.name), " stays as it is"));
+    const macro_parts parts = parts_of(line.name, family, header.prefixes, header.names);
+    if (parts.row != nullptr) {
+      header.undefined.insert_or_assign(line.name, place);
       return;
     }
   }
@@ -242,6 +229,13 @@ void judge_unread(comparison& header, const c_line& line, std::string_view text,
     judge_undefinition(header, line);
   } else if (line.kind == directive::define && !took_stray) {
     judge_definition(header, line, text);
+  }
+}
+
+void judge_undefined(comparison& header) {
+  for (const auto& [name, place] : header.undefined) {
+    tell(header, kind_of("undefined-macro"), place,
+         joined("#undef is not read: ", printable(name), " stays as it is"));
   }
 }
 

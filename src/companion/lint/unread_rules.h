@@ -12,4 +12,7 @@ namespace morvane::companion {
 /// The text is that of the line; whether a stray value was taken on it says the last argument.
 void judge_unread(comparison& header, const c_line& line, std::string_view text, bool took_stray);
 
+/// At the end of the header: tells which macros stay undefined for C.
+void judge_undefined(comparison& header);
+
 }  // namespace morvane::companion
