@@ -11,4 +11,7 @@ bool holds_marker(const named_line& named, std::string_view lead) {
   });
 }
 
+template int read_block(line_reader&, const block_format&, std::string_view, std::span<std::byte>,
+                        const no_observer&);
+
 }  // namespace morvane

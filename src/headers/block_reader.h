@@ -63,6 +63,10 @@ int read_block(line_reader& lines, const block_format& format, std::string_view 
   return 0;
 }
 
+// The pack run's copy of the code is in block_reader.cpp.
+extern template int read_block(line_reader&, const block_format&, std::string_view,
+                               std::span<std::byte>, const no_observer&);
+
 /// The same, without an observer.
 inline int read_block(line_reader& lines, const block_format& format, std::string_view name,
                       std::span<std::byte> record) {

@@ -36,9 +36,9 @@ struct c_line {
 
 /// A condition that is open.
 struct c_condition {
-  visibility now;     // of the lines from here on, by this condition alone
-  visibility taken;   // seen: a branch was taken; left_out: none yet; uncertain
-  std::size_t place;  // of its first line
+  visibility now = visibility::seen;    // of the lines from here on, by this condition alone
+  visibility taken = visibility::seen;  // seen: a branch was taken; left_out: none yet; uncertain
+  std::size_t place = 0;                // of its first line
   visibility with_outer = visibility::seen;  // by the conditions around it too
   std::size_t deciding = 0;                  // the place of the one that decides
 };
