@@ -4,6 +4,7 @@
 #include <xxhash.h>
 
 #include <algorithm>
+#include <memory>
 #include <string_view>
 
 namespace morvane::companion {
@@ -12,26 +13,10 @@ namespace {
 
 constexpr std::size_t step = std::size_t{1} << 20U;
 
-}  // namespace
-
-struct byte_digest::sums {
-  XXH3_state_t state;
-};
-
-byte_digest::byte_digest() : sums_(std::make_unique<sums>()) {
-  XXH3_128bits_reset(&sums_->state);
-}
-
-byte_digest::~byte_digest() = default;
-
-void byte_digest::add(std::span<const std::byte> bytes) {
-  XXH3_128bits_update(&sums_->state, bytes.data(), bytes.size());
-}
-
-std::string byte_digest::text() const {
+std::string hexadecimal_text(XXH128_hash_t hash) {
   constexpr std::string_view digits = "0123456789abcdef";
   XXH128_canonical_t canonical;
-  XXH128_canonicalFromHash(&canonical, XXH3_128bits_digest(&sums_->state));
+  XXH128_canonicalFromHash(&canonical, hash);
   std::string text;
   for (const unsigned char byte : canonical.digest) {
     text += digits[byte >> 4U];
@@ -40,15 +25,18 @@ std::string byte_digest::text() const {
   return text;
 }
 
+}  // namespace
+
 std::string xxh3_128(const package_bytes& package, std::span<const std::uint8_t> bytes) {
-  byte_digest digest;
+  const auto state = std::make_unique<XXH3_state_t>();
+  XXH3_128bits_reset(state.get());
   while (!bytes.empty()) {
     const auto part = bytes.first(std::min(step, bytes.size()));
-    digest.add(std::as_bytes(part));
+    XXH3_128bits_update(state.get(), part.data(), part.size());
     package.release(part);
     bytes = bytes.subspan(part.size());
   }
-  return digest.text();
+  return hexadecimal_text(XXH3_128bits_digest(state.get()));
 }
 
 }  // namespace morvane::companion
