@@ -1,13 +1,21 @@
 #include "view/opened_package.h"
 
-#include <algorithm>
+#include <cstring>
 
 namespace morvane::test {
 
 opened_package::opened_package(std::string_view package)
-    : bytes(std::make_unique<std::uint8_t[]>(package.size())) {
-  std::ranges::copy(package, bytes.get());
-  status = morvane_view_open(&view, bytes.get(), package.size(), &damage);
+    : size(package.size()), bytes(std::make_unique<std::uint8_t[]>(package.size())) {
+  if (!package.empty()) {
+    std::memcpy(bytes.get(), package.data(), package.size());
+  }
+  open_again();
+}
+
+void opened_package::open_again() {
+  view = {};
+  damage = {};
+  status = morvane_view_open(&view, bytes.get(), size, &damage);
 }
 
 std::string str(morvane_text text) {

@@ -13,10 +13,14 @@ namespace morvane::test {
 struct opened_package {
   explicit opened_package(std::string_view package);
 
+  /// Opens the bytes again, which somebody has changed.
+  void open_again();
+
+  std::size_t size;
   std::unique_ptr<std::uint8_t[]> bytes;
   morvane_view view{};
   morvane_view_damage damage{};
-  int status;  // what opening returned
+  int status = 0;  // what opening returned
 };
 
 /// A text of a package.
