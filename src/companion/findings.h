@@ -106,6 +106,8 @@ inline constexpr std::array finding_kinds{
     finding_kind{"undefined-macro", severity::warning, "A macro is undefined, which is not read."},
     finding_kind{"outside-any-block", severity::warning,
                  "A macro of a known name is in no block, so it is not read."},
+    finding_kind{"missing-block", severity::warning,
+                 "A port has macros, but no line introduces it."},
     finding_kind{"name-before-dag-name", severity::warning,
                  "A macro of the DAG comes before the line that names the DAG, so it is not read."},
     finding_kind{"in-comment", severity::warning, "A comment is read as a macro."},

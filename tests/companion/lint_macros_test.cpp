@@ -33,6 +33,42 @@ TEST_F(LintMacros, FindsAMacroWithAMisspelledName) {
                   "input data, whose macro is net_data_H [wrong-name]\n");
 }
 
+TEST_F(LintMacros, FindsAMacroWithAMisspelledEnding) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_imag_size 5\n"
+               "#define net_image_size 5\n"
+               "/* net HMB_input data */\n"
+               "#define net_data_datsize 16\n"
+               "#define net_data_sine 1\n");  // short endings are too near to each other
+  expect_findings(0,
+                  "in/net.h:2:9: warning: net_imag_size is not read: its ending is unknown, and "
+                  "the macro of the DAG is net_image_size [wrong-name]\n"
+                  "in/net.h:5:9: warning: net_data_datsize is not read: its ending is unknown, "
+                  "and the macro of input data is net_data_datasize [wrong-name]\n");
+}
+
+TEST_F(LintMacros, FindsAPortThatNoLineIntroduces) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5\n"
+               "/* net HMB_inptu data */\n"
+               "#define net_data_W 40\n"
+               "#define net_data_H 49\n"
+               "#define net_frames_W 3\n"  // two macros may be meant for something else
+               "#define net_frames_H 3\n"
+               "/* mel */\n"
+               "#define net_mel_W 40\n"
+               "#define net_mel_dflip 49\n"
+               "#define net_unit 3\n"
+               "#define net_mel_sign 0\n");
+  expect_findings(0,
+                  "in/net.h:9:9: warning: no line with HMB_input or HMB_output introduces mel: it "
+                  "is not in the package, and its 3 macros are not read [missing-block]\n");
+}
+
 TEST_F(LintMacros, FindsAMacroWithAnotherPrefix) {
   folder.write("in/net.dvi", "image");
   folder.write("in/net.h",

@@ -181,27 +181,43 @@ void change_line(header_lines& header, const chosen_macro& macro, random_numbers
   }
 }
 
-/// A layer name that is not read as it is meant, in the block of a port.
-void add_layer(header_lines& header, random_numbers& random) {
+/// A line that introduces a port; behind the last line if there is none.
+std::size_t choose_port(const header_lines& header, random_numbers& random) {
   std::vector<std::size_t> ports;
   for (std::size_t i = 0; i < header.lines.size(); ++i) {
     if (header.lines[i].find(" HMB_") != std::string::npos && header.lines[i].ends_with(" */")) {
       ports.push_back(i);
     }
   }
-  if (ports.empty()) {
+  return ports.empty() ? header.lines.size() : ports[below(random, ports.size())];
+}
+
+/// A layer name that is not read as it is meant, in the block of a port.
+void add_layer(header_lines& header, random_numbers& random) {
+  const std::size_t chosen = choose_port(header, random);
+  if (chosen == header.lines.size()) {
     return;
   }
-  const std::size_t chosen = ports[below(random, ports.size())];
   const std::string line = header.lines[chosen].substr(0, header.lines[chosen].size() - 3);
   std::string macro = header.dag;
   macro.append("_").append(line.substr(line.rfind(' ') + 1)).append(port_suffixes.back());
   insert(header, chosen + 1, definition(macro, bad_text(random)));
 }
 
+/// The keyword of a line that introduces a port, with two letters exchanged.
+void misspell_keyword(header_lines& header, random_numbers& random) {
+  const std::size_t chosen = choose_port(header, random);
+  if (chosen < header.lines.size()) {
+    std::string& line = header.lines[chosen];
+    std::swap(line[line.find(" HMB_") + 2], line[line.find(" HMB_") + 3]);
+  }
+}
+
 void add_near(header_lines& header, const chosen_macro& macro, random_numbers& random) {
   const std::string value = good_value(macro.suffix, random);
-  switch (below(random, 7)) {
+  switch (below(random, 8)) {
+    case 7:
+      return misspell_keyword(header, random);
     case 6:
       return add_layer(header, random);
     case 0:

@@ -6,6 +6,7 @@
 #include "companion/lint/c_lines.h"
 #include "companion/lint/comparison.h"
 #include "companion/lint/introduction_rules.h"
+#include "companion/lint/missing_blocks.h"
 #include "companion/lint/repeated_macros.h"
 #include "companion/lint/taken_rules.h"
 #include "companion/lint/unread_rules.h"
@@ -58,6 +59,26 @@ void judge_introductions(comparison& header, object_kind kind, const c_line& lin
   }
 }
 
+/// Judges what a parser took from a line. Most lines hold nothing of most kinds.
+void judge_kind(comparison& header, object_kind kind, const c_line& line, std::string_view text,
+                std::size_t end, line_events& events) {
+  kind_cursor& cursor = header.cursor(kind);
+  if (cursor.next_place >= end) {
+    return;
+  }
+  judge_values(header, kind, line, text, end, events);
+  judge_introductions(header, kind, line, text, end);
+  const auto& [blocks, values, stop, is_stopped] = header.reading.of(kind);
+  cursor.next_place = header.reading.header.size();
+  if (cursor.next_value < values.size()) {
+    cursor.next_place = values[cursor.next_value].place;
+  }
+  if (cursor.next_block < blocks.size()) {
+    cursor.next_place =
+        std::min(cursor.next_place, header.place_of(blocks[cursor.next_block].name));
+  }
+}
+
 /// What stands before "_DAG_NAME" in the macro that names the DAG, if it is another name.
 std::string_view find_alias(const comparison& header, const c_line& line, std::string_view text) {
   const std::string_view name = header.reading.dag_name;
@@ -85,8 +106,7 @@ void judge_line(comparison& header, const c_line& line, std::string_view text, s
   }
   line_events events;
   for (const object_kind kind : header.kinds) {
-    judge_values(header, kind, line, text, end, events);
-    judge_introductions(header, kind, line, text, end);
+    judge_kind(header, kind, line, text, end, events);
   }
   if (!header.undefined.empty() && line.kind == directive::define &&
       line.seen != visibility::left_out) {
@@ -102,6 +122,7 @@ void judge_whole(comparison& header) {
     note_defaults(header, kind);
     judge_block_end(header, kind);
   }
+  judge_missing_block(header);
   judge_repeated(header);
   judge_undefined(header);
   judge_stops(header);

@@ -40,9 +40,17 @@ struct row_state {
 struct kind_cursor {
   std::size_t next_block = 0;
   std::size_t next_value = 0;
-  bool is_repeated = false;      // whether another block has the name of this one
-  std::uint64_t taken_rows = 0;  // of the block, a bit for each
-  std::array<row_state, 24> rows{};
+  std::size_t next_place = 0;     // in the header: nothing of the kind is before it
+  bool is_repeated = false;       // whether another block has the name of this one
+  std::uint64_t taken_rows = 0;   // of the block, a bit for each
+  std::vector<row_state> rows{};  // one for each macro of the kind
+};
+
+/// The port that the last unknown macros belong to, if no line introduces it.
+struct missing_block {
+  std::string_view name{};
+  std::size_t place = 0;   // of the first of them
+  std::uint64_t rows = 0;  // which macros of a port, a bit for each
 };
 
 struct comparison {
@@ -55,7 +63,9 @@ struct comparison {
         names(read) {
     for (std::size_t i = 0; i < object_kinds; ++i) {
       if (!read.kinds.at(i).blocks.empty()) {
-        kinds.push_back(static_cast<object_kind>(i));
+        const auto kind = static_cast<object_kind>(i);
+        kinds.push_back(kind);
+        cursors.at(i).rows.resize(macros_of(kind).size());
       }
     }
   }
@@ -73,6 +83,7 @@ struct comparison {
   std::vector<own_definition> repeated{};
   /// The places of the names that #undef removes and no line defines again.
   std::unordered_map<std::string_view, std::size_t> undefined{};
+  missing_block missing{};
   std::deque<std::string> kept_texts{};  // values whose comments were removed
   header_findings findings{};
   bool has_nul = false;

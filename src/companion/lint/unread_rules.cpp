@@ -2,6 +2,7 @@
 
 #include "companion/lint/c_number.h"
 #include "companion/lint/c_text.h"
+#include "companion/lint/missing_blocks.h"
 #include "companion/lint/repeated_macros.h"
 #include "companion/lint/value_rules.h"
 #include "companion/lint/wrong_name_rules.h"
@@ -203,6 +204,7 @@ void judge_definition(comparison& header, const c_line& line, std::string_view t
          joined(printable(line.name), " belongs to nothing that the header introduces, ",
                 "or has an unknown ending: it is not read"));
   }
+  take_unknown_macro(header, line.name, place);
 }
 
 /// A later definition makes the removal harmless.

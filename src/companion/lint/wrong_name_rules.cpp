@@ -55,6 +55,41 @@ bool judge_misspelling(comparison& header, const c_line& line, std::size_t place
   return false;
 }
 
+/// Whether an ending is probably meant for one that is read. Short ones are too near to each other.
+bool is_misspelled_ending(std::string_view ending, std::string_view suffix) {
+  constexpr std::size_t long_enough = 6;  // bytes
+  return suffix.size() >= long_enough && is_nearly(ending, suffix);
+}
+
+/// A macro of the DAG, or of the block above the line, with an ending that is nearly right.
+bool judge_ending(comparison& header, const c_line& line, std::size_t place) {
+  const described_block dag{.name = header.reading.dag_name, .end = 0, .is_counted = true};
+  for (const macro_family family :
+       {macro_family::port, macro_family::variable, macro_family::smb, macro_family::dag}) {
+    object_kind kind = object_kind::dag;
+    const described_block* const block =
+        family == macro_family::dag ? &dag : block_above(header, family, kind);
+    if (block == nullptr || block->name.empty()) {
+      continue;
+    }
+    const std::string stem = macro_name(kind, block->name, "", header.prefixes);
+    if (!line.name.starts_with(stem)) {
+      continue;
+    }
+    const std::string_view ending = line.name.substr(stem.size());
+    const auto macros = macros_of(kind);
+    const auto row = std::ranges::find_if(
+        macros, [&](const macro_row& each) { return is_misspelled_ending(ending, each.suffix); });
+    if (row != macros.end()) {
+      tell(header, kind_of("wrong-name"), place,
+           joined(printable(line.name), " is not read: its ending is unknown, and the macro of ",
+                  block_title(kind, *block), " is ", printable(stem + std::string(row->suffix))));
+      return true;
+    }
+  }
+  return false;
+}
+
 /// A macro with the name in the macro that names the DAG, when the DAG has another name.
 bool judge_alias(comparison& header, const c_line& line, std::size_t place) {
   const std::string_view alias = header.prefixes.alias;
@@ -77,7 +112,8 @@ bool judge_alias(comparison& header, const c_line& line, std::size_t place) {
 }  // namespace
 
 bool judge_wrong_name(comparison& header, const c_line& line, std::size_t place) {
-  return judge_alias(header, line, place) || judge_misspelling(header, line, place);
+  return judge_alias(header, line, place) || judge_misspelling(header, line, place) ||
+         judge_ending(header, line, place);
 }
 
 }  // namespace morvane::companion

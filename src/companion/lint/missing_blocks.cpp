@@ -1,0 +1,65 @@
+#include "companion/lint/missing_blocks.h"
+
+#include <algorithm>
+#include <bit>
+
+#include "companion/printable_text.h"
+
+namespace morvane::companion {
+
+namespace {
+
+// So many different macros of a port have one name by intention. With fewer, something else may be
+// meant, such as net_frames_W.
+constexpr int enough_macros = 3;
+
+/// The macro's row among those of a port, and the name before it. Null for other macros.
+macro_parts port_parts(const comparison& header, std::string_view macro) {
+  const auto row = std::ranges::find_if(
+      port_macros, [&](const macro_row& each) { return macro.ends_with(each.suffix); });
+  for (const std::string_view prefix : {header.prefixes.dag_name, header.prefixes.alias}) {
+    const std::size_t begin = prefix.size() + 1;
+    if (row != port_macros.end() && !prefix.empty() && macro.size() > begin + row->suffix.size() &&
+        macro.starts_with(prefix) && macro[prefix.size()] == '_') {
+      return {.family = macro_family::port,
+              .row = &*row,
+              .block = macro.substr(begin, macro.size() - begin - row->suffix.size())};
+    }
+  }
+  return {.family = macro_family::port};
+}
+
+}  // namespace
+
+void take_unknown_macro(comparison& header, std::string_view name, std::size_t place) {
+  const macro_parts parts = port_parts(header, name);
+  if (parts.row == nullptr) {
+    return;
+  }
+  if (header.missing.name != parts.block) {
+    judge_missing_block(header);
+    header.missing = {.name = parts.block, .place = place};
+  }
+  header.missing.rows |= std::uint64_t{1} << (parts.row - port_macros.data());
+}
+
+void judge_missing_block(comparison& header) {
+  const missing_block missing = std::exchange(header.missing, {});
+  const int macros = std::popcount(missing.rows);
+  if (macros < enough_macros) {
+    return;
+  }
+  // The finding stands for the note about the first macro.
+  const auto note =
+      std::find_if(header.findings.rbegin(), header.findings.rend(),
+                   [&](const header_finding& found) { return found.place <= missing.place; });
+  if (note != header.findings.rend() && note->place == missing.place) {
+    header.findings.erase(std::next(note).base());
+  }
+  tell(header, kind_of("missing-block"), missing.place,
+       joined("no line with ", input_ports.keyword, " or ", output_ports.keyword, " introduces ",
+              printable(missing.name), ": it is not in the package, and its ", macros,
+              " macros are not read"));
+}
+
+}  // namespace morvane::companion
