@@ -114,19 +114,14 @@ void add_names(asked_macros& names, std::string_view line) {
 }  // namespace
 
 asked_macros macros_of_conditions(std::string_view header) {
-  constexpr std::string_view word = "if";  // part of #if, #ifdef, #ifndef and #elif
   asked_macros names;
-  for (std::size_t at = header.find(word); at != std::string_view::npos;
-       at = header.find(word, at + word.size())) {
-    std::string_view before = header.substr(0, at);
-    if (before.ends_with("el")) {
-      before.remove_suffix(2);
+  for (std::size_t at = header.find('#'); at != std::string_view::npos; at = header.find('#', at)) {
+    ++at;
+    while (at < header.size() && (header[at] == ' ' || header[at] == '\t')) {
+      ++at;
     }
-    while (!before.empty() && (before.back() == ' ' || before.back() == '\t')) {
-      before.remove_suffix(1);
-    }
-    if (before.ends_with('#')) {
-      const std::string_view rest = header.substr(at);
+    const std::string_view rest = header.substr(at);
+    if (rest.starts_with("if") || rest.starts_with("elif")) {
       add_names(names, rest.substr(0, rest.find('\n')));
     }
   }

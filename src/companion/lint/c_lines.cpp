@@ -1,11 +1,15 @@
 #include "companion/lint/c_lines.h"
 
+#include <utility>
+
 #include "companion/lint/c_conditions.h"
 #include "companion/lint/c_text.h"
 
 namespace morvane::companion {
 
 namespace {
+
+using namespace std::literals;
 
 /// Editors put it at the begin of a file, and compilers skip it.
 constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
@@ -81,14 +85,18 @@ void read_macro(c_reader& reader, std::string_view text, c_line& result) {
 /// A directive, from behind its "#".
 void read_directive(c_reader& reader, std::string_view text, std::size_t place, c_line& result) {
   skip_to_text(text);
+  reader.in_directive = true;
+  for (const auto& [word, kind] :
+       {std::pair("define"sv, directive::define), {"undef"sv, directive::undef}}) {
+    if (text.starts_with(word) &&
+        (text.size() == word.size() || !is_name_character(text[word.size()]))) {
+      result.kind = kind;
+      read_macro(reader, text.substr(word.size()), result);
+      return;
+    }
+  }
   const std::string_view directive = leading_name(text);
   text.remove_prefix(directive.size());
-  reader.in_directive = true;
-  if (directive == "define" || directive == "undef") {
-    result.kind = directive == "define" ? directive::define : directive::undef;
-    read_macro(reader, text, result);
-    return;
-  }
   follow_condition(reader, directive, take_text(reader, text), place);
 }
 

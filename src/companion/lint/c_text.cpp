@@ -52,15 +52,22 @@ std::string_view trimmed(std::string_view text) {
 
 std::string_view leading_name(std::string_view text) {
   static constexpr std::array<bool, 256> in_names = name_characters();
-  std::size_t end = 0;
-  while (end < text.size() && in_names[static_cast<unsigned char>(text[end])]) {
-    ++end;
+  if (text.empty() || is_digit(text.front())) {
+    return {};
   }
-  return is_digit(text.empty() ? '0' : text[0]) ? std::string_view() : text.substr(0, end);
+  const auto is_in_name = [](char c) { return in_names[static_cast<unsigned char>(c)]; };
+  // Unlike the algorithm in ranges, this one looks at four characters in a step.
+  // NOLINTNEXTLINE(modernize-use-ranges)
+  const auto* const end = std::find_if_not(text.begin(), text.end(), is_in_name);
+  return {text.begin(), end};
 }
 
 bare_text without_comments(std::string_view text, std::string& buffer) {
   bare_text bare;
+  if (text.find('/') == std::string_view::npos) {
+    bare.text = trimmed(text);
+    return bare;
+  }
   std::size_t kept = 0;  // where the piece begins that is being read
   std::size_t at = 0;
   while (at < text.size()) {

@@ -59,10 +59,13 @@ int load_header(const std::string& path, std::string& text) {
 void follow_port(folder_run& run, std::uint32_t position, object_kind kind, std::string_view name,
                  const port_desc& port, std::string_view header, header_findings& findings) {
   if (kind == object_kind::output) {
-    run.outputs.insert_or_assign(std::string(name), left_output{position, flow_of(port)});
+    const bool is_last = position + 1 == run.files.dvis.size();  // no input follows
+    if (!is_last) {
+      run.outputs.insert_or_assign(std::string(name), left_output{position, flow_of(port)});
+    }
     return;
   }
-  const auto output = run.outputs.find(std::string(name));
+  const auto output = run.outputs.empty() ? run.outputs.end() : run.outputs.find(std::string(name));
   if (output == run.outputs.end()) {
     return;
   }

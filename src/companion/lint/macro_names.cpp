@@ -22,9 +22,13 @@ bool take_prefix(std::string_view& text, std::string_view prefix) {
   return true;
 }
 
-bool is_joined(std::string_view text, std::string_view first, std::string_view second) {
-  return text.size() == first.size() + second.size() && text.starts_with(first) &&
-         text.ends_with(second);
+/// Removes an ending.
+bool take_end(std::string_view& text, std::string_view end) {
+  if (!text.ends_with(end)) {
+    return false;
+  }
+  text.remove_suffix(end.size());
+  return true;
 }
 
 char lower(char c) {
@@ -82,20 +86,17 @@ macro_family family_of(object_kind kind) {
 
 bool is_macro_of(std::string_view macro, object_kind kind, std::string_view block,
                  std::string_view suffix, const macro_prefixes& prefixes) {
+  if (!take_end(macro, suffix) || !take_end(macro, block)) {
+    return false;
+  }
   if (kind == object_kind::dag || kind == object_kind::variable) {
-    return is_joined(macro, block, suffix);
+    return macro.empty();
   }
   if (prefixes.dag_name.empty()) {
-    return macro.size() > block.size() + suffix.size() && macro.ends_with(suffix) &&
-           macro.substr(0, macro.size() - suffix.size()).ends_with(block);
+    return !macro.empty();
   }
-  std::string_view rest = macro;
-  if (take_prefix(rest, prefixes.dag_name) && is_joined(rest, block, suffix)) {
-    return true;
-  }
-  rest = macro;
-  return !prefixes.alias.empty() && take_prefix(rest, prefixes.alias) &&
-         is_joined(rest, block, suffix);
+  return take_end(macro, "_") &&
+         (macro == prefixes.dag_name || (!prefixes.alias.empty() && macro == prefixes.alias));
 }
 
 std::string macro_name(object_kind kind, std::string_view block, std::string_view suffix,

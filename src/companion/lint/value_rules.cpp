@@ -1,6 +1,9 @@
 #include "companion/lint/value_rules.h"
 
+#include <algorithm>
 #include <array>
+#include <cstdint>
+#include <limits>
 
 #include "companion/lint/c_number.h"
 #include "companion/lint/c_text.h"
@@ -101,6 +104,27 @@ std::string_view c_text(std::string_view c_value) {
   return literal ? *literal : c_value;
 }
 
+/// The most decimal digits of which every number fits into the field. A flag holds 0 and 1.
+std::size_t sure_digits(const macro_row& row) {
+  switch (row.kind) {
+    case macro_kind::word:
+      return std::numeric_limits<std::uint32_t>::digits10;
+    case macro_kind::byte:
+      return std::numeric_limits<std::uint8_t>::digits10;
+    case macro_kind::signed_byte:
+      return std::numeric_limits<std::int8_t>::digits10;
+    default:
+      return 0;
+  }
+}
+
+/// Whether C and the pack run surely read the same number, as in most lines: a few decimal digits.
+bool is_surely_same(const macro_row& row, std::string_view word, std::string_view c_value) {
+  return !word.empty() && word.data() == c_value.data() && word.size() == c_value.size() &&
+         word.size() <= sure_digits(row) && (word.size() == 1 || word.front() != '0') &&
+         std::ranges::all_of(word, is_digit);
+}
+
 }  // namespace
 
 std::string packed_value(const macro_row& row, std::string_view word) {
@@ -130,7 +154,8 @@ std::optional<value_fault> compare_number(const macro_row& row, std::string_view
                                           std::string_view word, const c_line& line,
                                           std::string_view c_value) {
   const bool is_plain = !line.goes_on && !line.has_parameters;
-  if (is_plain && has_value(c_number_of(c_value), packed_number(row, word))) {
+  if (is_plain && (is_surely_same(row, word, c_value) ||
+                   has_value(c_number_of(c_value), packed_number(row, word)))) {
     return std::nullopt;
   }
   const std::string end = becomes(row, macro, word);
