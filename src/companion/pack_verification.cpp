@@ -1,5 +1,6 @@
 #include "companion/pack_verification.h"
 
+#include <fcntl.h>
 #include <morvane/package_view.h>
 
 #include <algorithm>
@@ -64,19 +65,19 @@ bool holds_image(comparing& run, std::span<const std::uint8_t> image, const file
 
 input_comparison compare_image(comparing& run, const morvane_view_dvi& dvi,
                                const std::string& path) {
-  const readable_file file = open_to_read(path);
-  if (!file.handle.is_open()) {
+  const file_handle file = open_at(AT_FDCWD, path, O_RDONLY | O_NONBLOCK);
+  if (!file.is_open()) {
     return {.path = path, .error = errno};
   }
   const auto image = image_of(run.view, dvi);
-  return {.are_same = image.size() == dvi.dvi_img_size && holds_image(run, image, file.handle)};
+  return {.are_same = image.size() == dvi.dvi_img_size && holds_image(run, image, file)};
 }
 
 /// Whether the package holds these bytes at an offset.
 bool holds_bytes(const morvane_view& view, std::size_t offset, std::span<const std::byte> bytes) {
-  return offset <= view.size && bytes.size() <= view.size - offset &&
-         std::ranges::equal(
-             std::as_bytes(std::span(view.bytes, view.size)).subspan(offset, bytes.size()), bytes);
+  return bytes.empty() || (offset <= view.size && bytes.size() <= view.size - offset &&
+                           std::memcmp(std::span(view.bytes, view.size).subspan(offset).data(),
+                                       bytes.data(), bytes.size()) == 0);
 }
 
 bool holds_records(const morvane_view& view, const morvane_view_dvi& dvi,
@@ -103,6 +104,8 @@ input_comparison compare_with_inputs(const package_bytes& package, const pack_in
   input_comparison result{.are_same = opened == MORVANE_VIEW_OK &&
                                       has_header_of(run.view, inputs) &&
                                       described.size() == inputs.dvis.size()};
+  constexpr std::size_t step = std::size_t{1} << 20U;  // bytes that are given back at a time
+  std::size_t kept = 0;                                // bytes from here on are still in memory
   morvane_view_dvi dvi{};
   int walk = morvane_view_first(&run.view, &dvi);
   for (std::size_t i = 0; result.are_same && walk == MORVANE_VIEW_OK; ++i) {
@@ -110,7 +113,10 @@ input_comparison compare_with_inputs(const package_bytes& package, const pack_in
     if (result.are_same) {
       result = compare_image(run, dvi, join_path(inputs.folder, inputs.dvis[i].name));
     }
-    package.release(dvi.block, dvi.dvi_pkg_size);
+    if (dvi.block - kept >= step) {
+      package.release(kept, dvi.block - kept);
+      kept = dvi.block;
+    }
     walk = morvane_view_next(&run.view, &dvi);
   }
   return result;

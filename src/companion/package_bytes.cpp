@@ -81,6 +81,10 @@ void package_bytes::release(std::size_t offset, std::uint64_t count) const {
 
 void package_bytes::fetch(std::span<const std::uint8_t> part) const {
 #ifdef MADV_POPULATE_READ
+  constexpr std::size_t least = std::size_t{64} << 10U;  // bytes that are worth a call
+  if (part.size() < least) {
+    return;
+  }
   const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
   const auto begin = static_cast<std::size_t>(part.data() - data_) / page * page;
   const auto end = static_cast<std::size_t>(part.data() - data_) + part.size();

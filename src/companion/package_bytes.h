@@ -35,7 +35,8 @@ class package_bytes {
     release(static_cast<std::size_t>(part.data() - data_), part.size());
   }
 
-  /// Asks the system for a part of the bytes at once, instead of page by page where they are read.
+  /// Asks the system for a large part of the bytes at once, instead of page by page where they are
+  /// read. Does nothing for a small part.
   void fetch(std::span<const std::uint8_t> part) const;
 
   /// Has the system copy a part of the bytes from their file to a descriptor. Returns the number of
