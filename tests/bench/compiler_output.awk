@@ -45,7 +45,7 @@ function describe_dag(dag, dag_number,    i) {
   define(dag "_use_ping_pong_vmem", dag_number % 2)
   define(dag "_image_start", 65536 + dag_number * 4096)
   define(dag "_image_size", image_size)
-  define(dag "_dagbin_start", 65536 + dag_number * 4096 + 256)
+  define(dag "_dagbin_start", 65536 + dag_number * 4096 + int(image_size / 2))
   for (i = 0; i < ports; ++i) {
     describe_port(dag, i, i < ports / 2 ? "input" : "output")
   }
