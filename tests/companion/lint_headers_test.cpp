@@ -36,6 +36,27 @@ TEST_F(LintHeaders, FindsAnImageThatIsTooShort) {
                   "[image-too-short]\n");
 }
 
+TEST_F(LintHeaders, FindsWhatADeviceGivesAsAnImage) {
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5\n");
+  std::filesystem::create_symlink("/dev/zero", folder.path("in/net.dvi"));
+  expect_findings(0, "");
+  std::filesystem::remove(folder.path("in/net.dvi"));
+  std::filesystem::create_symlink("/dev/null", folder.path("in/net.dvi"));
+  expect_findings(1,
+                  "in/net.h:2:24: error: the image has 0 bytes, but 5 are to be packed: nothing is "
+                  "[image-too-short]\n");
+}
+
+TEST_F(LintHeaders, FindsAHeaderThatIsADevice) {
+  folder.write("in/net.dvi", "image");
+  std::filesystem::create_symlink("/dev/null", folder.path("in/net.h"));
+  expect_findings(1,
+                  "in/net.h:1:1: error: the file cannot be read: Invalid argument, so the DAG gets "
+                  "no name and no image [unreadable-file]\n");
+}
+
 TEST_F(LintHeaders, FindsAnImageThatIsTooLong) {
   folder.write("in/net.dvi", "image, more");
   folder.write("in/net.h",

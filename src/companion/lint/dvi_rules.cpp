@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <limits>
+#include <vector>
 
 #include "companion/overlaps.h"
 #include "companion/printable_text.h"
@@ -27,18 +28,32 @@ std::string bytes(std::uint64_t count) {
   return joined(count, count == 1 ? " byte" : " bytes");
 }
 
+/// How many bytes a device gives, but not more than are wanted.
+std::uint64_t readable_bytes(const file_handle& device, std::uint64_t wanted) {
+  std::vector<std::byte> buffer(std::min<std::uint64_t>(wanted, chunk_size));
+  std::uint64_t count = 0;
+  std::size_t got = buffer.size();
+  while (count < wanted && got == buffer.size()) {
+    got = read_bytes(device, buffer);
+    count += got;
+  }
+  return std::min(count, wanted);
+}
+
 }  // namespace
 
-image_file look_at_image(const std::string& path) {
+image_file look_at_image(const std::string& path, std::uint32_t wanted) {
   const readable_file file = open_to_read(path);
   if (!file.handle.is_open()) {
     return {.error = errno};
   }
   if (file.size >= 0) {
-    return {.has_size = true, .size = static_cast<std::uint64_t>(file.size)};
+    return {.size = static_cast<std::uint64_t>(file.size)};
   }
+  // Nothing of a folder can be read, and from a pipe it would be lost.
   const auto status = status_of(file.handle);
-  return {.is_empty = status && (S_ISDIR(status->st_mode) || S_ISFIFO(status->st_mode))};
+  const bool is_device = status && (S_ISCHR(status->st_mode) || S_ISBLK(status->st_mode));
+  return {.size = is_device ? readable_bytes(file.handle, wanted) : 0};
 }
 
 void judge_image(const header_reading& reading, const image_file& image,
@@ -56,13 +71,13 @@ void judge_image(const header_reading& reading, const image_file& image,
     add(kind_of("negative-image-size"),
         joined("an image of ", bytes(size), " is too large, at most ",
                std::numeric_limits<std::int32_t>::max(), " can be packed: nothing is"));
-  } else if ((image.has_size && image.size < size) || (image.is_empty && size > 0)) {
+  } else if (image.size < size) {
     add(kind_of("image-too-short"), joined("the image has ", bytes(image.size), ", but ", size,
                                            " are to be packed: nothing is"));
   } else if (!is_given) {
     add(kind_of("no-image-size"), joined("the header has no macro for the size of the image: all ",
                                          bytes(image.size), " are left out of the package"));
-  } else if (image.has_size && image.size > size) {
+  } else if (image.size > size) {
     add(kind_of("image-too-long"),
         joined("the image has ", bytes(image.size), ", but ", size,
                " are packed; left out at its end: ", bytes(image.size - size)));

@@ -8,14 +8,12 @@
 
 namespace morvane::companion {
 
-/// An image file, as far as it is known without reading it.
+/// An image file.
 struct image_file {
   int error = 0;           // the errno of an image that cannot be opened
-  bool has_size = false;   // a regular file
-  bool is_empty = false;   // a folder or a pipe, of which nothing can be read
-  std::uint64_t size = 0;  // bytes
+  std::uint64_t size = 0;  // bytes; of a device at most as many as are wanted
 };
-image_file look_at_image(const std::string& path);
+image_file look_at_image(const std::string& path, std::uint32_t wanted);
 
 /// Adds what is wrong with the image, as the header describes it.
 void judge_image(const header_reading& reading, const image_file& image, header_findings& findings);

@@ -49,7 +49,8 @@ int load_header(const std::string& path, std::string& text) {
     return errno;
   }
   if (file.size < 0) {
-    return EISDIR;
+    const auto status = status_of(file.handle);
+    return status && S_ISDIR(status->st_mode) ? EISDIR : EINVAL;
   }
   text = read_file(file);
   return 0;
@@ -181,7 +182,6 @@ void lint_dvi(folder_run& run, std::uint32_t position, described_dvi* described)
   if (error != 0) {
     tell_unreadable(run, path, error, ", so the DAG gets no name and no image");
   }
-  const image_file image = look_at_image(image_path);
   header_findings mismatches;
   const auto take_record = [&](object_kind kind, std::string_view name,
                                std::span<const std::byte> record) {
@@ -194,6 +194,7 @@ void lint_dvi(folder_run& run, std::uint32_t position, described_dvi* described)
   };
   const header_reading reading =
       read_header(text, run.scope.vproc, run.files.dvis[position].index, position, take_record);
+  const image_file image = look_at_image(image_path, reading.dvi.dvi_img_size);
   if (error == 0) {
     header_findings findings = compare_header(reading, run.scope.vproc, run.scope.notes);
     std::ranges::move(mismatches, std::back_inserter(findings));
