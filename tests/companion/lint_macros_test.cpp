@@ -100,9 +100,10 @@ TEST_F(LintMacros, FindsTwoMacrosOnALine) {
                "#define net_image_size 5\n"
                "/* net HMB_input data */\n"
                "#define net_data_H 49 /* net_data_W 40 */\n");
-  expect_findings(0,
-                  "in/net.h:4:37: warning: data_W behind net_data_H is read as well, which becomes "
-                  "40 [two-macros-on-a-line]\n");
+  expect_findings(
+      0,
+      "in/net.h:4:37: warning: net_data_W behind net_data_H is read as well, which becomes "
+      "40 [two-macros-on-a-line]\n");
 }
 
 TEST_F(LintMacros, FindsAMacroThatIsDefinedTwice) {
@@ -200,6 +201,18 @@ TEST_F(LintMacros, FindsAMacroBehindAComment) {
   expect_findings(0,
                   "in/net.h:6:9: warning: net_data_H is not read: it comes after the block of "
                   "input data, which ended on line 5 [outside-any-block]\n");
+}
+
+TEST_F(LintMacros, FindsAMacroAboveItsBlock) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5\n"
+               "#define net_data_W 40\n"
+               "/* net HMB_input data */\n");
+  expect_findings(0,
+                  "in/net.h:3:9: warning: net_data_W is not read: it comes before the block of "
+                  "input data, which begins on line 4 [outside-any-block]\n");
 }
 
 TEST_F(LintMacros, FindsADagMacroAboveTheDagName) {

@@ -97,6 +97,40 @@ TEST_F(LintValues, FindsAMacroWithoutAValue) {
                   "net_data_H becomes 0 [no-value]\n");
 }
 
+TEST_F(LintValues, FindsAMacroThatStaysAsItWas) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5\n"
+               "/* net HMB_input data */\n"
+               "#define net_data_W 4\n"
+               "#define net_data_W\n"
+               "#define net_data_H ,;\n"
+               "#define net_data_qubrix_demangled_name \"a\"\n"
+               "#define net_data_qubrix_demangled_name \"\"\n"
+               "/* net HMB_input mel */\n"
+               "#define net_mel_qubrix_demangled_name \"\"\n");  // as without the macro
+  expect_findings(
+      0,
+      "in/net.h:5:9: warning: net_data_W has no value: it stays 4 [no-value]\n"
+      "in/net.h:6:9: warning: the value of net_data_H, ,;, holds only separators: it is not read "
+      "[no-value]\n"
+      "in/net.h:8:9: warning: net_data_qubrix_demangled_name is empty here, but stays \"a\" "
+      "[no-value]\n");
+}
+
+TEST_F(LintValues, FindsAValueWithACommentInside) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5\n"
+               "/* net HMB_input data */\n"
+               "#define net_data_W 40 /* and */ + 2\n");
+  expect_findings(0,
+                  "in/net.h:4:20: warning: the value \"40 + 2\" is cut at a separator: net_data_W "
+                  "becomes 40 [cut-name]\n");
+}
+
 TEST_F(LintValues, FindsAValueThatGoesOnAfterASeparator) {
   folder.write("in/net.dvi", "image");
   folder.write("in/net.h",
