@@ -9,6 +9,8 @@
 #include "companion/replacement_file.h"
 #include "companion/report/dot_file.h"
 #include "companion/report/page.h"
+#include "io/file.h"
+#include "io/message.h"
 
 namespace morvane::companion {
 
@@ -46,8 +48,18 @@ void write_report(const report_options& options, const report_inputs& inputs, pa
   flush(out);
 }
 
+/// Whether a path leads to one of the packages, under whatever name.
+bool is_input(const std::string& path, const report_options& options) {
+  const std::optional<file_identity> file = identity_at(path);
+  return file && (file == identity_at(options.package) || file == identity_at(options.old_package));
+}
+
 /// Writes the page to a file that takes the place of an older one when it is complete.
 int write_file(const report_options& options, const report_inputs& inputs, console& streams) {
+  if (is_input(options.output, options)) {
+    print_message(joined(printable(options.output), ": is one of the packages to read"));
+    return status_failed;
+  }
   const held_signals signals;
   replacement_file file;
   if (const int error = file.create(options.output); error != 0) {

@@ -230,6 +230,22 @@ TEST(ReportCommand, WritesAWholeFileOrNone) {
                  "morvane: standard output: No space left on device\n");
 }
 
+TEST(ReportCommand, NeverReplacesAPackageThatItReads) {
+  const scratch_folder folder;
+  folder.write("net.bin", sound_package());
+  folder.write("old.bin", sound_package_with_vproc());
+  std::filesystem::create_symlink("net.bin", folder.path() + "/link.bin");
+  const std::map<std::string, std::string> files = folder.files();
+  expect_outcome(run_morvane({"report", "net.bin", "-o", "./net.bin"}, folder.path()), 2, "",
+                 "morvane: ./net.bin: is one of the packages to read\n");
+  expect_outcome(run_morvane({"report", "--dot", "net.bin", "-o", "link.bin"}, folder.path()), 2,
+                 "", "morvane: link.bin: is one of the packages to read\n");
+  expect_outcome(
+      run_morvane({"report", "net.bin", "--against", "old.bin", "-o", "old.bin"}, folder.path()), 2,
+      "", "morvane: old.bin: is one of the packages to read\n");
+  EXPECT_EQ(folder.files(), files);
+}
+
 TEST(ReportCommand, EndsWithStatus2WhenAPackageCannotBeRead) {
   const scratch_folder folder;
   folder.write("net.bin", sound_package());
