@@ -35,6 +35,7 @@ int open_inputs(const report_options& options, report_inputs& inputs) {
 
 void write_report(const report_options& options, const report_inputs& inputs, page_output& out) {
   if (options.dot) {
+    warn_of_damage(inputs.package, "shown", out.streams);
     write_dot(inputs.package, find_flow(inputs.package), out);
   } else {
     page_content content = find_content(inputs.package, out.streams);

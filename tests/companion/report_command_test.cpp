@@ -184,6 +184,28 @@ TEST(ReportCommand, MarksWhatChanged) {
                "<p>Every byte is the same.</p>");
 }
 
+TEST(ReportCommand, SaysThatTheOlderPackageIsDamaged) {
+  const scratch_folder folder;
+  const std::string package = sound_package();
+  folder.write("net.bin", package);
+  folder.write("cut.bin", package.substr(0, package.size() - 1));
+  const std::string sentence = "<p class=\"bad\">The older package is damaged.";
+  expect_shown(run_morvane({"report", "net.bin", "--against", "cut.bin"}, folder.path()).output,
+               sentence);
+  expect_not_shown(run_morvane({"report", "net.bin", "--against", "net.bin"}, folder.path()).output,
+                   sentence);
+}
+
+TEST(ReportCommand, WarnsThatTheNetworkForGraphvizEndsAtADamage) {
+  const scratch_folder folder;
+  folder.write("net.bin", header(1));
+  const std::string network = "digraph package {\n  node [shape=box]\n}\n";
+  expect_outcome(run_morvane({"report", "--dot", "net.bin"}, folder.path()), 0, network,
+                 "morvane: net.bin: the package is damaged; shown is what comes before the damage, "
+                 "and morvane check tells more\n");
+  expect_outcome(run_morvane({"report", "--dot", "-q", "net.bin"}, folder.path()), 0, network);
+}
+
 TEST(ReportCommand, WritesTheNetworkForGraphviz) {
   std::string package = header(2) + bytes(sound_dvi(0, "a\"\\&\x1B")) + bytes(sound_dvi(1, "b"));
   package += bytes(sound_port("data", 0)) + bytes(sound_port("middle", 16)) + image();

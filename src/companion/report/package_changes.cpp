@@ -49,7 +49,8 @@ void mark_dvi(dvi_changes& dvi, const difference& found, bool is_kept, std::size
 
 package_changes find_changes(const opened_package& old_package, const opened_package& new_package,
                              console& streams) {
-  package_changes changes{.old_name = file_name(old_package.path)};
+  package_changes changes{.old_name = file_name(old_package.path),
+                          .is_old_damaged = is_damaged(old_package)};
   changes.dvis.resize(new_package.view.sound_dvis);
   const dvi_positions positions = positions_in(new_package);
   tell_differences(old_package, new_package, streams, [&](const difference& found) {

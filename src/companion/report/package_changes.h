@@ -28,6 +28,7 @@ struct dvi_changes {
 
 struct package_changes {
   std::string old_name{};           // of the file
+  bool is_old_damaged = false;      // then what comes after the damage counts as missing
   std::vector<difference> kept{};   // the first ones; names and texts lie in the packages
   std::uint64_t all = 0;            // how many differences there are
   std::vector<dvi_changes> dvis{};  // of the new package, by position

@@ -135,6 +135,11 @@ void write_changes(const page_content& content, page_output& out) {
         "<section id=\"changes\" aria-labelledby=\"changes-head\">\n"
         "<h2 id=\"changes-head\">Changes since <bdi>",
         html{changes.old_name}, "</bdi></h2>\n");
+  if (changes.is_old_damaged) {
+    write(out,
+          "<p class=\"bad\">The older package is damaged. What comes after its damage counts as "
+          "missing there, and is new here.</p>\n");
+  }
   if (changes.all == 0) {
     write(out, "<p>Every byte is the same.</p>\n</section>\n");
     return;
