@@ -177,6 +177,8 @@ TEST(ReportCommand, MarksWhatChanged) {
   expect_shown(page, "<h3>DVI 1: <bdi>third</bdi> <b class=\"mark\">new</b></h3>");
   expect_shown(page, "<bdi>middle</bdi> <b class=\"mark\">changed</b><small>");
   expect_shown(page, "<bdi>data</bdi><small>");
+  expect_shown(page, "out</i> <bdi>middle</bdi> <b class=\"mark\">changed</b> <span class=");
+  expect_shown(page, "in</i> <bdi>data</bdi> <span class=");
   expect_shown(page, "</i> ports of DVI 0 <b class=\"mark\">changed</b></th>");
   expect_shown(page, "</i> image of DVI 0</th>");
   expect_shown(page, "</i> image of DVI 1 <b class=\"mark\">new</b></th>");

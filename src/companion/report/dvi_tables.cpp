@@ -103,12 +103,6 @@ void write_dvi_changes(const package_changes& changes, std::uint32_t position, p
   write(out, "</ul>\n");
 }
 
-change_mark mark_in(const record_marks& marks, part_kind kind, std::string_view name,
-                    std::uint32_t occurrence) {
-  const auto mark = marks.find({kind, name, occurrence});
-  return mark == marks.end() ? change_mark::none : mark->second;
-}
-
 void write_variables(const morvane_view& view, const morvane_view_dvi& dvi, page_output& out,
                      const record_marks& marks) {
   if (dvi.variable_num == 0) {
@@ -121,7 +115,7 @@ void write_variables(const morvane_view& view, const morvane_view_dvi& dvi, page
   for_each_variable(view, dvi, [&](const morvane_view_var& one, const record_name& /*name*/) {
     const std::string_view name = str(one.var);
     write(out, "<tr><th scope=\"row\">", isolated{name},
-          mark_in(marks, part_kind::variable, name, occurrences.next(marks, name)), "</th><td>",
+          next_mark(marks, part_kind::variable, name, occurrences), "</th><td>",
           grouped{one.boffset}, "</td><td>", grouped{one.bsize}, "</td></tr>\n");
   });
   write(out, "</tbody></table>\n");
@@ -139,8 +133,8 @@ void write_smbs(const morvane_view& view, const morvane_view_dvi& dvi, page_outp
   for_each_smb(view, dvi, [&](const morvane_view_smb_block& one, const record_name& /*name*/) {
     const std::string_view name = str(one.smb_name);
     write(out, "<tr><th scope=\"row\">", isolated{name},
-          mark_in(marks, part_kind::smb, name, occurrences.next(marks, name)),
-          "</th><td class=\"mono\">", hex{one.vbase_byte_offset}, "</td></tr>\n");
+          next_mark(marks, part_kind::smb, name, occurrences), "</th><td class=\"mono\">",
+          hex{one.vbase_byte_offset}, "</td></tr>\n");
   });
   write(out, "</tbody></table>\n");
 }

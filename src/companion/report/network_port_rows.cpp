@@ -3,6 +3,7 @@
 
 #include "companion/package_walk.h"
 #include "companion/report/network_rows.h"
+#include "companion/report/package_changes.h"
 #include "companion/report/page_parts.h"
 #include "companion/report/wiring.h"
 
@@ -55,7 +56,19 @@ struct port_rows {
   page_output& out;
   wiring plan;
   std::uint32_t row = 0;  // the next one
+  record_marks marks{};   // of the DVI; so below
+  occurrence_counter inputs{};
+  occurrence_counter outputs{};
 };
+
+/// Begins with the marks of a DVI.
+void find_marks(port_rows& rows, std::uint32_t dvi) {
+  rows.inputs = {};
+  rows.outputs = {};
+  if (rows.content.changes != nullptr) {
+    rows.marks = marks_of(*rows.content.changes, dvi);
+  }
+}
 
 void begin_row(port_rows& rows, std::string_view kind, const outside_ports& outside) {
   write(rows.out, "<div class=\"", kind, "\">");
@@ -70,16 +83,18 @@ void write_head(port_rows& rows, const morvane_view_dvi& dvi) {
         rounded_size{dvi.dvi_img_size}, " at ", hex{dvi.dvi_img_vaddr}, "</span></div></div>\n");
 }
 
-void write_port(port_rows& rows, std::string_view kind, const morvane_view_port& port) {
+void write_port(port_rows& rows, std::string_view kind, const morvane_view_port& port,
+                change_mark mark) {
   write(rows.out, "<div><i class=\"", kind, "\">", kind, "</i> ",
-        pictured_name{str(port.port_name)}, " <span class=\"dims\">", port_dims{port},
+        pictured_name{str(port.port_name)}, mark, " <span class=\"dims\">", port_dims{port},
         " <small>format ", port.dram_format, "</small></span> ");
 }
 
 void write_input(port_rows& rows, const morvane_view_port& port, port_place place) {
   const connection* const source = connection_to(rows.content.flow, place);
   begin_row(rows, "row port", {.has_inputs = source == nullptr});
-  write_port(rows, "in", port);
+  write_port(rows, "in", port,
+             next_mark(rows.marks, part_kind::input, str(port.port_name), rows.inputs));
   if (source == nullptr) {
     write(rows.out, "<span class=\"flow\">from outside");
   } else {
@@ -95,7 +110,8 @@ void write_input(port_rows& rows, const morvane_view_port& port, port_place plac
 void write_output(port_rows& rows, const morvane_view_port& port, port_place place) {
   const auto fed = connections_from(rows.content.flow, place);
   begin_row(rows, "row port", {.has_outputs = fed.empty()});
-  write_port(rows, "out", port);
+  write_port(rows, "out", port,
+             next_mark(rows.marks, part_kind::output, str(port.port_name), rows.outputs));
   write(rows.out, "<span class=\"flow\">to ", fed.empty() ? "outside" : "");
   std::string_view separator;
   for (const connection& one : fed) {
@@ -114,6 +130,7 @@ void write_port_rows(const page_content& content, page_output& out) {
   write(out, "<ol class=\"net ", width_class(rows.plan), "\">\n");
   for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
     write(out, "<li>");
+    find_marks(rows, dvi.position);
     write_head(rows, dvi);
     for_each_input(view, dvi, [&](const morvane_view_port& port, const record_name& name) {
       write_input(rows, port, {name.dvi, name.index});

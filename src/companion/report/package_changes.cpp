@@ -1,6 +1,5 @@
 #include "companion/report/package_changes.h"
 
-#include <unordered_map>
 #include <variant>
 
 #include "companion/package_walk.h"
@@ -76,6 +75,12 @@ record_marks marks_of(const package_changes& changes, std::uint32_t dvi) {
                   mark_of(changes.kept[i]));
   }
   return marks;
+}
+
+change_mark next_mark(const record_marks& marks, part_kind kind, std::string_view name,
+                      occurrence_counter& occurrences) {
+  const auto mark = marks.find({kind, name, occurrences.next(marks, name)});
+  return mark == marks.end() ? change_mark::none : mark->second;
 }
 
 }  // namespace morvane::companion

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <tuple>
+#include <unordered_map>
 #include <vector>
 
 #include "companion/console.h"
@@ -42,5 +43,19 @@ package_changes find_changes(const opened_package& old_package, const opened_pac
 using record_marks = std::map<std::tuple<part_kind, std::string_view, std::uint32_t>, change_mark>;
 
 record_marks marks_of(const package_changes& changes, std::uint32_t dvi);
+
+/// Counts how often each name was met.
+struct occurrence_counter {
+  std::unordered_map<std::string_view, std::uint32_t> counts{};
+
+  /// The occurrence of a name that is met now; not counted when no record has a mark.
+  std::uint32_t next(const record_marks& marks, std::string_view name) {
+    return marks.empty() ? 0 : ++counts[name];
+  }
+};
+
+/// The mark of a record; the records of a kind are asked for one after the other.
+change_mark next_mark(const record_marks& marks, part_kind kind, std::string_view name,
+                      occurrence_counter& occurrences);
 
 }  // namespace morvane::companion

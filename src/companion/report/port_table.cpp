@@ -53,10 +53,8 @@ std::vector<std::uint32_t> partners_of(const morvane_view& view, const morvane_v
 }
 
 change_mark mark_of(port_rows& rows, bool is_input, std::string_view name) {
-  occurrence_counter& occurrences = is_input ? rows.inputs : rows.outputs;
-  const part_kind kind = is_input ? part_kind::input : part_kind::output;
-  const auto mark = rows.marks.find({kind, name, occurrences.next(rows.marks, name)});
-  return mark == rows.marks.end() ? change_mark::none : mark->second;
+  return is_input ? next_mark(rows.marks, part_kind::input, name, rows.inputs)
+                  : next_mark(rows.marks, part_kind::output, name, rows.outputs);
 }
 
 void write_name(port_rows& rows, const morvane_view_port& port, const record_name& name) {
