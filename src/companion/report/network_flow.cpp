@@ -1,7 +1,6 @@
 #include "companion/report/network_flow.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "companion/package_walk.h"
 #include "companion/port_flow.h"
@@ -26,11 +25,12 @@ void connect_input(const morvane_view_port& input, const record_name& name,
   flow.by_input.push_back(found);
 }
 
-/// The connections whose output is one of those between two, the second excluded.
-std::span<const connection> between(const network_flow& flow, port_place first, port_place last) {
+/// The connections from an output on, and further ones as long as the function says so.
+template <class Function>
+std::span<const connection> connections_while(const network_flow& flow, port_place first,
+                                              Function is_wanted) {
   const auto begin = std::ranges::lower_bound(flow.by_output, first, {}, &connection::output);
-  const auto end =
-      std::ranges::lower_bound(begin, flow.by_output.end(), last, {}, &connection::output);
+  const auto end = std::find_if_not(begin, flow.by_output.end(), is_wanted);
   return {begin, end};
 }
 
@@ -59,11 +59,13 @@ const connection* connection_to(const network_flow& flow, port_place input) {
 }
 
 std::span<const connection> connections_from(const network_flow& flow, port_place output) {
-  return between(flow, output, {output.dvi, output.index + 1});
+  return connections_while(flow, output,
+                           [&](const connection& one) { return one.output == output; });
 }
 
 std::span<const connection> connections_from_dvi(const network_flow& flow, std::uint32_t dvi) {
-  return between(flow, {dvi, 0}, {dvi, std::numeric_limits<std::uint32_t>::max()});
+  return connections_while(flow, {dvi, 0},
+                           [&](const connection& one) { return one.output.dvi == dvi; });
 }
 
 }  // namespace morvane::companion

@@ -8,15 +8,24 @@ namespace morvane::companion {
 
 namespace {
 
-/// The axis of the ports of the DVIs that the picture shows.
-folded_axis port_axis(const morvane_view& view) {
-  std::vector<used_range> all;
+/// The bytes that the ports use, of each DVI that the picture shows.
+using ranges_of_dvis = std::vector<std::vector<used_range>>;
+
+ranges_of_dvis find_ranges(const morvane_view& view) {
+  ranges_of_dvis ranges;
   for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
     if (dvi.position < most_pictured) {
-      const std::vector<used_range> ranges = port_ranges(view, dvi);
-      all.insert(all.end(), ranges.begin(), ranges.end());
+      ranges.push_back(port_ranges(view, dvi));
     }
   });
+  return ranges;
+}
+
+folded_axis axis_of(const ranges_of_dvis& ranges) {
+  std::vector<used_range> all;
+  for (const std::vector<used_range>& of_dvi : ranges) {
+    all.insert(all.end(), of_dvi.begin(), of_dvi.end());
+  }
   return fold_axis(std::move(all));
 }
 
@@ -40,22 +49,21 @@ std::vector<used_range> shared_bytes(const std::vector<overlap>& overlaps) {
 }
 
 /// Inputs are above, outputs below, and between them is what two ports share.
-void write_ports(const page_content& content, const morvane_view_dvi& dvi, const folded_axis& axis,
-                 const std::vector<overlap>& overlaps, page_output& out) {
+void write_ports(const morvane_view_dvi& dvi, const std::vector<used_range>& ranges,
+                 const folded_axis& axis, const std::vector<overlap>& overlaps, page_output& out) {
   write(out, "<svg class=\"ports\" role=\"img\"><title>Ports of DVI ", dvi.position, "</title>");
-  for_each_port(
-      content.package.view, dvi, [&](const morvane_view_port& port, const record_name& name) {
-        const std::uint64_t begin = port.port_byte_offset;
-        if (port.port_size == 0) {
-          return;
-        }
-        const bool is_input = name.kind == "input";
-        write(out,
-              bar_begin{is_input ? "in" : "out", bar_of(axis, begin, begin + port.port_size),
-                        is_input ? 0U : 13U, 9},
-              name.kind, " ", name.index, ", ", rounded_size{port.port_size}, " at ", hex{begin},
-              "</title></rect>");
-      });
+  for (const used_range& range : ranges) {
+    if (range.begin == range.end) {
+      continue;
+    }
+    const record_name name = port_name_at(dvi, range.owner);
+    const bool is_input = name.kind == "input";
+    write(out,
+          bar_begin{is_input ? "in" : "out", bar_of(axis, range.begin, range.end),
+                    is_input ? 0U : 13U, 9},
+          name.kind, " ", name.index, ", ", rounded_size{range.end - range.begin}, " at ",
+          hex{range.begin}, "</title></rect>");
+  }
   for (const used_range& range : shared_bytes(overlaps)) {
     write(out, bar_begin{"shared", bar_of(axis, range.begin, range.end), 9, 4},
           "shared bytes</title></rect>");
@@ -85,9 +93,8 @@ void write_overlaps(const morvane_view_dvi& dvi, const std::vector<overlap>& ove
   write(out, "</b>");
 }
 
-void write_row(const page_content& content, const morvane_view_dvi& dvi, const folded_axis& axis,
-               page_output& out) {
-  const std::vector<used_range> ranges = port_ranges(content.package.view, dvi);
+void write_row(const page_content& content, const morvane_view_dvi& dvi,
+               const std::vector<used_range>& ranges, const folded_axis& axis, page_output& out) {
   const std::vector<overlap> overlaps = find_overlaps(ranges);
   write(out, "<li><div><b>", dvi_link{dvi.position}, "</b> ", pictured_name{str(dvi.dag_name)},
         mark_of_dvi(content.changes, dvi.position));
@@ -101,7 +108,7 @@ void write_row(const page_content& content, const morvane_view_dvi& dvi, const f
         "</span>");
   write_overlaps(dvi, overlaps, out);
   write(out, "</div>");
-  write_ports(content, dvi, axis, overlaps, out);
+  write_ports(dvi, ranges, axis, overlaps, out);
   write(out, "</li>\n");
 }
 
@@ -109,7 +116,8 @@ void write_row(const page_content& content, const morvane_view_dvi& dvi, const f
 
 void write_port_bytes(const page_content& content, page_output& out) {
   const morvane_view& view = content.package.view;
-  const folded_axis axis = port_axis(view);
+  const ranges_of_dvis ranges = find_ranges(view);
+  const folded_axis axis = axis_of(ranges);
   write(out,
         "<section id=\"ports\" aria-labelledby=\"ports-head\">\n"
         "<h2 id=\"ports-head\">Bytes of the ports</h2>\n");
@@ -130,7 +138,7 @@ void write_port_bytes(const page_content& content, page_output& out) {
         "<ol class=\"bars\">\n");
   for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
     if (dvi.position < most_pictured) {
-      write_row(content, dvi, axis, out);
+      write_row(content, dvi, ranges[dvi.position], axis, out);
     }
   });
   write(out, "</ol>\n", is_long ? "</div>\n" : "", left_out{view.sound_dvis}, "</section>\n");
