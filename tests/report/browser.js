@@ -1,7 +1,8 @@
 // Opens pages in a browser: node browser.js CHROMIUM PAGE ...
 // At three widths and in both colour schemes, with one family of fonts at a time: a page must write no message
-// to the console, make no request, hold nothing that runs, keep its text inside its boxes and need no
-// horizontal scroll bar, and axe-core must find no violation. Tells what is wrong and ends with the status 1.
+// to the console, make no request, hold nothing that runs, show every space of a name, keep its text inside its
+// boxes and need no horizontal scroll bar, and axe-core must find no violation. Tells what is wrong and ends with
+// the status 1.
 'use strict';
 const fs = require('fs');
 const os = require('os');
@@ -58,6 +59,11 @@ const unfold = () => {
   document.querySelectorAll('.long li').forEach((one) => (one.style.contentVisibility = 'visible'));
 };
 
+// Runs in the page: names of which the screen does not show every space.
+const lookForLostSpaces = () =>
+  [...document.querySelectorAll('bdi')].filter((name) => name.innerText !== name.textContent)
+    .slice(0, 10).map((name) => `spaces of "${name.textContent}" are lost`);
+
 // Runs in the page: what leaves its box.
 const lookForOverflow = () => {
   const found = [];
@@ -98,6 +104,7 @@ const lookAt = async (context, file) => {
   await page.goto(address);
   for (const fault of await page.evaluate(lookForMarkup)) tell(file, fault);
   await page.evaluate(unfold);
+  for (const fault of await page.evaluate(lookForLostSpaces)) tell(file, fault);
   for (const width of widths) {
     await page.setViewportSize({ width, height: 900 });
     for (const fault of await page.evaluate(lookForOverflow)) tell(file, `${fault} at a width of ${width}`);

@@ -148,6 +148,7 @@ const hostileNames = [
   '\u{1f600}\u4e2d\u6587\u0301\u0301 \u200b\u00a0',
   'expression(alert(1)); } body { display: none',
   '{{7*7}}${7*7}<%= 7 %>',
+  ' two  spaces  ',
 ];
 
 const hostile = () =>

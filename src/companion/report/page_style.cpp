@@ -31,6 +31,7 @@ details:target,tr:target{background:var(--mark-bg)}
 ul,ol{list-style:none;margin:0;padding:0}
 small{font-size:.8rem;color:var(--dim)}
 i{font-style:normal}
+bdi{white-space:break-spaces}
 code,.mono,.port-table td:nth-child(4){font-family:ui-monospace,"DejaVu Sans Mono","Liberation Mono",monospace;font-size:.9em}
 .dim{color:var(--dim)}
 header>.dim{margin:0;font-size:.85rem}
@@ -105,6 +106,7 @@ border:solid var(--line);border-width:0 1px 1px;border-radius:0 0 6px 6px}
 .thin .row>div{border:0;display:block;padding:.1rem .4rem;white-space:nowrap;overflow:hidden;
 text-overflow:ellipsis}
 .thin .row>div>*{margin-right:.6rem}
+.thin bdi{white-space:pre}
 .thin wbr{display:none}
 .thin path{stroke-width:1.25px}
 table{border-collapse:collapse;width:100%;font-size:.92rem;margin:.25rem 0 .75rem;
@@ -126,6 +128,7 @@ footer{margin:2rem 0 1rem;color:var(--dim);font-size:.85rem}
 body{font-size:.95rem}
 .row>div{font-size:.87rem;gap:0 .6rem}
 .thin .row>div{white-space:normal}
+.thin bdi{white-space:break-spaces}
 .flow{margin-left:0;text-align:left}
 table,tbody{display:block}
 thead{position:absolute;width:1px;height:1px;overflow:hidden;clip-path:inset(50%)}
@@ -145,6 +148,7 @@ td::before{color:var(--dim);font-size:.8rem;font-family:inherit}
 @media print{
 @page{margin:14mm}
 .thin .row>div{white-space:normal}
+.thin bdi{white-space:break-spaces}
 body{font-size:9.5pt;max-width:none;padding:0}
 nav{display:none}
 table{font-size:8.5pt}

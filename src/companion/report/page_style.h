@@ -10,6 +10,6 @@ extern const std::string_view page_style;
 
 /// Its SHA-256, as the page's Content-Security-Policy names it. A test compares the two.
 inline constexpr std::string_view page_style_hash =
-    "sha256-FH3PYLkAullm/Svz6aJDXD186I5lccxfJFVXySMntGk=";
+    "sha256-p4zfsZMbIfu+hPECDuSgLiuQAXLagDRIrTpZJ5YiCv4=";
 
 }  // namespace morvane::companion
