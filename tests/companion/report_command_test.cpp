@@ -179,11 +179,32 @@ TEST(ReportCommand, MarksWhatChanged) {
   expect_shown(page, "<bdi>data</bdi><small>");
   expect_shown(page, "out</i> <bdi>middle</bdi> <b class=\"mark\">changed</b> <span class=");
   expect_shown(page, "in</i> <bdi>data</bdi> <span class=");
+  expect_shown(page,
+               "ports of DVI 0, 2,160 bytes (2.1 KiB) at 0x144</title></rect><rect "
+               "class=\"changed\"");
+  expect_shown(page, "image of DVI 0, 64 bytes at 0x9b4</title></rect></a>");
   expect_shown(page, "</i> ports of DVI 0 <b class=\"mark\">changed</b></th>");
   expect_shown(page, "</i> image of DVI 0</th>");
   expect_shown(page, "</i> image of DVI 1 <b class=\"mark\">new</b></th>");
   expect_shown(page_of(sound_package(), {"--against", "old.bin"}),
                "<p>Every byte is the same.</p>");
+}
+
+TEST(ReportCommand, MarksAStretchOfTheFileThatHoldsAChangedDvi) {
+  const auto package = [](const std::string& changed) {
+    std::string text = header(100);
+    for (int i = 0; i < 100; ++i) {
+      text += bytes(dvi("net" + std::to_string(i), 1));
+    }
+    return text + std::string(50, 'i') + changed + std::string(49, 'i');
+  };
+  const scratch_folder folder;
+  folder.write("net.bin", package("c"));
+  folder.write("old.bin", package("i"));
+  const std::string page =
+      run_morvane({"report", "net.bin", "--against", "old.bin"}, folder.path()).output;
+  expect_shown(page, "DVIs 48 to 50, 3 bytes at 0x3d2c</title></rect><rect class=\"changed\"");
+  expect_shown(page, "DVIs 51 to 53, 3 bytes at 0x3d2f</title></rect></a>");
 }
 
 TEST(ReportCommand, SaysThatTheOlderPackageIsDamaged) {

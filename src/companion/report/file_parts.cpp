@@ -15,10 +15,10 @@ struct part_list {
   std::vector<file_part> parts{};
 
   void add(std::uint64_t offset, std::uint64_t size, std::string_view kind, std::string name,
-           std::optional<std::uint32_t> dvi = {}) {
+           std::optional<std::uint32_t> dvi = {}, std::uint32_t joined_dvis = 0) {
     const std::uint64_t end = std::min(file_size, offset + size);
     if (offset < end) {
-      parts.push_back({offset, end - offset, kind, std::move(name), dvi});
+      parts.push_back({offset, end - offset, kind, std::move(name), dvi, joined_dvis});
     }
   }
 };
@@ -85,7 +85,8 @@ std::vector<file_part> joined_parts(const opened_package& package, std::size_t m
       const std::uint64_t end = dvi.block + ports_size(dvi) + dvi.dvi_img_size;
       list.add(begin, end - begin, "image",
                together == 1 ? str(record_name{.dvi = first})
-                             : joined("DVIs ", first, " to ", dvi.position));
+                             : joined("DVIs ", first, " to ", dvi.position),
+               first, dvi.position + 1 - first);
     }
     if (dvi.vproc_offset != 0) {
       vproc_end = dvi.vproc_block + dvi.vproc_records_size;

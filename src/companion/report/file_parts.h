@@ -17,7 +17,8 @@ struct file_part {
   std::uint64_t size = 0;
   std::string_view kind;             // the class of its colour: head, ports, image, vproc or rest
   std::string name;                  // "image of DVI 3"
-  std::optional<std::uint32_t> dvi;  // whose ports, image or vproc block it is
+  std::optional<std::uint32_t> dvi;  // whose ports, image or vproc block it is; the first of some
+  std::uint32_t joined_dvis = 0;     // whose ports and images are joined in it
 };
 
 /// The header, the DVI table, of each DVI its ports and image, the vproc table, the vproc blocks,

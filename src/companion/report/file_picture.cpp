@@ -21,25 +21,6 @@ void append_piece(std::string& page, row_link piece) {
   append_pieces(page, "o", std::string_view(hexadecimal(piece.offset)).substr(2));
 }
 
-void write_bar(const std::vector<file_part>& parts, page_output& out) {
-  std::vector<std::uint64_t> sizes;
-  sizes.reserve(parts.size());
-  for (const file_part& part : parts) {
-    sizes.push_back(part.size);
-  }
-  const std::vector<std::uint64_t> widths = visible_widths(sizes);
-  write(out, "<svg class=\"file\" role=\"group\" aria-label=\"The parts of the file\">\n");
-  std::uint64_t place = 0;
-  for (std::size_t i = 0; i < parts.size(); ++i) {
-    const file_part& part = parts[i];
-    write(out, "<a href=\"#", row_link{part.offset}, "\">",
-          bar_begin{part.kind, {place, widths[i]}, 4, 40}, part.name, ", ", byte_size{part.size},
-          " at ", hex{part.offset}, "</title></rect></a>\n");
-    place += widths[i];
-  }
-  write(out, "</svg>\n");
-}
-
 /// The class of the part of the file that a changed part of a DVI lies in.
 std::string_view place_of(part_kind kind) {
   switch (kind) {
@@ -56,8 +37,22 @@ std::string_view place_of(part_kind kind) {
   }
 }
 
+/// Whether one of the DVIs that are joined in a part is new or changed.
+change_mark mark_of_joined(const package_changes& changes, const file_part& part) {
+  const auto first = changes.dvis.begin() + *part.dvi;
+  const auto found = std::find_if(first, first + part.joined_dvis, [](const dvi_changes& one) {
+    return one.mark != change_mark::none;
+  });
+  return found == first + part.joined_dvis ? change_mark::none
+         : part.joined_dvis == 1           ? found->mark
+                                           : change_mark::changed;
+}
+
 /// Whether a part of a DVI is new or changed.
 change_mark mark_of(const package_changes* changes, const file_part& part) {
+  if (changes != nullptr && part.joined_dvis != 0) {
+    return mark_of_joined(*changes, part);
+  }
   const change_mark of_dvi = part.dvi ? mark_of_dvi(changes, *part.dvi) : change_mark::none;
   if (of_dvi != change_mark::changed) {
     return of_dvi;
@@ -68,6 +63,34 @@ change_mark mark_of(const package_changes* changes, const file_part& part) {
       std::any_of(first, first + static_cast<std::ptrdiff_t>(range.count),
                   [&](const difference& one) { return place_of(one.part.kind) == part.kind; });
   return is_changed ? change_mark::changed : change_mark::none;
+}
+
+/// Below a part of the bar, what --against tells of it.
+void write_change(change_mark mark, const axis_bar& bar, page_output& out) {
+  if (mark != change_mark::none) {
+    write(out, bar_begin{"changed", bar, 45, 3}, word_of(mark), "</title></rect>");
+  }
+}
+
+void write_bar(const page_content& content, const std::vector<file_part>& parts, page_output& out) {
+  std::vector<std::uint64_t> sizes;
+  sizes.reserve(parts.size());
+  for (const file_part& part : parts) {
+    sizes.push_back(part.size);
+  }
+  const std::vector<std::uint64_t> widths = visible_widths(sizes);
+  write(out, "<svg class=\"file\" role=\"group\" aria-label=\"The parts of the file\">\n");
+  std::uint64_t place = 0;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const file_part& part = parts[i];
+    const axis_bar bar{place, widths[i]};
+    write(out, "<a href=\"#", row_link{part.offset}, "\">", bar_begin{part.kind, bar, 4, 40},
+          part.name, ", ", byte_size{part.size}, " at ", hex{part.offset}, "</title></rect>");
+    write_change(mark_of(content.changes, part), bar, out);
+    write(out, "</a>\n");
+    place += widths[i];
+  }
+  write(out, "</svg>\n");
 }
 
 void write_table(const page_content& content, const std::vector<file_part>& parts,
@@ -104,8 +127,11 @@ void write_file(const page_content& content, page_output& out) {
         "<i class=\"key head\"></i> header and DVI table, <i class=\"key ports\"></i> ports, "
         "<i class=\"key image\"></i> images, <i class=\"key vproc\"></i> vproc records.",
         is_joined ? " A stretch of the bar holds ports and images of a DVI, or of several." : "",
+        content.changes == nullptr
+            ? ""
+            : " <i class=\"key changed\"></i> stands below what is new or changed.",
         "</p>\n");
-  write_bar(is_joined ? joined_parts(content.package, most_parts - 8) : parts, out);
+  write_bar(content, is_joined ? joined_parts(content.package, most_parts - 8) : parts, out);
   write_table(content, parts, out);
   write(out, "</section>\n");
 }

@@ -23,10 +23,13 @@ void append_piece(std::string& page, port_dims piece) {
   append_pieces(page, port.P, times, port.D, times, port.H, times, port.W);
 }
 
+std::string_view word_of(change_mark mark) {
+  return mark == change_mark::none ? "" : mark == change_mark::added ? "new" : "changed";
+}
+
 void append_piece(std::string& page, change_mark mark) {
   if (mark != change_mark::none) {
-    append_pieces(page, " <b class=\"mark\">", mark == change_mark::added ? "new" : "changed",
-                  "</b>");
+    append_pieces(page, " <b class=\"mark\">", word_of(mark), "</b>");
   }
 }
 

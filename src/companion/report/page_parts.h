@@ -42,7 +42,10 @@ struct port_dims {
 };
 void append_piece(std::string& page, port_dims piece);
 
-/// "new" or "changed", or nothing.
+/// "new", "changed" or nothing.
+std::string_view word_of(change_mark mark);
+
+/// The same as a label.
 void append_piece(std::string& page, change_mark mark);
 
 /// The mark of a DVI, none when there is nothing to compare with.

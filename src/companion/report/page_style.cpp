@@ -59,11 +59,12 @@ print-color-adjust:exact}
 .key.head{background:var(--head)}.key.ports{background:var(--ports)}
 .key.image{background:var(--image)}.key.vproc{background:var(--vproc)}
 .key.rest,.key.shared{background:var(--rest)}.key.in{background:var(--in-bar)}
-.key.biggest{background:var(--mark)}.key.out{background:var(--out-bar)}.key.dagbin{background:var(--fg);width:3px;height:1em}
+.key.biggest,.key.changed{background:var(--mark)}.key.out{background:var(--out-bar)}.key.changed{height:4px;vertical-align:middle}
+.key.dagbin{background:var(--fg);width:3px;height:1em}
 svg{display:block;width:100%;overflow:visible}
 rect.head{fill:var(--head)}rect.ports{fill:var(--ports)}rect.image{fill:var(--image)}
 rect.vproc{fill:var(--vproc)}rect.rest,rect.shared{fill:var(--rest)}rect.gap{fill:var(--gap)}
-rect.biggest{fill:var(--mark)}rect.in{fill:var(--in-bar)}rect.out{fill:var(--out-bar)}rect.dagbin{fill:var(--fg)}
+rect.biggest,rect.changed{fill:var(--mark)}rect.in{fill:var(--in-bar)}rect.out{fill:var(--out-bar)}rect.dagbin{fill:var(--fg)}
 svg.axis{height:40px;margin-top:.75rem;background:var(--soft)}
 svg.few rect.image{stroke:var(--bg);stroke-width:1}
 svg.bar{height:14px;background:linear-gradient(var(--line),var(--line)) 0 50%/100% 1px no-repeat}
