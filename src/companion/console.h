@@ -8,6 +8,9 @@
 
 namespace morvane::companion {
 
+/// Stands for standard output where a path is asked for.
+inline constexpr std::string_view standard_output_path = "-";
+
 /// The exit status of every command.
 enum exit_status : int {
   status_fine = 0,

@@ -19,8 +19,6 @@ namespace morvane::companion {
 
 namespace {
 
-constexpr std::string_view standard_output_path = "-";
-
 /// EFAULT means that the package is not as long as it was.
 int report_write_error(const opened_package& package, std::string_view target, int error) {
   if (error != EFAULT) {

@@ -79,7 +79,7 @@ int run_report(const report_options& options, console& streams) try {
   if (const int status = open_inputs(options, inputs); status != status_fine) {
     return status;
   }
-  if (!options.output.empty()) {
+  if (!options.output.empty() && options.output != standard_output_path) {
     return write_file(options, inputs, streams);
   }
   page_output out{streams, STDOUT_FILENO, "standard output", nullptr};

@@ -9,7 +9,7 @@ namespace morvane::companion {
 
 struct report_options {
   std::string package{};      // path
-  std::string output{};       // path of the file to write; empty for standard output
+  std::string output{};       // path of the file to write; empty or "-" for standard output
   std::string old_package{};  // path of a package to compare with; empty for none
   bool dot = false;           // the network for Graphviz instead of the page
 };

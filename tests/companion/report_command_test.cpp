@@ -254,6 +254,7 @@ TEST(ReportCommand, WritesTheSamePageToAFileAndToStandardOutput) {
   expect_outcome(run_morvane({"report", "net.bin", "-o", "net.html"}, folder.path()), 0, "");
   EXPECT_EQ(folder.read("net.html"), run.output);
   EXPECT_EQ(run_morvane({"report", "./net.bin"}, folder.path()).output, run.output);
+  EXPECT_EQ(run_morvane({"report", "net.bin", "-o", "-"}, folder.path()).output, run.output);
 }
 
 TEST(ReportCommand, WritesAWholeFileOrNone) {
