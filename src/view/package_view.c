@@ -1,10 +1,30 @@
 /*
- * The reader of packages. The comments that begin with an @ are contracts: scripts/prove.sh tries to
- * prove that every function keeps its own, for every package.
+ * The reader of packages.
  *
  * Sums and products of counts are computed in 64 bits, where those of 32-bit counts cannot
  * overflow, and compared with the bytes that are left. Only what was found to fit becomes an
  * offset.
+ *
+ * The comments that begin with an @ are contracts, in the language ACSL. scripts/prove.sh proves
+ * that every function keeps its own, for every package. They read like C, with numbers of any size:
+ *
+ *     requires        what must hold when the function is called
+ *     ensures         what then holds when it returns
+ *     assigns         all that it may write
+ *     behavior        a case, with an ensures of its own; its assumes tell when it applies
+ *     loop invariant  what holds before and after every round of a loop
+ *     loop variant    a number that falls with every round and never below 0: the loop ends
+ *     assert          what holds at this place, a step of the proof
+ *     logic           a number or an address, and
+ *     predicate       a condition, that contracts use by its name
+ *
+ *     a ==> b            if a holds, so does b; a <==> b both or none
+ *     \result            what the function returns
+ *     \old(a)            a when the function was called, as \at(a, Pre)
+ *     \valid(p)          the memory that p points to may be written, \valid_read(p) read
+ *     p + (0 .. n)       the addresses from p to p + n
+ *     \separated(p, q)   what p and q point to has no byte in common
+ *     \let a = b;        a stands for b
  */
 #include <morvane/package_view.h>
 
@@ -32,44 +52,37 @@ enum {
   logic integer u32(uint8_t *at) =
     at[0] + 0x100 * at[1] + 0x10000 * at[2] + 0x1000000 * at[3];
 
+  // The records at a position, and what the block that a record counts consists of.
   logic uint8_t *dvi_desc(uint8_t *bytes, integer i) = bytes + (HEADER_BYTES + i * DVI_BYTES);
-
-  logic integer image_size(uint8_t *bytes, integer i) = u32(dvi_desc(bytes, i) + 8);
-  logic integer input_num(uint8_t *bytes, integer i) = u32(dvi_desc(bytes, i) + 16);
-  logic integer output_num(uint8_t *bytes, integer i) = u32(dvi_desc(bytes, i) + 20);
-  logic integer pkg_size(uint8_t *bytes, integer i) = u32(dvi_desc(bytes, i) + 24);
-  logic integer ports_size(uint8_t *bytes, integer i) =
-    (input_num(bytes, i) + output_num(bytes, i)) * PORT_BYTES;
-  logic integer block_size(uint8_t *bytes, integer i) =
-    ports_size(bytes, i) + image_size(bytes, i);
+  logic integer image_size(uint8_t *dvi) = u32(dvi + 8);
+  logic integer ports_size(uint8_t *dvi) = (u32(dvi + 16) + u32(dvi + 20)) * PORT_BYTES;
+  logic integer block_size(uint8_t *dvi) = ports_size(dvi) + image_size(dvi);
+  logic integer pkg_size(uint8_t *dvi) = u32(dvi + 24);
 
   logic uint8_t *vproc_desc(uint8_t *bytes, integer table, integer i) =
     bytes + (table + i * VPROC_BYTES);
+  logic integer variables_size(uint8_t *vproc) = u32(vproc) * VAR_BYTES;
+  logic integer smbs_size(uint8_t *vproc) = u32(vproc + 4) * SMB_BYTES;
+  logic integer vproc_size(uint8_t *vproc) = variables_size(vproc) + smbs_size(vproc);
+  logic integer records_size(uint8_t *vproc) = u32(vproc + 8);
 
-  logic integer variables_size(uint8_t *bytes, integer table, integer i) =
-    u32(vproc_desc(bytes, table, i)) * VAR_BYTES;
-  logic integer smbs_size(uint8_t *bytes, integer table, integer i) =
-    u32(vproc_desc(bytes, table, i) + 4) * SMB_BYTES;
-  logic integer records_size(uint8_t *bytes, integer table, integer i) =
-    u32(vproc_desc(bytes, table, i) + 8);
-  logic integer vproc_size(uint8_t *bytes, integer table, integer i) =
-    variables_size(bytes, table, i) + smbs_size(bytes, table, i);
+  logic integer block_at(uint8_t *bytes, integer n, integer i) =
+    i <= 0 ? HEADER_BYTES + n * DVI_BYTES
+           : block_at(bytes, n, i - 1) + block_size(dvi_desc(bytes, i - 1));
 
-  axiomatic Walk {
-    logic integer block_at(uint8_t *bytes, integer n, integer i) reads bytes[..];
-    axiom first_block: \forall uint8_t *bytes, integer n;
-      block_at(bytes, n, 0) == HEADER_BYTES + n * DVI_BYTES;
-    axiom next_block: \forall uint8_t *bytes, integer n, i, next; 0 <= i && next == i + 1 ==>
-      block_at(bytes, n, next) == block_at(bytes, n, i) + block_size(bytes, i);
+  logic integer vproc_at(uint8_t *bytes, integer n, integer table, integer i) =
+    i <= 0 ? table + n * VPROC_BYTES
+           : vproc_at(bytes, n, table, i - 1) + vproc_size(vproc_desc(bytes, table, i - 1));
 
-    logic integer vproc_at(uint8_t *bytes, integer n, integer table, integer i) reads bytes[..];
-    axiom first_vproc: \forall uint8_t *bytes, integer n, table;
-      vproc_at(bytes, n, table, 0) == table + n * VPROC_BYTES;
-    axiom next_vproc: \forall uint8_t *bytes, integer n, table, i, next;
-      0 <= i && next == i + 1 ==>
-        vproc_at(bytes, n, table, next) ==
-          vproc_at(bytes, n, table, i) + vproc_size(bytes, table, i);
-  }
+  // What is wrong with a block of which so many bytes are left.
+  logic integer dvi_status(uint8_t *dvi, integer left) =
+    block_size(dvi) % 0x100000000 != pkg_size(dvi) ? MORVANE_VIEW_BLOCK_SIZE_DISAGREES
+    : ports_size(dvi) > left ? MORVANE_VIEW_PORTS_CUT
+    : block_size(dvi) > left ? MORVANE_VIEW_IMAGE_CUT : MORVANE_VIEW_OK;
+  logic integer vproc_status(uint8_t *vproc, integer left) =
+    vproc_size(vproc) % 0x100000000 != records_size(vproc) ? MORVANE_VIEW_VPROC_SIZE_DISAGREES
+    : variables_size(vproc) > left ? MORVANE_VIEW_VARIABLES_CUT
+    : vproc_size(vproc) > left ? MORVANE_VIEW_SMBS_CUT : MORVANE_VIEW_OK;
 
   // The bytes and their number are true.
   predicate true_view(struct morvane_view *view) =
@@ -79,38 +92,118 @@ enum {
   predicate sound_blocks(uint8_t *bytes, integer size, integer n, integer count) =
     count <= n && (0 < count ==> block_at(bytes, n, 0) <= size) &&
     \forall integer i; 0 <= i < count ==>
-      block_size(bytes, i) % 0x100000000 == pkg_size(bytes, i) &&
-      block_at(bytes, n, i) + block_size(bytes, i) <= size;
+      block_size(dvi_desc(bytes, i)) % 0x100000000 == pkg_size(dvi_desc(bytes, i)) &&
+      block_at(bytes, n, i) + block_size(dvi_desc(bytes, i)) <= size;
 
   // The first so many vproc blocks agree with their vproc_records_size and end inside the package.
   predicate sound_vprocs(uint8_t *bytes, integer size, integer n, integer table, integer count) =
     count <= n && (0 < count ==> vproc_at(bytes, n, table, 0) <= size) &&
     \forall integer i; 0 <= i < count ==>
-      vproc_size(bytes, table, i) % 0x100000000 == records_size(bytes, table, i) &&
-      vproc_at(bytes, n, table, i) + vproc_size(bytes, table, i) <= size;
+      vproc_size(vproc_desc(bytes, table, i)) % 0x100000000 ==
+        records_size(vproc_desc(bytes, table, i)) &&
+      vproc_at(bytes, n, table, i) + vproc_size(vproc_desc(bytes, table, i)) <= size;
 
   // What opening leaves behind, of a sound package and of a damaged one.
-  predicate walked(struct morvane_view *view) =
-    sound_blocks(view->bytes, view->size, view->dvi_num, view->sound_dvis) &&
-    sound_vprocs(view->bytes, view->size, view->dvi_num, view->vproc_table, view->sound_vprocs) &&
-    view->sound_vprocs <= view->sound_dvis;
+  predicate walked(struct morvane_view view) =
+    sound_blocks(view.bytes, view.size, view.dvi_num, view.sound_dvis) &&
+    sound_vprocs(view.bytes, view.size, view.dvi_num, view.vproc_table, view.sound_vprocs) &&
+    view.sound_vprocs <= view.sound_dvis;
 
   // What it promises of a package that it accepts: all blocks are sound and nothing follows them.
-  predicate accepted(struct morvane_view *view) =
-    walked(view) && view->sound_dvis == view->dvi_num &&
-    HEADER_BYTES + view->dvi_num * DVI_BYTES <= view->size &&
-    (view->vproc_table == 0
-       ? view->sound_vprocs == 0 &&
-         block_at(view->bytes, view->dvi_num, view->dvi_num) == view->size
-       : view->sound_vprocs == view->dvi_num &&
-         view->vproc_table == block_at(view->bytes, view->dvi_num, view->dvi_num) &&
-         vproc_at(view->bytes, view->dvi_num, view->vproc_table, view->dvi_num) == view->size);
+  predicate accepted(struct morvane_view view) =
+    walked(view) && view.sound_dvis == view.dvi_num &&
+    HEADER_BYTES + view.dvi_num * DVI_BYTES <= view.size &&
+    (view.vproc_table == 0
+       ? view.sound_vprocs == 0 &&
+         block_at(view.bytes, view.dvi_num, view.dvi_num) == view.size
+       : view.sound_vprocs == view.dvi_num &&
+         view.vproc_table == block_at(view.bytes, view.dvi_num, view.dvi_num) &&
+         vproc_at(view.bytes, view.dvi_num, view.vproc_table, view.dvi_num) == view.size);
 
-  predicate numbers(struct morvane_view_damage *damage, integer status, integer dvi,
-                    integer offset, integer claimed, integer present) =
-    damage != \null ==>
-      damage->status == status && damage->dvi == dvi && damage->offset == offset &&
-      damage->claimed == claimed && damage->present == present;
+  // The walk stopped at the first DVI, or the first vproc, that is not sound.
+  predicate stopped_at_dvi(struct morvane_view view, integer status, integer at) =
+    at <= view.size && MORVANE_VIEW_IMAGE_CUT <= status <= MORVANE_VIEW_BLOCK_SIZE_DISAGREES &&
+    at == block_at(view.bytes, view.dvi_num, view.sound_dvis) &&
+    view.sound_dvis < view.dvi_num && HEADER_BYTES + view.dvi_num * DVI_BYTES <= view.size &&
+    status == dvi_status(dvi_desc(view.bytes, view.sound_dvis), view.size - at);
+
+  predicate stopped_at_vproc(struct morvane_view view, integer status, integer at) =
+    at <= view.size && MORVANE_VIEW_SMBS_CUT <= status <= MORVANE_VIEW_VPROC_SIZE_DISAGREES &&
+    at == vproc_at(view.bytes, view.dvi_num, view.vproc_table, view.sound_vprocs) &&
+    view.sound_vprocs < view.dvi_num &&
+    view.vproc_table + view.dvi_num * VPROC_BYTES <= view.size &&
+    status == vproc_status(vproc_desc(view.bytes, view.vproc_table, view.sound_vprocs),
+                           view.size - at);
+
+  // Where the walk stopped, and that the damage is there.
+  predicate stopped(struct morvane_view view, integer status, integer at) =
+    at <= view.size &&
+    (status == MORVANE_VIEW_HEADER_CUT ==> at == 0 && view.size < HEADER_BYTES) &&
+    (status == MORVANE_VIEW_DVI_TABLE_CUT ==>
+      at == HEADER_BYTES && view.size - at < view.dvi_num * DVI_BYTES) &&
+    (MORVANE_VIEW_IMAGE_CUT <= status <= MORVANE_VIEW_BLOCK_SIZE_DISAGREES ==>
+      stopped_at_dvi(view, status, at)) &&
+    (status == MORVANE_VIEW_VPROC_TABLE_CUT ==>
+      at == block_at(view.bytes, view.dvi_num, view.dvi_num) &&
+      view.size - at < view.dvi_num * VPROC_BYTES) &&
+    (MORVANE_VIEW_SMBS_CUT <= status <= MORVANE_VIEW_VPROC_SIZE_DISAGREES ==>
+      stopped_at_vproc(view, status, at)) &&
+    (status == MORVANE_VIEW_BYTES_LEFT_OVER ==>
+      at < view.size && view.sound_dvis == view.dvi_num &&
+      (view.vproc_table == 0 ==> view.dvi_num == 0) &&
+      at == (view.vproc_table == 0
+               ? block_at(view.bytes, view.dvi_num, view.dvi_num)
+               : vproc_at(view.bytes, view.dvi_num, view.vproc_table, view.dvi_num)));
+
+  predicate numbers(struct morvane_view_damage *damage, integer dvi, integer offset,
+                    integer claimed, integer present) =
+    damage->dvi == dvi && damage->offset == offset && damage->claimed == claimed &&
+    damage->present == present;
+
+  // The description of a damage is true.
+  predicate describes_dvi(struct morvane_view view, struct morvane_view_damage *damage) =
+    \let dvi = dvi_desc(view.bytes, view.sound_dvis);
+    \let begin = block_at(view.bytes, view.dvi_num, view.sound_dvis);
+    (damage->status == MORVANE_VIEW_BLOCK_SIZE_DISAGREES ==>
+      numbers(damage, view.sound_dvis, HEADER_BYTES + view.sound_dvis * DVI_BYTES + 24,
+              pkg_size(dvi), block_size(dvi))) &&
+    (damage->status == MORVANE_VIEW_PORTS_CUT ==>
+      numbers(damage, view.sound_dvis, begin, ports_size(dvi), view.size - begin)) &&
+    (damage->status == MORVANE_VIEW_IMAGE_CUT ==>
+      numbers(damage, view.sound_dvis, begin + ports_size(dvi), image_size(dvi),
+              view.size - begin - ports_size(dvi)));
+
+  predicate describes_vproc(struct morvane_view view, struct morvane_view_damage *damage) =
+    \let vproc = vproc_desc(view.bytes, view.vproc_table, view.sound_vprocs);
+    \let begin = vproc_at(view.bytes, view.dvi_num, view.vproc_table, view.sound_vprocs);
+    (damage->status == MORVANE_VIEW_VPROC_SIZE_DISAGREES ==>
+      numbers(damage, view.sound_vprocs,
+              view.vproc_table + view.sound_vprocs * VPROC_BYTES + 8, records_size(vproc),
+              vproc_size(vproc))) &&
+    (damage->status == MORVANE_VIEW_VARIABLES_CUT ==>
+      numbers(damage, view.sound_vprocs, begin, variables_size(vproc), view.size - begin)) &&
+    (damage->status == MORVANE_VIEW_SMBS_CUT ==>
+      numbers(damage, view.sound_vprocs, begin + variables_size(vproc), smbs_size(vproc),
+              view.size - begin - variables_size(vproc)));
+
+  predicate describes_package(struct morvane_view view, struct morvane_view_damage *damage) =
+    \let blocks_end = block_at(view.bytes, view.dvi_num, view.dvi_num);
+    \let left_over =
+      view.vproc_table == 0
+        ? blocks_end
+        : vproc_at(view.bytes, view.dvi_num, view.vproc_table, view.dvi_num);
+    (damage->status == MORVANE_VIEW_HEADER_CUT ==>
+      numbers(damage, 0, 0, HEADER_BYTES, view.size)) &&
+    (damage->status == MORVANE_VIEW_DVI_TABLE_CUT ==>
+      numbers(damage, 0, HEADER_BYTES, view.dvi_num * DVI_BYTES, view.size - HEADER_BYTES)) &&
+    (damage->status == MORVANE_VIEW_VPROC_TABLE_CUT ==>
+      numbers(damage, 0, blocks_end, view.dvi_num * VPROC_BYTES, view.size - blocks_end)) &&
+    (damage->status == MORVANE_VIEW_BYTES_LEFT_OVER ==>
+      numbers(damage, 0, left_over, 0, view.size - left_over));
+
+  predicate describes(struct morvane_view view, struct morvane_view_damage *damage) =
+    describes_package(view, damage) && describes_dvi(view, damage) &&
+    describes_vproc(view, damage);
 
   predicate is_text(char *text, integer length, uint8_t *field, integer width) =
     text == (char *)field && 0 <= length <= width && (length < width ==> field[length] == 0) &&
@@ -123,22 +216,18 @@ enum {
     string[length] == 0 &&
     \forall integer k; 0 <= k < length ==> string[k] != 0 && string[k] == text[k];
 
-  // The fields are those of the record at the position.
-  predicate dvi_fields(uint8_t *bytes, struct morvane_view_dvi *dvi) =
-    \let record = dvi_desc(bytes, dvi->position);
-    dvi->offset == HEADER_BYTES + dvi->position * DVI_BYTES &&
+  // The fields are those of the record.
+  predicate dvi_fields(uint8_t *record, struct morvane_view_dvi *dvi) =
     dvi->dvi_id == record[0] && dvi->vproc_id == record[1] && dvi->dvi_ppv == record[2] &&
     dvi->reserved == record[3] && dvi->dvi_img_vaddr == u32(record + 4) &&
-    dvi->dvi_img_size == image_size(bytes, dvi->position) &&
+    dvi->dvi_img_size == u32(record + 8) &&
     dvi->dvi_dag_vaddr == u32(record + 12) &&
-    dvi->input_num == input_num(bytes, dvi->position) &&
-    dvi->output_num == output_num(bytes, dvi->position) &&
-    dvi->dvi_pkg_size == pkg_size(bytes, dvi->position) &&
+    dvi->input_num == u32(record + 16) &&
+    dvi->output_num == u32(record + 20) &&
+    dvi->dvi_pkg_size == u32(record + 24) &&
     is_text(dvi->dag_name.bytes, dvi->dag_name.length, record + 28, MORVANE_NAME_WIDTH);
 
-  predicate vproc_fields(uint8_t *bytes, integer table, struct morvane_view_dvi *dvi) =
-    \let record = vproc_desc(bytes, table, dvi->position);
-    dvi->vproc_offset == table + dvi->position * VPROC_BYTES &&
+  predicate vproc_fields(uint8_t *record, struct morvane_view_dvi *dvi) =
     dvi->variable_num == u32(record) && dvi->smb_num == u32(record + 4) &&
     dvi->vproc_records_size == u32(record + 8);
 
@@ -147,12 +236,14 @@ enum {
     dvi->smb_num == 0 && dvi->vproc_records_size == 0;
 
   // The records of a DVI lie inside the package, and its fields are theirs.
-  predicate from_records(struct morvane_view *view, struct morvane_view_dvi *dvi) =
-    dvi->position < view->sound_dvis && dvi->offset + DVI_BYTES <= view->size &&
-    dvi_fields(view->bytes, dvi) &&
-    (dvi->position < view->sound_vprocs
-       ? dvi->vproc_offset + VPROC_BYTES <= view->size &&
-         vproc_fields(view->bytes, view->vproc_table, dvi)
+  predicate from_records(struct morvane_view view, struct morvane_view_dvi *dvi) =
+    dvi->position < view.sound_dvis && dvi->offset + DVI_BYTES <= view.size &&
+    dvi->offset == HEADER_BYTES + dvi->position * DVI_BYTES &&
+    dvi_fields(dvi_desc(view.bytes, dvi->position), dvi) &&
+    (dvi->position < view.sound_vprocs
+       ? dvi->vproc_offset + VPROC_BYTES <= view.size &&
+         dvi->vproc_offset == view.vproc_table + dvi->position * VPROC_BYTES &&
+         vproc_fields(vproc_desc(view.bytes, view.vproc_table, dvi->position), dvi)
        : no_vproc(dvi));
 
   predicate port_fields(uint8_t *record, struct morvane_view_port *port) =
@@ -172,12 +263,12 @@ enum {
             MORVANE_IO_NAME_WIDTH);
 
   // A DVI that stands where the walk found it.
-  predicate in_place(struct morvane_view *view, struct morvane_view_dvi *dvi) =
+  predicate in_place(struct morvane_view view, struct morvane_view_dvi *dvi) =
     from_records(view, dvi) &&
-    dvi->block == block_at(view->bytes, view->dvi_num, dvi->position) &&
-    (dvi->position < view->sound_vprocs ==>
+    dvi->block == block_at(view.bytes, view.dvi_num, dvi->position) &&
+    (dvi->position < view.sound_vprocs ==>
       dvi->vproc_block ==
-        vproc_at(view->bytes, view->dvi_num, view->vproc_table, dvi->position));
+        vproc_at(view.bytes, view.dvi_num, view.vproc_table, dvi->position));
 */
 
 /*@
@@ -218,16 +309,21 @@ const char* morvane_view_status_text(int status) {
   }
 }
 
-/* A shift by 8 multiplies by 256. The provers know only a shift by 1, so they go there by doubling.
+/*
+ * A shift by 8 multiplies by 256. The provers know only a shift by 1, and go there by doubling. The
+ * lemmas stand in a block of their own so that only the proof of word() is burdened with them.
  */
 /*@
-  lemma shift_1: \forall integer x, n; 0 < n < 2 ==> (x << n) == 2 * x;
-  lemma shift_2: \forall integer x, n; 1 < n < 3 ==>
-    ((x << (n - 1)) << (n - 1)) == (x << n) && (x << n) == 4 * x;
-  lemma shift_4: \forall integer x, n; 3 < n < 5 ==>
-    ((x << (n - 2)) << (n - 2)) == (x << n) && (x << n) == 16 * x;
-  lemma shift_8: \forall integer x, n; 7 < n < 9 ==>
-    ((x << (n - 4)) << (n - 4)) == (x << n) && (x << n) == 256 * x;
+  axiomatic Shift {
+    logic integer shifted(integer x, integer n) = x << n;
+    lemma shift_1: \forall integer x, n; 0 < n < 2 ==> shifted(x, n) == 2 * x;
+    lemma shift_2: \forall integer x, n; 1 < n < 3 ==>
+      shifted(shifted(x, n - 1), n - 1) == shifted(x, n) && shifted(x, n) == 4 * x;
+    lemma shift_4: \forall integer x, n; 3 < n < 5 ==>
+      shifted(shifted(x, n - 2), n - 2) == shifted(x, n) && shifted(x, n) == 16 * x;
+    lemma shift_8: \forall integer x, n; 7 < n < 9 ==>
+      shifted(shifted(x, n - 4), n - 4) == shifted(x, n) && shifted(x, n) == 256 * x;
+  }
 */
 
 /*@
@@ -237,8 +333,11 @@ const char* morvane_view_status_text(int status) {
 */
 static uint32_t word(const uint8_t* at) {
   uint32_t value = at[3];
+  /*@ assert shifted(value, 8) == 256 * value; */
   value = (value << 8) + at[2];
+  /*@ assert shifted(value, 8) == 256 * value; */
   value = (value << 8) + at[1];
+  /*@ assert shifted(value, 8) == 256 * value; */
   return (value << 8) + at[0];
 }
 
@@ -267,25 +366,42 @@ static uint64_t vproc_bytes(uint32_t variable_num, uint32_t smb_num) {
   return (uint64_t)variable_num * VAR_BYTES + (uint64_t)smb_num * SMB_BYTES;
 }
 
-/* The size of the block that a dvi_desc counts. */
+/* The sizes of the ports and of the block that a dvi_desc counts. */
 /*@
   requires \valid_read(dvi + (0 .. DVI_BYTES - 1));
   assigns \nothing;
-  ensures \result == (u32(dvi + 16) + u32(dvi + 20)) * PORT_BYTES + u32(dvi + 8);
+  ensures \result == ports_size(dvi);
 */
-static uint64_t block_bytes(const uint8_t* dvi) {
+static uint64_t dvi_ports(const uint8_t* dvi) {
   return port_bytes(word(dvi + offsetof(struct morvane_dvi_desc, input_num)),
-                    word(dvi + offsetof(struct morvane_dvi_desc, output_num))) +
-         word(dvi + offsetof(struct morvane_dvi_desc, dvi_img_size));
+                    word(dvi + offsetof(struct morvane_dvi_desc, output_num)));
 }
 
-/* The size of the block that a vproc_desc counts. */
+/*@
+  requires \valid_read(dvi + (0 .. DVI_BYTES - 1));
+  assigns \nothing;
+  ensures \result == block_size(dvi);
+*/
+static uint64_t dvi_block(const uint8_t* dvi) {
+  return dvi_ports(dvi) + word(dvi + offsetof(struct morvane_dvi_desc, dvi_img_size));
+}
+
+/* The sizes of the variables and of the block that a vproc_desc counts. */
 /*@
   requires \valid_read(vproc + (0 .. VPROC_BYTES - 1));
   assigns \nothing;
-  ensures \result == u32(vproc) * VAR_BYTES + u32(vproc + 4) * SMB_BYTES;
+  ensures \result == variables_size(vproc);
 */
-static uint64_t vproc_block_bytes(const uint8_t* vproc) {
+static uint64_t vproc_variables(const uint8_t* vproc) {
+  return vproc_bytes(word(vproc + offsetof(struct morvane_vproc_desc, variable_num)), 0);
+}
+
+/*@
+  requires \valid_read(vproc + (0 .. VPROC_BYTES - 1));
+  assigns \nothing;
+  ensures \result == vproc_size(vproc);
+*/
+static uint64_t vproc_block(const uint8_t* vproc) {
   return vproc_bytes(word(vproc + offsetof(struct morvane_vproc_desc, variable_num)),
                      word(vproc + offsetof(struct morvane_vproc_desc, smb_num)));
 }
@@ -301,81 +417,51 @@ static int has(const struct morvane_view* view, size_t begin, uint64_t skipped, 
          bytes <= view->size - begin - skipped;
 }
 
-/* Describes a damage where somebody asks for it, and returns its status. */
+/* Reads the header and finds out whether the DVI table fits. Sets *at to where the damage is. */
 /*@
-  requires damage == \null || \valid(damage);
-  assigns *damage;
-  ensures \result == status;
-  ensures numbers(damage, status, dvi, offset, claimed, present);
-*/
-static int refuse(struct morvane_view_damage* damage, int status, uint32_t dvi, size_t offset,
-                  uint64_t claimed, uint64_t present) {
-  if (damage != NULL) {
-    damage->status = status;
-    damage->dvi = dvi;
-    damage->offset = offset;
-    damage->claimed = claimed;
-    damage->present = present;
-  }
-  return status;
-}
-
-/*@
-  requires true_view(view) && \valid(view);
-  requires damage == \null || \valid(damage);
-  requires \separated(view, damage);
-  assigns view->version, view->HASH, view->dvi_num, *damage;
-  behavior accepts:
-    assumes HEADER_BYTES <= view->size &&
-            HEADER_BYTES + u32(view->bytes + 8) * DVI_BYTES <= view->size;
-    ensures \result == MORVANE_VIEW_OK;
-    ensures view->version == u32(view->bytes);
-    ensures view->HASH == u32(view->bytes + 4);
-    ensures view->dvi_num == u32(view->bytes + 8);
+  requires true_view(view) && \valid(view) && \valid(at);
+  requires \separated(view, at, view->bytes + (0 .. view->size - 1));
+  assigns view->version, view->HASH, view->dvi_num, *at;
   behavior header_cut:
     assumes view->size < HEADER_BYTES;
-    assigns *damage;
+    ensures *at == \old(*at);
     ensures \result == MORVANE_VIEW_HEADER_CUT;
-    ensures numbers(damage, \result, 0, 0, HEADER_BYTES, view->size);
-  behavior table_cut:
-    assumes HEADER_BYTES <= view->size <
-            HEADER_BYTES + u32(view->bytes + 8) * DVI_BYTES;
-    ensures \result == MORVANE_VIEW_DVI_TABLE_CUT;
-    ensures numbers(damage, \result, 0, HEADER_BYTES, u32(view->bytes + 8) * DVI_BYTES,
-                    view->size - HEADER_BYTES);
+  behavior header_fits:
+    assumes HEADER_BYTES <= view->size;
+    ensures view->version == u32(view->bytes) && view->HASH == u32(view->bytes + 4);
+    ensures view->dvi_num == u32(view->bytes + 8);
+    ensures *at == HEADER_BYTES;
+    ensures \result == (HEADER_BYTES + view->dvi_num * DVI_BYTES <= view->size
+                          ? MORVANE_VIEW_OK
+                          : MORVANE_VIEW_DVI_TABLE_CUT);
   complete behaviors;
   disjoint behaviors;
 */
-static int open_header(struct morvane_view* view, struct morvane_view_damage* damage) {
+static int check_header(struct morvane_view* view, size_t* at) {
   const uint8_t* const header = view->bytes;
-  uint64_t table = 0;
-  if (view->size < HEADER_BYTES) {
-    return refuse(damage, MORVANE_VIEW_HEADER_CUT, 0, 0, HEADER_BYTES, view->size);
+  const size_t size = view->size;
+  uint32_t dvi_num = 0;
+  if (size < HEADER_BYTES) {
+    return MORVANE_VIEW_HEADER_CUT;
   }
+  dvi_num = word(header + offsetof(struct morvane_pkg_header, dvi_num));
   view->version = word(header + offsetof(struct morvane_pkg_header, version));
   view->HASH = word(header + offsetof(struct morvane_pkg_header, HASH));
-  view->dvi_num = word(header + offsetof(struct morvane_pkg_header, dvi_num));
-  table = (uint64_t)view->dvi_num * DVI_BYTES;
-  if (table > view->size - HEADER_BYTES) {
-    return refuse(damage, MORVANE_VIEW_DVI_TABLE_CUT, 0, HEADER_BYTES, table,
-                  view->size - HEADER_BYTES);
-  }
-  return MORVANE_VIEW_OK;
+  view->dvi_num = dvi_num;
+  *at = HEADER_BYTES;
+  return (uint64_t)dvi_num * DVI_BYTES <= size - HEADER_BYTES ? MORVANE_VIEW_OK
+                                                              : MORVANE_VIEW_DVI_TABLE_CUT;
 }
 
-/* Whether a DVI is sound: whether its block, of which so many bytes are left, is whole. */
+/* Whether the block that a dvi_desc counts, of which so many bytes are left, is whole. */
 /*@
   requires \valid_read(dvi + (0 .. DVI_BYTES - 1));
   assigns \nothing;
-  ensures \let ports = (u32(dvi + 16) + u32(dvi + 20)) * PORT_BYTES;
-    \result == ((ports + u32(dvi + 8)) % 0x100000000 != u32(dvi + 24)
-                  ? MORVANE_VIEW_BLOCK_SIZE_DISAGREES
-                : ports > left ? MORVANE_VIEW_PORTS_CUT
-                : ports + u32(dvi + 8) > left ? MORVANE_VIEW_IMAGE_CUT : MORVANE_VIEW_OK);
+  ensures \result == dvi_status(dvi, left);
 */
 static int check_dvi(const uint8_t* dvi, size_t left) {
-  const uint64_t block = block_bytes(dvi);
-  const uint64_t ports = block - word(dvi + offsetof(struct morvane_dvi_desc, dvi_img_size));
+  const uint64_t ports = dvi_ports(dvi);
+  const uint64_t block = dvi_block(dvi);
   if (block % WRAP != word(dvi + offsetof(struct morvane_dvi_desc, dvi_pkg_size))) {
     return MORVANE_VIEW_BLOCK_SIZE_DISAGREES;
   }
@@ -385,58 +471,19 @@ static int check_dvi(const uint8_t* dvi, size_t left) {
   return block > left ? MORVANE_VIEW_IMAGE_CUT : MORVANE_VIEW_OK;
 }
 
-/* Describes what check_dvi found. */
+/* Checks all DVIs, whose table fits. Sets *at to where the block of the last sound one ends. */
 /*@
-  requires \valid_read(bytes + (0 .. size - 1)) && begin <= size;
-  requires HEADER_BYTES + (position + 1) * DVI_BYTES <= size;
-  requires damage == \null || \valid(damage);
-  requires \separated(damage, bytes + (0 .. size - 1));
-  requires status == MORVANE_VIEW_IMAGE_CUT ==> begin + ports_size(bytes, position) <= size;
-  assigns *damage;
-  ensures \result == status;
-  ensures status == MORVANE_VIEW_BLOCK_SIZE_DISAGREES ==>
-    numbers(damage, status, position, HEADER_BYTES + position * DVI_BYTES + 24,
-            pkg_size(bytes, position), block_size(bytes, position));
-  ensures status == MORVANE_VIEW_PORTS_CUT ==>
-    numbers(damage, status, position, begin, ports_size(bytes, position), size - begin);
-  ensures status == MORVANE_VIEW_IMAGE_CUT ==>
-    numbers(damage, status, position, begin + ports_size(bytes, position),
-            image_size(bytes, position), size - (begin + ports_size(bytes, position)));
-*/
-static int refuse_dvi(struct morvane_view_damage* damage, int status, uint32_t position,
-                      const uint8_t* bytes, size_t size, size_t begin) {
-  const size_t offset = HEADER_BYTES + (size_t)position * DVI_BYTES;
-  const uint8_t* const dvi = bytes + offset;
-  const uint32_t image = word(dvi + offsetof(struct morvane_dvi_desc, dvi_img_size));
-  const uint64_t block = block_bytes(dvi);
-  const uint64_t ports = block - image;
-  if (status == MORVANE_VIEW_BLOCK_SIZE_DISAGREES) {
-    return refuse(damage, status, position,
-                  offset + offsetof(struct morvane_dvi_desc, dvi_pkg_size),
-                  word(dvi + offsetof(struct morvane_dvi_desc, dvi_pkg_size)), block);
-  }
-  if (status == MORVANE_VIEW_IMAGE_CUT) {
-    return refuse(damage, status, position, begin + (size_t)ports, image, size - begin - ports);
-  }
-  return refuse(damage, status, position, begin, ports, size - begin);
-}
-
-/* Checks all DVIs. Sets *end to where the block of the last sound one ends. */
-/*@
-  requires true_view(view) && \valid(view) && \valid(end);
-  requires damage == \null || \valid(damage);
-  requires \separated(view, damage, end, view->bytes + (0 .. view->size - 1));
+  requires true_view(view) && \valid(view) && \valid(at);
+  requires \separated(view, at, view->bytes + (0 .. view->size - 1));
   requires HEADER_BYTES + view->dvi_num * DVI_BYTES <= view->size;
-  assigns view->sound_dvis, *end, *damage;
+  assigns view->sound_dvis, *at;
   ensures sound_blocks(view->bytes, view->size, view->dvi_num, view->sound_dvis);
-  ensures *end == block_at(view->bytes, view->dvi_num, view->sound_dvis) && *end <= view->size;
+  ensures *at == block_at(view->bytes, view->dvi_num, view->sound_dvis);
+  ensures HEADER_BYTES <= *at <= view->size;
   ensures \result == MORVANE_VIEW_OK ==> view->sound_dvis == view->dvi_num;
-  ensures \result != MORVANE_VIEW_OK ==>
-    MORVANE_VIEW_IMAGE_CUT <= \result <= MORVANE_VIEW_BLOCK_SIZE_DISAGREES &&
-    !sound_blocks(view->bytes, view->size, view->dvi_num, view->dvi_num) &&
-    (damage != \null ==> damage->status == \result && damage->dvi == view->sound_dvis);
+  ensures \result != MORVANE_VIEW_OK ==> stopped_at_dvi(*view, \result, *at);
 */
-static int check_dvis(struct morvane_view* view, size_t* end, struct morvane_view_damage* damage) {
+static int check_dvis(struct morvane_view* view, size_t* at) {
   const uint8_t* const bytes = view->bytes;
   const size_t size = view->size;
   const uint32_t dvi_num = view->dvi_num;
@@ -445,7 +492,7 @@ static int check_dvis(struct morvane_view* view, size_t* end, struct morvane_vie
   uint32_t i = 0;
   /*@
     loop invariant 0 <= i <= dvi_num && status == MORVANE_VIEW_OK;
-    loop invariant begin == block_at(bytes, dvi_num, i) && begin <= size;
+    loop invariant begin == block_at(bytes, dvi_num, i) && HEADER_BYTES <= begin <= size;
     loop invariant sound_blocks(bytes, size, dvi_num, i);
     loop assigns i, begin, status;
     loop variant dvi_num - i;
@@ -454,40 +501,26 @@ static int check_dvis(struct morvane_view* view, size_t* end, struct morvane_vie
     const uint8_t* const dvi = bytes + (HEADER_BYTES + (size_t)i * DVI_BYTES);
     /*@ assert dvi == dvi_desc(bytes, i); */
     status = check_dvi(dvi, size - begin);
-    /*@ assert sound: status == MORVANE_VIEW_OK <==>
-          block_size(bytes, i) % 0x100000000 == pkg_size(bytes, i) &&
-          begin + block_size(bytes, i) <= size; */
-    /*@ assert image: status == MORVANE_VIEW_IMAGE_CUT ==> begin + ports_size(bytes, i) <= size; */
     if (status != MORVANE_VIEW_OK) {
       break;
     }
-    /*@ assert block_at(bytes, dvi_num, i + 1) == begin + block_size(bytes, i); */
-    begin += (size_t)block_bytes(dvi);
-  }
-  if (status != MORVANE_VIEW_OK) {
-    refuse_dvi(damage, status, i, bytes, size, begin);
+    /*@ assert block_at(bytes, dvi_num, i + 1) == begin + block_size(dvi); */
+    begin += (size_t)dvi_block(dvi);
   }
   view->sound_dvis = i;
-  *end = begin;
-  /*@ assert view->bytes == bytes && view->size == size && view->dvi_num == dvi_num; */
+  *at = begin;
   return status;
 }
 
-/* Whether a vproc is sound: whether its block, of which so many bytes are left, is whole. */
+/* Whether the block that a vproc_desc counts, of which so many bytes are left, is whole. */
 /*@
   requires \valid_read(vproc + (0 .. VPROC_BYTES - 1));
   assigns \nothing;
-  ensures \let variables = u32(vproc) * VAR_BYTES;
-    \let smbs = u32(vproc + 4) * SMB_BYTES;
-    \result == ((variables + smbs) % 0x100000000 != u32(vproc + 8)
-                  ? MORVANE_VIEW_VPROC_SIZE_DISAGREES
-                : variables > left ? MORVANE_VIEW_VARIABLES_CUT
-                : variables + smbs > left ? MORVANE_VIEW_SMBS_CUT : MORVANE_VIEW_OK);
+  ensures \result == vproc_status(vproc, left);
 */
 static int check_vproc(const uint8_t* vproc, size_t left) {
-  const uint64_t block = vproc_block_bytes(vproc);
-  const uint64_t variables =
-      vproc_bytes(word(vproc + offsetof(struct morvane_vproc_desc, variable_num)), 0);
+  const uint64_t variables = vproc_variables(vproc);
+  const uint64_t block = vproc_block(vproc);
   if (block % WRAP != word(vproc + offsetof(struct morvane_vproc_desc, vproc_records_size))) {
     return MORVANE_VIEW_VPROC_SIZE_DISAGREES;
   }
@@ -497,65 +530,20 @@ static int check_vproc(const uint8_t* vproc, size_t left) {
   return block > left ? MORVANE_VIEW_SMBS_CUT : MORVANE_VIEW_OK;
 }
 
-/* Describes what check_vproc found. */
+/* Checks all vprocs, whose table fits. Sets *at to where the block of the last sound one ends. */
 /*@
-  requires \valid_read(bytes + (0 .. size - 1)) && begin <= size;
-  requires table + (position + 1) * VPROC_BYTES <= size;
-  requires damage == \null || \valid(damage);
-  requires \separated(damage, bytes + (0 .. size - 1));
-  requires status == MORVANE_VIEW_SMBS_CUT ==>
-    begin + variables_size(bytes, table, position) <= size;
-  assigns *damage;
-  ensures \result == status;
-  ensures status == MORVANE_VIEW_VPROC_SIZE_DISAGREES ==>
-    numbers(damage, status, position, table + position * VPROC_BYTES + 8,
-            records_size(bytes, table, position), vproc_size(bytes, table, position));
-  ensures status == MORVANE_VIEW_VARIABLES_CUT ==>
-    numbers(damage, status, position, begin, variables_size(bytes, table, position),
-            size - begin);
-  ensures status == MORVANE_VIEW_SMBS_CUT ==>
-    numbers(damage, status, position, begin + variables_size(bytes, table, position),
-            smbs_size(bytes, table, position),
-            size - (begin + variables_size(bytes, table, position)));
-*/
-static int refuse_vproc(struct morvane_view_damage* damage, int status, uint32_t position,
-                        const uint8_t* bytes, size_t size, size_t table, size_t begin) {
-  const size_t offset = table + (size_t)position * VPROC_BYTES;
-  const uint8_t* const vproc = bytes + offset;
-  const uint64_t block = vproc_block_bytes(vproc);
-  const uint64_t variables =
-      vproc_bytes(word(vproc + offsetof(struct morvane_vproc_desc, variable_num)), 0);
-  if (status == MORVANE_VIEW_VPROC_SIZE_DISAGREES) {
-    return refuse(damage, status, position,
-                  offset + offsetof(struct morvane_vproc_desc, vproc_records_size),
-                  word(vproc + offsetof(struct morvane_vproc_desc, vproc_records_size)), block);
-  }
-  if (status == MORVANE_VIEW_SMBS_CUT) {
-    return refuse(damage, status, position, begin + (size_t)variables, block - variables,
-                  size - begin - variables);
-  }
-  return refuse(damage, status, position, begin, variables, size - begin);
-}
-
-/* Checks all vprocs, whose table fits. Sets *end to where the block of the last sound one ends. */
-/*@
-  requires true_view(view) && \valid(view) && \valid(end);
-  requires damage == \null || \valid(damage);
-  requires \separated(view, damage, end, view->bytes + (0 .. view->size - 1));
+  requires true_view(view) && \valid(view) && \valid(at);
+  requires \separated(view, at, view->bytes + (0 .. view->size - 1));
   requires view->vproc_table + view->dvi_num * VPROC_BYTES <= view->size;
-  assigns view->sound_vprocs, *end, *damage;
+  assigns view->sound_vprocs, *at;
   ensures sound_vprocs(view->bytes, view->size, view->dvi_num, view->vproc_table,
                        view->sound_vprocs);
-  ensures *end <= view->size &&
-    *end == vproc_at(view->bytes, view->dvi_num, view->vproc_table, view->sound_vprocs);
+  ensures *at <= view->size &&
+    *at == vproc_at(view->bytes, view->dvi_num, view->vproc_table, view->sound_vprocs);
   ensures \result == MORVANE_VIEW_OK ==> view->sound_vprocs == view->dvi_num;
-  ensures \result != MORVANE_VIEW_OK ==>
-    MORVANE_VIEW_SMBS_CUT <= \result <= MORVANE_VIEW_VPROC_SIZE_DISAGREES &&
-    !sound_vprocs(view->bytes, view->size, view->dvi_num, view->vproc_table, view->dvi_num) &&
-    (damage != \null ==> damage->status == \result && damage->dvi == view->sound_vprocs);
+  ensures \result != MORVANE_VIEW_OK ==> stopped_at_vproc(*view, \result, *at);
 */
-static int check_vprocs(struct morvane_view* view, size_t* end,
-                        struct morvane_view_damage* damage) {
+static int check_vprocs(struct morvane_view* view, size_t* at) {
   const uint8_t* const bytes = view->bytes;
   const size_t size = view->size;
   const uint32_t dvi_num = view->dvi_num;
@@ -574,65 +562,202 @@ static int check_vprocs(struct morvane_view* view, size_t* end,
     const uint8_t* const vproc = bytes + (table + (size_t)i * VPROC_BYTES);
     /*@ assert vproc == vproc_desc(bytes, table, i); */
     status = check_vproc(vproc, size - begin);
-    /*@ assert sound: status == MORVANE_VIEW_OK <==>
-          vproc_size(bytes, table, i) % 0x100000000 == records_size(bytes, table, i) &&
-          begin + vproc_size(bytes, table, i) <= size; */
-    /*@ assert smbs: status == MORVANE_VIEW_SMBS_CUT ==>
-          begin + variables_size(bytes, table, i) <= size; */
     if (status != MORVANE_VIEW_OK) {
       break;
     }
-    /*@ assert vproc_at(bytes, dvi_num, table, i + 1) == begin + vproc_size(bytes, table, i); */
-    begin += (size_t)vproc_block_bytes(vproc);
-  }
-  if (status != MORVANE_VIEW_OK) {
-    refuse_vproc(damage, status, i, bytes, size, table, begin);
+    /*@ assert vproc_at(bytes, dvi_num, table, i + 1) == begin + vproc_size(vproc); */
+    begin += (size_t)vproc_block(vproc);
   }
   view->sound_vprocs = i;
-  *end = begin;
-  /*@ assert view->bytes == bytes && view->size == size && view->dvi_num == dvi_num &&
-             view->vproc_table == table; */
+  *at = begin;
   return status;
 }
 
-/* Checks the vproc section, which begins at *at. Sets *at to where the block of the last vproc
- * ends. */
+/* Checks the vproc section, which begins at *at. Sets *at to where its last sound block ends. */
 /*@
   requires true_view(view) && \valid(view) && \valid(at);
-  requires damage == \null || \valid(damage);
-  requires \separated(view, damage, at, view->bytes + (0 .. view->size - 1));
+  requires \separated(view, at, view->bytes + (0 .. view->size - 1));
   requires *at <= view->size;
-  requires view->sound_vprocs == 0 && view->vproc_table == 0;
-  assigns view->vproc_table, view->sound_vprocs, *at, *damage;
-  ensures damage != \null && \result != MORVANE_VIEW_OK ==> damage->status == \result;
+  assigns view->vproc_table, view->sound_vprocs, *at;
   behavior table_cut:
     assumes *at + view->dvi_num * VPROC_BYTES > view->size;
-    assigns *damage;
+    ensures view->vproc_table == \old(view->vproc_table);
+    ensures view->sound_vprocs == \old(view->sound_vprocs);
+    ensures *at == \old(*at);
     ensures \result == MORVANE_VIEW_VPROC_TABLE_CUT;
-    ensures numbers(damage, \result, 0, \old(*at), \old(view->dvi_num) * VPROC_BYTES,
-                    \old(view->size) - \old(*at));
   behavior table_fits:
     assumes *at + view->dvi_num * VPROC_BYTES <= view->size;
-    ensures MORVANE_VIEW_SMBS_CUT <= \result <= MORVANE_VIEW_VPROC_SIZE_DISAGREES ||
-            \result == MORVANE_VIEW_OK;
     ensures view->vproc_table == \old(*at);
     ensures sound_vprocs(view->bytes, view->size, view->dvi_num, view->vproc_table,
                          view->sound_vprocs);
-    ensures \result == MORVANE_VIEW_OK ==> view->sound_vprocs == view->dvi_num;
     ensures *at <= view->size &&
       *at == vproc_at(view->bytes, view->dvi_num, view->vproc_table, view->sound_vprocs);
+    ensures \result == MORVANE_VIEW_OK ==> view->sound_vprocs == view->dvi_num;
+    ensures \result != MORVANE_VIEW_OK ==> stopped_at_vproc(*view, \result, *at);
   complete behaviors;
   disjoint behaviors;
 */
-static int check_vproc_section(struct morvane_view* view, size_t* at,
-                               struct morvane_view_damage* damage) {
-  const uint64_t table = (uint64_t)view->dvi_num * VPROC_BYTES;
-  const uint64_t left = view->size - *at;
-  if (table > left) {
-    return refuse(damage, MORVANE_VIEW_VPROC_TABLE_CUT, 0, *at, table, left);
+static int check_vproc_section(struct morvane_view* view, size_t* at) {
+  if ((uint64_t)view->dvi_num * VPROC_BYTES > view->size - *at) {
+    return MORVANE_VIEW_VPROC_TABLE_CUT;
   }
   view->vproc_table = *at;
-  return check_vprocs(view, at, damage);
+  return check_vprocs(view, at);
+}
+
+/* Checks everything. Sets *at to where the damage is. */
+/*@
+  requires true_view(view) && \valid(view) && \valid(at);
+  requires \separated(view, at, view->bytes + (0 .. view->size - 1));
+  requires *at == 0 && view->dvi_num == 0 && view->sound_dvis == 0;
+  requires view->vproc_table == 0 && view->sound_vprocs == 0;
+  assigns view->version, view->HASH, view->dvi_num, view->sound_dvis, view->vproc_table,
+          view->sound_vprocs, *at;
+  ensures MORVANE_VIEW_BYTES_LEFT_OVER <= \result <= MORVANE_VIEW_OK;
+  ensures walked(*view);
+  ensures \result == MORVANE_VIEW_OK ==> accepted(*view);
+  ensures stopped(*view, \result, *at);
+*/
+static int check_package(struct morvane_view* view, size_t* at) {
+  int status = check_header(view, at);
+  if (status != MORVANE_VIEW_OK) {
+    /*@ assert walked(*view) && stopped(*view, status, *at); */
+    return status;
+  }
+  status = check_dvis(view, at);
+  /*@ assert walked(*view); */
+  if (status != MORVANE_VIEW_OK) {
+    /*@ assert stopped(*view, status, *at); */
+    return status;
+  }
+  if (*at < view->size && view->dvi_num > 0) {
+    status = check_vproc_section(view, at);
+    /*@ assert walked(*view); */
+    if (status != MORVANE_VIEW_OK) {
+      /*@ assert stopped(*view, status, *at); */
+      return status;
+    }
+  }
+  /*@ assert *at == view->size ==> accepted(*view); */
+  /*@ assert *at < view->size ==> stopped(*view, MORVANE_VIEW_BYTES_LEFT_OVER, *at); */
+  return *at < view->size ? MORVANE_VIEW_BYTES_LEFT_OVER : MORVANE_VIEW_OK;
+}
+
+/* Describes what check_dvis found. */
+/*@
+  requires true_view(view) && \valid(damage);
+  requires \separated(damage, view, view->bytes + (0 .. view->size - 1));
+  requires stopped_at_dvi(*view, damage->status, begin);
+  assigns damage->dvi, damage->offset, damage->claimed, damage->present;
+  ensures describes_dvi(\old(*view), damage);
+*/
+static void describe_dvi(const struct morvane_view* view, size_t begin,
+                         struct morvane_view_damage* damage) {
+  const uint32_t position = view->sound_dvis;
+  const size_t desc = HEADER_BYTES + (size_t)position * DVI_BYTES;
+  const uint8_t* const dvi = view->bytes + desc;
+  /*@ assert dvi == dvi_desc(view->bytes, position); */
+  const uint64_t ports = dvi_ports(dvi);
+  size_t offset = begin;
+  uint64_t claimed = ports;
+  uint64_t present = view->size - begin;
+  if (damage->status == MORVANE_VIEW_BLOCK_SIZE_DISAGREES) {
+    offset = desc + offsetof(struct morvane_dvi_desc, dvi_pkg_size);
+    claimed = word(dvi + offsetof(struct morvane_dvi_desc, dvi_pkg_size));
+    present = dvi_block(dvi);
+  } else if (damage->status == MORVANE_VIEW_IMAGE_CUT) {
+    offset += (size_t)ports;
+    claimed = word(dvi + offsetof(struct morvane_dvi_desc, dvi_img_size));
+    present -= ports;
+  }
+  damage->dvi = position;
+  damage->offset = offset;
+  damage->claimed = claimed;
+  damage->present = present;
+}
+
+/* Describes what check_vprocs found. */
+/*@
+  requires true_view(view) && \valid(damage);
+  requires \separated(damage, view, view->bytes + (0 .. view->size - 1));
+  requires stopped_at_vproc(*view, damage->status, begin);
+  assigns damage->dvi, damage->offset, damage->claimed, damage->present;
+  ensures describes_vproc(\old(*view), damage);
+*/
+static void describe_vproc(const struct morvane_view* view, size_t begin,
+                           struct morvane_view_damage* damage) {
+  const uint32_t position = view->sound_vprocs;
+  const size_t desc = view->vproc_table + (size_t)position * VPROC_BYTES;
+  const uint8_t* const vproc = view->bytes + desc;
+  /*@ assert vproc == vproc_desc(view->bytes, view->vproc_table, position); */
+  const uint64_t variables = vproc_variables(vproc);
+  const uint64_t block = vproc_block(vproc);
+  size_t offset = begin;
+  uint64_t claimed = variables;
+  uint64_t present = view->size - begin;
+  if (damage->status == MORVANE_VIEW_VPROC_SIZE_DISAGREES) {
+    offset = desc + offsetof(struct morvane_vproc_desc, vproc_records_size);
+    claimed = word(vproc + offsetof(struct morvane_vproc_desc, vproc_records_size));
+    present = block;
+  } else if (damage->status == MORVANE_VIEW_SMBS_CUT) {
+    offset += (size_t)variables;
+    claimed = block - variables;
+    present -= variables;
+  }
+  damage->dvi = position;
+  damage->offset = offset;
+  damage->claimed = claimed;
+  damage->present = present;
+}
+
+/* Describes what check_package found, when that is not the block of a single DVI or vproc. */
+/*@
+  requires true_view(view) && \valid(damage);
+  requires \separated(damage, view, view->bytes + (0 .. view->size - 1));
+  requires damage->status == MORVANE_VIEW_HEADER_CUT ||
+           damage->status == MORVANE_VIEW_DVI_TABLE_CUT ||
+           damage->status == MORVANE_VIEW_VPROC_TABLE_CUT ||
+           damage->status == MORVANE_VIEW_BYTES_LEFT_OVER;
+  requires stopped(*view, damage->status, at);
+  assigns damage->dvi, damage->offset, damage->claimed, damage->present;
+  ensures describes_package(\old(*view), damage);
+*/
+static void describe_package(const struct morvane_view* view, size_t at,
+                             struct morvane_view_damage* damage) {
+  const uint64_t dvi_num = view->dvi_num;
+  uint64_t claimed = 0;
+  if (damage->status == MORVANE_VIEW_HEADER_CUT) {
+    claimed = HEADER_BYTES;
+  } else if (damage->status == MORVANE_VIEW_DVI_TABLE_CUT) {
+    claimed = dvi_num * DVI_BYTES;
+  } else if (damage->status == MORVANE_VIEW_VPROC_TABLE_CUT) {
+    claimed = dvi_num * VPROC_BYTES;
+  }
+  damage->dvi = 0;
+  damage->offset = at;
+  damage->claimed = claimed;
+  damage->present = view->size - at;
+}
+
+/* Describes what check_package found. */
+/*@
+  requires true_view(view) && \valid(damage);
+  requires \separated(damage, view, view->bytes + (0 .. view->size - 1));
+  requires MORVANE_VIEW_BYTES_LEFT_OVER <= status < MORVANE_VIEW_OK;
+  requires stopped(*view, status, at);
+  assigns damage->status, damage->dvi, damage->offset, damage->claimed, damage->present;
+  ensures damage->status == status && describes(\old(*view), damage);
+*/
+static void describe(const struct morvane_view* view, int status, size_t at,
+                     struct morvane_view_damage* damage) {
+  damage->status = status;
+  if (MORVANE_VIEW_IMAGE_CUT <= status && status <= MORVANE_VIEW_BLOCK_SIZE_DISAGREES) {
+    describe_dvi(view, at, damage);
+  } else if (MORVANE_VIEW_SMBS_CUT <= status && status <= MORVANE_VIEW_VPROC_SIZE_DISAGREES) {
+    describe_vproc(view, at, damage);
+  } else {
+    describe_package(view, at, damage);
+  }
 }
 
 /*@
@@ -641,10 +766,11 @@ static int check_vproc_section(struct morvane_view* view, size_t* at,
   requires \separated(view, damage, bytes + (0 .. size - 1));
   assigns *view, *damage;
   ensures view->bytes == bytes && view->size == size;
-  ensures walked(view);
-  ensures \result == MORVANE_VIEW_OK ==> accepted(view);
-  ensures \result != MORVANE_VIEW_OK && damage != \null ==> damage->status == \result;
   ensures MORVANE_VIEW_BYTES_LEFT_OVER <= \result <= MORVANE_VIEW_OK;
+  ensures walked(*view);
+  ensures \result == MORVANE_VIEW_OK ==> accepted(*view);
+  ensures \result != MORVANE_VIEW_OK && damage != \null ==>
+    damage->status == \result && describes(*view, damage);
 */
 int morvane_view_open(struct morvane_view* view, const uint8_t* bytes, size_t size,
                       struct morvane_view_damage* damage) {
@@ -658,15 +784,10 @@ int morvane_view_open(struct morvane_view* view, const uint8_t* bytes, size_t si
   view->sound_dvis = 0;
   view->vproc_table = 0;
   view->sound_vprocs = 0;
-  status = open_header(view, damage);
-  if (status == MORVANE_VIEW_OK) {
-    status = check_dvis(view, &at, damage);
-  }
-  if (status == MORVANE_VIEW_OK && at < size && view->dvi_num > 0) {
-    status = check_vproc_section(view, &at, damage);
-  }
-  if (status == MORVANE_VIEW_OK && at < size) {
-    status = refuse(damage, MORVANE_VIEW_BYTES_LEFT_OVER, 0, at, 0, size - at);
+  status = check_package(view, &at);
+  if (status != MORVANE_VIEW_OK && damage != NULL) {
+    describe(view, status, at, damage);
+    /*@ assert walked(*view) && describes(*view, damage); */
   }
   return status;
 }
@@ -700,34 +821,40 @@ static size_t text_length(const uint8_t* field, size_t width) {
   return length;
 }
 
+/* Whether a text has the characters of a C string and no more. */
 /*@
-  requires HEADER_BYTES + (position + 1) * DVI_BYTES <= SIZE_MAX;
-  requires \valid_read(dvi_desc(bytes, position) + (0 .. DVI_BYTES - 1)) && \valid(dvi);
-  requires \separated(dvi, dvi_desc(bytes, position) + (0 .. DVI_BYTES - 1));
-  assigns *dvi;
-  ensures dvi->position == position && dvi->block == block;
-  ensures dvi->offset == HEADER_BYTES + position * DVI_BYTES;
-  ensures dvi->dvi_id == dvi_desc(bytes, position)[0];
-  ensures dvi->vproc_id == dvi_desc(bytes, position)[1];
-  ensures dvi->dvi_ppv == dvi_desc(bytes, position)[2];
-  ensures dvi->reserved == dvi_desc(bytes, position)[3];
-  ensures dvi->dvi_img_vaddr == u32(dvi_desc(bytes, position) + 4);
-  ensures dvi->dvi_img_size == image_size(bytes, position);
-  ensures dvi->dvi_dag_vaddr == u32(dvi_desc(bytes, position) + 12);
-  ensures dvi->input_num == input_num(bytes, position);
-  ensures dvi->output_num == output_num(bytes, position);
-  ensures dvi->dvi_pkg_size == pkg_size(bytes, position);
-  ensures is_text(dvi->dag_name.bytes, dvi->dag_name.length, dvi_desc(bytes, position) + 28,
-                  MORVANE_NAME_WIDTH);
-  ensures no_vproc(dvi);
+  requires \valid_read(text + (0 .. length - 1)) && is_string(string);
+  assigns \nothing;
+  ensures \result == 0 || \result == 1;
+  ensures \result == 1 <==> equal(text, length, string);
 */
-static void decode_dvi(const uint8_t* bytes, uint32_t position, size_t block,
-                       struct morvane_view_dvi* dvi) {
-  const size_t offset = HEADER_BYTES + (size_t)position * DVI_BYTES;
-  const uint8_t* const record = bytes + offset;
+static int equals(const char* text, size_t length, const char* string) {
+  size_t i = 0;
+  /*@
+    loop invariant 0 <= i <= length;
+    loop invariant \forall integer k; 0 <= k < i ==> string[k] != 0 && string[k] == text[k];
+    loop assigns i;
+    loop variant length - i;
+  */
+  for (i = 0; i < length; ++i) {
+    if (string[i] == '\0' || string[i] != text[i]) {
+      return 0;
+    }
+  }
+  return string[length] == '\0';
+}
+
+/*@
+  requires \valid_read(record + (0 .. DVI_BYTES - 1)) && \valid(dvi);
+  requires \separated(dvi, record + (0 .. DVI_BYTES - 1));
+  assigns dvi->dvi_id, dvi->vproc_id, dvi->dvi_ppv, dvi->reserved, dvi->dvi_img_vaddr,
+          dvi->dvi_img_size, dvi->dvi_dag_vaddr, dvi->input_num, dvi->output_num,
+          dvi->dvi_pkg_size, dvi->dag_name.bytes, dvi->dag_name.length;
+  ensures dvi_fields(record, dvi);
+  ensures \valid_read(dvi->dag_name.bytes + (0 .. dvi->dag_name.length - 1));
+*/
+static void decode_dvi(const uint8_t* record, struct morvane_view_dvi* dvi) {
   const uint8_t* const name = record + offsetof(struct morvane_dvi_desc, dag_name);
-  /*@ assert record == dvi_desc(bytes, position); */
-  dvi->position = position;
   dvi->dvi_id = record[offsetof(struct morvane_dvi_desc, dvi_id)];
   dvi->vproc_id = record[offsetof(struct morvane_dvi_desc, vproc_id)];
   dvi->dvi_ppv = record[offsetof(struct morvane_dvi_desc, dvi_ppv)];
@@ -740,37 +867,18 @@ static void decode_dvi(const uint8_t* bytes, uint32_t position, size_t block,
   dvi->dvi_pkg_size = word(record + offsetof(struct morvane_dvi_desc, dvi_pkg_size));
   dvi->dag_name.bytes = (const char*)name;
   dvi->dag_name.length = text_length(name, MORVANE_NAME_WIDTH);
-  dvi->variable_num = 0;
-  dvi->smb_num = 0;
-  dvi->vproc_records_size = 0;
-  dvi->offset = offset;
-  dvi->block = block;
-  dvi->vproc_offset = 0;
-  dvi->vproc_block = 0;
 }
 
 /*@
-  requires table + (position + 1) * VPROC_BYTES <= SIZE_MAX;
-  requires \valid_read(vproc_desc(bytes, table, position) + (0 .. VPROC_BYTES - 1)) &&
-           \valid(dvi);
-  requires \separated(dvi, vproc_desc(bytes, table, position) + (0 .. VPROC_BYTES - 1));
-  assigns dvi->variable_num, dvi->smb_num, dvi->vproc_records_size, dvi->vproc_offset,
-          dvi->vproc_block;
-  ensures dvi->vproc_offset == table + position * VPROC_BYTES && dvi->vproc_block == block;
-  ensures dvi->variable_num == u32(vproc_desc(bytes, table, position));
-  ensures dvi->smb_num == u32(vproc_desc(bytes, table, position) + 4);
-  ensures dvi->vproc_records_size == u32(vproc_desc(bytes, table, position) + 8);
+  requires \valid_read(record + (0 .. VPROC_BYTES - 1)) && \valid(dvi);
+  requires \separated(dvi, record + (0 .. VPROC_BYTES - 1));
+  assigns dvi->variable_num, dvi->smb_num, dvi->vproc_records_size;
+  ensures vproc_fields(record, dvi);
 */
-static void decode_vproc(const uint8_t* bytes, size_t table, uint32_t position, size_t block,
-                         struct morvane_view_dvi* dvi) {
-  const size_t offset = table + (size_t)position * VPROC_BYTES;
-  const uint8_t* const record = bytes + offset;
-  /*@ assert record == vproc_desc(bytes, table, position); */
+static void decode_vproc(const uint8_t* record, struct morvane_view_dvi* dvi) {
   dvi->variable_num = word(record + offsetof(struct morvane_vproc_desc, variable_num));
   dvi->smb_num = word(record + offsetof(struct morvane_vproc_desc, smb_num));
   dvi->vproc_records_size = word(record + offsetof(struct morvane_vproc_desc, vproc_records_size));
-  dvi->vproc_offset = offset;
-  dvi->vproc_block = block;
 }
 
 /* The DVI at a position, whose blocks begin at the given offsets. */
@@ -781,6 +889,7 @@ static void decode_vproc(const uint8_t* bytes, size_t table, uint32_t position, 
   behavior out_of_range:
     assumes position >= view->sound_dvis;
     assigns \nothing;
+    ensures dvi->position == \old(dvi->position);
     ensures \result == MORVANE_VIEW_OUT_OF_RANGE;
   behavior dvi_table_cut:
     assumes position < view->sound_dvis;
@@ -800,12 +909,9 @@ static void decode_vproc(const uint8_t* bytes, size_t table, uint32_t position, 
     assumes position < view->sound_vprocs ==>
             view->vproc_table + (position + 1) * VPROC_BYTES <= view->size;
     ensures \result == MORVANE_VIEW_OK;
-    ensures dvi->position == position && dvi->block == block;
-    ensures dvi_fields(\old(view->bytes), dvi);
-    ensures position < \old(view->sound_vprocs) ==>
-      dvi->vproc_block == vproc_block &&
-      vproc_fields(\old(view->bytes), \old(view->vproc_table), dvi);
-    ensures position >= \old(view->sound_vprocs) ==> no_vproc(dvi);
+    ensures dvi->position == position && dvi->block == block && from_records(\old(*view), dvi);
+    ensures \valid_read(dvi->dag_name.bytes + (0 .. dvi->dag_name.length - 1));
+    ensures position < \old(view->sound_vprocs) ==> dvi->vproc_block == vproc_block;
   complete behaviors;
   disjoint behaviors;
 */
@@ -825,10 +931,31 @@ static int load_dvi(const struct morvane_view* view, uint32_t position, size_t b
   if (with_vproc && !has(view, table, vproc, VPROC_BYTES)) {
     return MORVANE_VIEW_VPROC_TABLE_CUT;
   }
-  decode_dvi(bytes, position, block, dvi);
+  /*@ assert with_vproc != 0 ==>
+        \valid_read(vproc_desc(bytes, table, position) + (0 .. VPROC_BYTES - 1)); */
+  /*@ assert with_vproc != 0 ==>
+        \separated(dvi, vproc_desc(bytes, table, position) + (0 .. VPROC_BYTES - 1)); */
+  dvi->variable_num = 0;
+  dvi->smb_num = 0;
+  dvi->vproc_records_size = 0;
+  dvi->vproc_offset = 0;
+  dvi->vproc_block = 0;
   if (with_vproc) {
-    decode_vproc(bytes, table, position, vproc_block, dvi);
+    dvi->vproc_offset = table + (size_t)vproc;
+    dvi->vproc_block = vproc_block;
+    /*@ assert bytes + dvi->vproc_offset == vproc_desc(bytes, table, position); */
+    decode_vproc(bytes + dvi->vproc_offset, dvi);
   }
+  dvi->position = position;
+  dvi->offset = HEADER_BYTES + (size_t)desc;
+  dvi->block = block;
+  /*@ assert with_vproc != 0 ==> vproc_fields(vproc_desc(bytes, table, position), dvi); */
+  /*@ assert with_vproc == 0 ==> no_vproc(dvi); */
+  /*@ assert bytes + dvi->offset == dvi_desc(bytes, position); */
+  decode_dvi(bytes + dvi->offset, dvi);
+  /*@ assert with_vproc != 0 ==> vproc_fields(vproc_desc(bytes, table, position), dvi); */
+  /*@ assert with_vproc == 0 ==> no_vproc(dvi); */
+  /*@ assert from_records(\at(*view, Pre), dvi); */
   return MORVANE_VIEW_OK;
 }
 
@@ -836,10 +963,13 @@ static int load_dvi(const struct morvane_view* view, uint32_t position, size_t b
   requires true_view(view) && \valid(dvi);
   requires \separated(dvi, view, view->bytes + (0 .. view->size - 1));
   assigns *dvi;
-  ensures \result == MORVANE_VIEW_OK ==> dvi->position == 0 && from_records(view, dvi);
-  ensures walked(view) && 0 < view->sound_dvis ==>
-    \result == MORVANE_VIEW_OK && in_place(view, dvi);
-  ensures accepted(view) && view->dvi_num == 0 ==> \result == MORVANE_VIEW_OUT_OF_RANGE;
+  ensures \result == MORVANE_VIEW_OK ==> dvi->position == 0 < \old(view->sound_dvis);
+  ensures \result == MORVANE_VIEW_OK ==> from_records(\old(*view), dvi);
+  ensures \result == MORVANE_VIEW_OK ==>
+    \valid_read(dvi->dag_name.bytes + (0 .. dvi->dag_name.length - 1));
+  ensures \old(walked(*view) && 0 < view->sound_dvis) ==>
+    \result == MORVANE_VIEW_OK && in_place(\old(*view), dvi);
+  ensures \old(accepted(*view) && view->dvi_num == 0) ==> \result == MORVANE_VIEW_OUT_OF_RANGE;
 */
 int morvane_view_first(const struct morvane_view* view, struct morvane_view_dvi* dvi) {
   const uint64_t table = (uint64_t)view->dvi_num * DVI_BYTES;
@@ -857,12 +987,6 @@ int morvane_view_first(const struct morvane_view* view, struct morvane_view_dvi*
     vproc_block = view->vproc_table + (size_t)vproc_table;
   }
   status = load_dvi(view, 0, HEADER_BYTES + (size_t)table, vproc_block, dvi);
-  /*@ assert view->bytes == \at(view->bytes, Pre); */
-  /*@ assert view->size == \at(view->size, Pre); */
-  /*@ assert view->dvi_num == \at(view->dvi_num, Pre); */
-  /*@ assert view->sound_dvis == \at(view->sound_dvis, Pre); */
-  /*@ assert view->vproc_table == \at(view->vproc_table, Pre); */
-  /*@ assert view->sound_vprocs == \at(view->sound_vprocs, Pre); */
   return status;
 }
 
@@ -871,25 +995,36 @@ int morvane_view_first(const struct morvane_view* view, struct morvane_view_dvi*
   requires \separated(dvi, view, view->bytes + (0 .. view->size - 1));
   assigns *dvi;
   ensures \result == MORVANE_VIEW_OK ==>
-    dvi->position == \old(dvi->position) + 1 && from_records(view, dvi);
+    dvi->position == \old(dvi->position) + 1 < \old(view->sound_dvis);
+  ensures \result == MORVANE_VIEW_OK ==> from_records(\old(*view), dvi);
+  ensures \result == MORVANE_VIEW_OK ==>
+    \valid_read(dvi->dag_name.bytes + (0 .. dvi->dag_name.length - 1));
   ensures \result == MORVANE_VIEW_OUT_OF_RANGE ==> dvi->position == \old(dvi->position);
-  ensures walked(view) && \old(in_place(view, dvi)) ==>
-    (\old(dvi->position) + 1 < view->sound_dvis
-       ? \result == MORVANE_VIEW_OK && in_place(view, dvi)
-       : \result == MORVANE_VIEW_OUT_OF_RANGE);
+  ensures \old(walked(*view) && in_place(*view, dvi) &&
+               dvi->position + 1 < view->sound_dvis) ==> \result == MORVANE_VIEW_OK;
+  ensures \old(walked(*view) && in_place(*view, dvi)) && \result == MORVANE_VIEW_OK ==>
+    in_place(\old(*view), dvi);
+  ensures \old(walked(*view) && in_place(*view, dvi) &&
+               dvi->position + 1 >= view->sound_dvis) ==>
+    \result == MORVANE_VIEW_OUT_OF_RANGE;
 */
 int morvane_view_next(const struct morvane_view* view, struct morvane_view_dvi* dvi) {
   const uint64_t ports = port_bytes(dvi->input_num, dvi->output_num);
   const uint64_t vproc = vproc_bytes(dvi->variable_num, dvi->smb_num);
   int status = MORVANE_VIEW_OK;
-  /*@ assert walked(view) && in_place(view, dvi) ==>
+  /*@ assert walked(*view) && in_place(*view, dvi) ==>
         dvi->block + ports + dvi->dvi_img_size <= view->size &&
         block_at(view->bytes, view->dvi_num, dvi->position + 1) ==
           dvi->block + ports + dvi->dvi_img_size; */
-  /*@ assert walked(view) && in_place(view, dvi) && dvi->position < view->sound_vprocs ==>
+  /*@ assert walked(*view) && in_place(*view, dvi) && dvi->position < view->sound_vprocs ==>
         dvi->vproc_block + vproc <= view->size &&
         vproc_at(view->bytes, view->dvi_num, view->vproc_table, dvi->position + 1) ==
           dvi->vproc_block + vproc; */
+  /*@ assert walked(*view) && in_place(*view, dvi) ==> dvi->vproc_block + vproc <= view->size; */
+  /*@ assert walked(*view) && dvi->position + 1 < view->sound_dvis ==>
+        HEADER_BYTES + (dvi->position + 2) * DVI_BYTES <= view->size; */
+  /*@ assert walked(*view) && dvi->position + 1 < view->sound_vprocs ==>
+        view->vproc_table + (dvi->position + 2) * VPROC_BYTES <= view->size; */
   if (dvi->position == UINT32_MAX) {
     return MORVANE_VIEW_OUT_OF_RANGE;
   }
@@ -901,12 +1036,12 @@ int morvane_view_next(const struct morvane_view* view, struct morvane_view_dvi* 
   }
   status = load_dvi(view, dvi->position + 1, dvi->block + (size_t)ports + dvi->dvi_img_size,
                     dvi->vproc_block + (size_t)vproc, dvi);
-  /*@ assert view->bytes == \at(view->bytes, Pre); */
-  /*@ assert view->size == \at(view->size, Pre); */
-  /*@ assert view->dvi_num == \at(view->dvi_num, Pre); */
-  /*@ assert view->sound_dvis == \at(view->sound_dvis, Pre); */
-  /*@ assert view->vproc_table == \at(view->vproc_table, Pre); */
-  /*@ assert view->sound_vprocs == \at(view->sound_vprocs, Pre); */
+  /*@ assert \at(walked(*view) && in_place(*view, dvi), Pre) && status == MORVANE_VIEW_OK ==>
+        dvi->block == block_at(\at(view->bytes, Pre), \at(view->dvi_num, Pre), dvi->position); */
+  /*@ assert \at(walked(*view) && in_place(*view, dvi), Pre) && status == MORVANE_VIEW_OK &&
+        dvi->position < \at(view->sound_vprocs, Pre) ==>
+        dvi->vproc_block == vproc_at(\at(view->bytes, Pre), \at(view->dvi_num, Pre),
+                                     \at(view->vproc_table, Pre), dvi->position); */
   return status;
 }
 
@@ -915,22 +1050,31 @@ int morvane_view_next(const struct morvane_view* view, struct morvane_view_dvi* 
   requires \separated(dvi, view, view->bytes + (0 .. view->size - 1), dag_name + (0 ..));
   assigns *dvi;
   ensures \result == MORVANE_VIEW_OK ==>
-    from_records(view, dvi) &&
+    from_records(\old(*view), dvi) &&
     equal(dvi->dag_name.bytes, dvi->dag_name.length, dag_name);
-  ensures accepted(view) ==>
-    \result == MORVANE_VIEW_NOT_FOUND || \result == MORVANE_VIEW_OK && in_place(view, dvi);
+  ensures \old(accepted(*view)) ==>
+    \result == MORVANE_VIEW_NOT_FOUND ||
+    \result == MORVANE_VIEW_OK && in_place(\old(*view), dvi);
 */
 int morvane_view_find(const struct morvane_view* view, const char* dag_name,
                       struct morvane_view_dvi* dvi) {
   int status = morvane_view_first(view, dvi);
   /*@
-    loop invariant status == MORVANE_VIEW_OK ==> from_records(view, dvi);
-    loop invariant accepted(view) ==>
-      status == MORVANE_VIEW_OUT_OF_RANGE || status == MORVANE_VIEW_OK && in_place(view, dvi);
+    loop invariant *view == \at(*view, Pre) && true_view(view);
+    loop invariant \separated(dvi, view, view->bytes + (0 .. view->size - 1));
+    loop invariant status == MORVANE_VIEW_OK ==> from_records(\at(*view, Pre), dvi);
+    loop invariant status == MORVANE_VIEW_OK ==>
+      \valid_read(dvi->dag_name.bytes + (0 .. dvi->dag_name.length - 1));
+    loop invariant view->sound_dvis == \at(view->sound_dvis, Pre);
+    loop invariant status == MORVANE_VIEW_OK ==> dvi->position < view->sound_dvis;
+    loop invariant \at(accepted(*view), Pre) ==>
+      status == MORVANE_VIEW_OUT_OF_RANGE ||
+      status == MORVANE_VIEW_OK && in_place(\at(*view, Pre), dvi);
     loop assigns status, *dvi;
     loop variant status == MORVANE_VIEW_OK ? view->sound_dvis - dvi->position : 0;
   */
-  while (status == MORVANE_VIEW_OK && !morvane_text_equals(dvi->dag_name, dag_name)) {
+  while (status == MORVANE_VIEW_OK &&
+         !equals(dvi->dag_name.bytes, dvi->dag_name.length, dag_name)) {
     status = morvane_view_next(view, dvi);
   }
   return status == MORVANE_VIEW_OUT_OF_RANGE ? MORVANE_VIEW_NOT_FOUND : status;
@@ -940,10 +1084,11 @@ int morvane_view_find(const struct morvane_view* view, const char* dag_name,
   requires \valid_read(record + (0 .. PORT_BYTES - 1)) && \valid(port);
   requires \separated(port, record + (0 .. PORT_BYTES - 1));
   assigns port->P, port->D, port->H, port->W, port->pitch, port->dram_format, port->flags,
-          port->reserved[0 .. 1], port->drotate_bit_offset, port->hflip_bit_offset,
+          port->reserved[0], port->reserved[1], port->drotate_bit_offset, port->hflip_bit_offset,
           port->vflip_bit_offset, port->dflip_bit_offset, port->pflip_bit_offset, port->sign,
           port->datasize, port->expoffset, port->expbits, port->port_size,
-          port->port_byte_offset, port->port_name, port->layer_name;
+          port->port_byte_offset, port->port_name.bytes, port->port_name.length,
+          port->layer_name.bytes, port->layer_name.length;
   ensures port_fields(record, port);
 */
 static void decode_port(const uint8_t* record, struct morvane_view_port* port) {
@@ -984,10 +1129,11 @@ static void decode_port(const uint8_t* record, struct morvane_view_port* port) {
   behavior inside:
     assumes dvi->block + (position + 1) * PORT_BYTES <= view->size;
     ensures \result == MORVANE_VIEW_OK;
-    ensures port->offset == dvi->block + position * PORT_BYTES;
-    ensures port_fields(\old(view->bytes) + port->offset, port);
+    ensures port->offset == \old(dvi->block + position * PORT_BYTES);
+    ensures port_fields(\old(view->bytes + (dvi->block + position * PORT_BYTES)), port);
   behavior cut:
     assumes dvi->block + (position + 1) * PORT_BYTES > view->size;
+    assigns \nothing;
     ensures \result == MORVANE_VIEW_PORTS_CUT;
   complete behaviors;
   disjoint behaviors;
@@ -995,13 +1141,16 @@ static void decode_port(const uint8_t* record, struct morvane_view_port* port) {
 static int load_port(const struct morvane_view* view, const struct morvane_view_dvi* dvi,
                      uint64_t position, struct morvane_view_port* port) {
   const uint64_t skipped = position * PORT_BYTES;
+  const uint8_t* record = NULL;
   size_t offset = 0;
   if (!has(view, dvi->block, skipped, PORT_BYTES)) {
     return MORVANE_VIEW_PORTS_CUT;
   }
   offset = dvi->block + (size_t)skipped;
-  decode_port(view->bytes + offset, port);
+  record = view->bytes + offset;
+  /*@ assert record == view->bytes + (dvi->block + position * PORT_BYTES); */
   port->offset = offset;
+  decode_port(record, port);
   return MORVANE_VIEW_OK;
 }
 
@@ -1011,17 +1160,18 @@ static int load_port(const struct morvane_view* view, const struct morvane_view_
   assigns *port;
   behavior out_of_range:
     assumes index >= dvi->input_num;
+    assigns \nothing;
     ensures \result == MORVANE_VIEW_OUT_OF_RANGE;
   behavior inside:
     assumes index < dvi->input_num;
-    assumes dvi->block + index * PORT_BYTES + PORT_BYTES <= view->size;
+    assumes dvi->block + (index + 1) * PORT_BYTES <= view->size;
     ensures \result == MORVANE_VIEW_OK;
-    ensures port->offset == dvi->block + index * PORT_BYTES;
-    ensures port_fields(view->bytes + port->offset, port);
+    ensures port->offset == \old(dvi->block + index * PORT_BYTES);
+    ensures port_fields(\old(view->bytes + (dvi->block + index * PORT_BYTES)), port);
   behavior cut:
     assumes index < dvi->input_num;
-    assumes dvi->block + index * PORT_BYTES + PORT_BYTES > view->size;
-    ensures !(walked(view) && in_place(view, dvi));
+    assumes dvi->block + (index + 1) * PORT_BYTES > view->size;
+    ensures !\old(walked(*view) && in_place(*view, dvi));
     ensures \result == MORVANE_VIEW_PORTS_CUT;
   complete behaviors;
   disjoint behaviors;
@@ -1040,17 +1190,19 @@ int morvane_view_input(const struct morvane_view* view, const struct morvane_vie
   assigns *port;
   behavior out_of_range:
     assumes index >= dvi->output_num;
+    assigns \nothing;
     ensures \result == MORVANE_VIEW_OUT_OF_RANGE;
   behavior inside:
     assumes index < dvi->output_num;
-    assumes dvi->block + (dvi->input_num + index) * PORT_BYTES + PORT_BYTES <= view->size;
+    assumes dvi->block + (dvi->input_num + index + 1) * PORT_BYTES <= view->size;
     ensures \result == MORVANE_VIEW_OK;
-    ensures port->offset == dvi->block + (dvi->input_num + index) * PORT_BYTES;
-    ensures port_fields(view->bytes + port->offset, port);
+    ensures port->offset == \old(dvi->block + (dvi->input_num + index) * PORT_BYTES);
+    ensures port_fields(
+      \old(view->bytes + (dvi->block + (dvi->input_num + index) * PORT_BYTES)), port);
   behavior cut:
     assumes index < dvi->output_num;
-    assumes dvi->block + (dvi->input_num + index) * PORT_BYTES + PORT_BYTES > view->size;
-    ensures !(walked(view) && in_place(view, dvi));
+    assumes dvi->block + (dvi->input_num + index + 1) * PORT_BYTES > view->size;
+    ensures !\old(walked(*view) && in_place(*view, dvi));
     ensures \result == MORVANE_VIEW_PORTS_CUT;
   complete behaviors;
   disjoint behaviors;
@@ -1072,12 +1224,13 @@ int morvane_view_output(const struct morvane_view* view, const struct morvane_vi
             view->size;
     ensures \result == MORVANE_VIEW_OK;
     ensures image->bytes ==
-            view->bytes + (dvi->block + (dvi->input_num + dvi->output_num) * PORT_BYTES);
-    ensures image->size == dvi->dvi_img_size;
+      \old(view->bytes + (dvi->block + (dvi->input_num + dvi->output_num) * PORT_BYTES));
+    ensures image->size == \old(dvi->dvi_img_size);
   behavior cut:
     assumes dvi->block + (dvi->input_num + dvi->output_num) * PORT_BYTES + dvi->dvi_img_size >
             view->size;
-    ensures !(walked(view) && in_place(view, dvi));
+    assigns \nothing;
+    ensures !\old(walked(*view) && in_place(*view, dvi));
     ensures \result == MORVANE_VIEW_IMAGE_CUT;
   complete behaviors;
   disjoint behaviors;
@@ -1099,20 +1252,22 @@ int morvane_view_image(const struct morvane_view* view, const struct morvane_vie
   assigns *variable;
   behavior out_of_range:
     assumes index >= dvi->variable_num;
+    assigns \nothing;
     ensures \result == MORVANE_VIEW_OUT_OF_RANGE;
   behavior inside:
     assumes index < dvi->variable_num;
-    assumes dvi->vproc_block + index * VAR_BYTES + VAR_BYTES <= view->size;
+    assumes dvi->vproc_block + (index + 1) * VAR_BYTES <= view->size;
     ensures \result == MORVANE_VIEW_OK;
-    ensures variable->offset == dvi->vproc_block + index * VAR_BYTES;
-    ensures is_text(variable->var.bytes, variable->var.length, view->bytes + variable->offset,
+    ensures variable->offset == \old(dvi->vproc_block + index * VAR_BYTES);
+    ensures is_text(variable->var.bytes, variable->var.length, \old(view->bytes) + variable->offset,
                     MORVANE_NAME_WIDTH);
-    ensures variable->boffset == u32(view->bytes + variable->offset + 128);
-    ensures variable->bsize == u32(view->bytes + variable->offset + 132);
+    ensures variable->boffset == u32(\old(view->bytes) + variable->offset + 128);
+    ensures variable->bsize == u32(\old(view->bytes) + variable->offset + 132);
   behavior cut:
     assumes index < dvi->variable_num;
-    assumes dvi->vproc_block + index * VAR_BYTES + VAR_BYTES > view->size;
-    ensures !(walked(view) && in_place(view, dvi));
+    assumes dvi->vproc_block + (index + 1) * VAR_BYTES > view->size;
+    assigns \nothing;
+    ensures !\old(walked(*view) && in_place(*view, dvi));
     ensures \result == MORVANE_VIEW_VARIABLES_CUT;
   complete behaviors;
   disjoint behaviors;
@@ -1145,17 +1300,27 @@ int morvane_view_variable(const struct morvane_view* view, const struct morvane_
   assigns *smb;
   behavior out_of_range:
     assumes index >= dvi->smb_num;
+    assigns \nothing;
     ensures \result == MORVANE_VIEW_OUT_OF_RANGE;
   behavior inside:
     assumes index < dvi->smb_num;
-    assumes dvi->vproc_block + dvi->variable_num * VAR_BYTES + index * SMB_BYTES + SMB_BYTES <=
-  view->size; ensures \result == MORVANE_VIEW_OK; ensures smb->offset == dvi->vproc_block +
-  dvi->variable_num * VAR_BYTES + index * SMB_BYTES; ensures is_text(smb->smb_name.bytes,
-  smb->smb_name.length, view->bytes + smb->offset, MORVANE_NAME_WIDTH); ensures
-  smb->vbase_byte_offset == u32(view->bytes + smb->offset + 128); behavior cut: assumes index <
-  dvi->smb_num; assumes dvi->vproc_block + dvi->variable_num * VAR_BYTES + index * SMB_BYTES +
-  SMB_BYTES > view->size; ensures !(walked(view) && in_place(view, dvi)); ensures \result ==
-  MORVANE_VIEW_SMBS_CUT; complete behaviors; disjoint behaviors;
+    assumes dvi->vproc_block + dvi->variable_num * VAR_BYTES + (index + 1) * SMB_BYTES <=
+            view->size;
+    ensures \result == MORVANE_VIEW_OK;
+    ensures smb->offset ==
+      \old(dvi->vproc_block + dvi->variable_num * VAR_BYTES + index * SMB_BYTES);
+    ensures is_text(smb->smb_name.bytes, smb->smb_name.length, \old(view->bytes) + smb->offset,
+                    MORVANE_NAME_WIDTH);
+    ensures smb->vbase_byte_offset == u32(\old(view->bytes) + smb->offset + 128);
+  behavior cut:
+    assumes index < dvi->smb_num;
+    assumes dvi->vproc_block + dvi->variable_num * VAR_BYTES + (index + 1) * SMB_BYTES >
+            view->size;
+    assigns \nothing;
+    ensures !\old(walked(*view) && in_place(*view, dvi));
+    ensures \result == MORVANE_VIEW_SMBS_CUT;
+  complete behaviors;
+  disjoint behaviors;
 */
 int morvane_view_smb(const struct morvane_view* view, const struct morvane_view_dvi* dvi,
                      uint32_t index, struct morvane_view_smb_block* smb) {
@@ -1185,18 +1350,5 @@ int morvane_view_smb(const struct morvane_view* view, const struct morvane_view_
   ensures \result == 1 <==> equal(text.bytes, text.length, string);
 */
 int morvane_text_equals(struct morvane_text text, const char* string) {
-  size_t i = 0;
-  /*@
-    loop invariant 0 <= i <= text.length;
-    loop invariant \forall integer k; 0 <= k < i ==>
-      string[k] != 0 && string[k] == text.bytes[k];
-    loop assigns i;
-    loop variant text.length - i;
-  */
-  for (i = 0; i < text.length; ++i) {
-    if (string[i] == '\0' || string[i] != text.bytes[i]) {
-      return 0;
-    }
-  }
-  return string[text.length] == '\0';
+  return equals(text.bytes, text.length, string);
 }
