@@ -62,6 +62,17 @@ require_package() {
     locales /usr/share/i18n/locales/tr_TR
 }
 
+require_proof() {
+  require frama-c-base frama-c why3 why3 z3 z3 cvc4 cvc4
+}
+
+# The machines that the reader for loaders is compiled for, and the emulators of those that run it.
+require_view_targets() {
+  require g++-aarch64-linux-gnu aarch64-linux-gnu-g++ gcc-arm-none-eabi arm-none-eabi-gcc \
+    gcc-s390x-linux-gnu s390x-linux-gnu-gcc libc6-dev-s390x-cross /usr/s390x-linux-gnu/include/stdio.h \
+    qemu-user qemu-s390x pkg-config pkg-config
+}
+
 # copy_sources FOLDER: what the tool and its packages are built from.
 copy_sources() {
   mkdir -p "$1"
