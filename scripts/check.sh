@@ -5,6 +5,8 @@ source "$(dirname "$0")/requirements.sh"
 
 require_fuzz
 require_package
+require_proof
+require_view_targets
 require clang-format clang-format clang-tidy clang-tidy cppcheck cppcheck valgrind valgrind gcovr gcovr \
   qemu-user qemu-aarch64 googletest /usr/src/googletest/CMakeLists.txt git git
 
@@ -14,7 +16,8 @@ sources() {
 
 check_format() {
   # Headers that the tool reads are not ours to format.
-  sources 'src/*.cpp' 'src/*.h' 'tests/*.cpp' 'tests/*.c' 'tests/*.h' ':!*/_*.h' ':!tests/fuzz/corpus' |
+  sources 'src/*.cpp' 'src/*.c' 'src/*.h' 'tests/*.cpp' 'tests/*.c' 'tests/*.h' 'examples/*.c' ':!*/_*.h' \
+    ':!tests/fuzz/corpus' |
     xargs clang-format --dry-run --Werror
 }
 
@@ -58,6 +61,7 @@ check_coverage() { scripts/coverage.sh; }
 check_fuzz() { scripts/fuzz.sh 20; }
 check_package() { scripts/package.sh; }
 check_bench() { scripts/bench.sh --quick; }
+check_proof() { scripts/prove.sh; }
 
 check_valgrind() {
   export MORVANE_RUN_PREFIX="valgrind --quiet --leak-check=full --errors-for-leak-kinds=all --error-exitcode=99"
@@ -114,7 +118,7 @@ start release
 finish_all
 
 # The slowest first, so that both lanes end together.
-for step in aarch64 asan clang coverage package fuzz same_bytes valgrind bench; do
+for step in aarch64 asan clang coverage package proof fuzz same_bytes valgrind bench; do
   [ ${#running[@]} -lt 2 ] || finish
   [ $failed = no ] || break
   start $step
