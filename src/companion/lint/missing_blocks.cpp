@@ -15,7 +15,7 @@ constexpr int enough_macros = 3;
 
 /// The macro's row among those of a port, and the name before it. Null for other macros.
 macro_parts port_parts(const comparison& header, std::string_view macro) {
-  const auto row = std::ranges::find_if(
+  const auto* const row = std::ranges::find_if(
       port_macros, [&](const macro_row& each) { return macro.ends_with(each.suffix); });
   for (const std::string_view prefix : {header.prefixes.dag_name, header.prefixes.alias}) {
     const std::size_t begin = prefix.size() + 1;
