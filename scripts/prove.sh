@@ -70,7 +70,7 @@ prove() {
   done
 }
 
-# mutation FUNCTION TEXT REPLACEMENT: breaks a check, whose text stands once in the function, and tries to
+# mutation FUNCTION TEXT REPLACEMENT: breaks a check, whose text is once in the function, and tries to
 # prove the function again, until a goal is not proved.
 mutation() {
   local whole body rest process
@@ -78,7 +78,7 @@ mutation() {
   body=$(awk -v "begin=^[a-z].*[ *]$1[(]" '$0 ~ begin { inside = 1 } inside { print } /^}/ { inside = 0 }' $source)
   rest=${body#*"$2"}
   if [ "$rest" = "$body" ] || [ "${rest#*"$2"}" != "$rest" ]; then
-    echo "$1: \"$2\" does not stand there once" >&2
+    echo "$1: \"$2\" is not there exactly once" >&2
     exit 1
   fi
   printf '%s\n' "${whole/"$body"/"${body/"$2"/"$3"}"}" >"$scratch/mutant.c"

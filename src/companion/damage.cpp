@@ -17,7 +17,7 @@ struct refusal {
   int status;
   const finding_kind* kind;
   std::string_view what;   // the part that is cut, or the field that disagrees
-  std::string_view parts;  // what a field that disagrees stands for
+  std::string_view parts;  // what a field that disagrees counts
   bool is_of_a_dvi;
 };
 

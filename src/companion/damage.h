@@ -7,7 +7,7 @@
 
 namespace morvane::companion {
 
-/// The kind of finding that a status of opening stands for.
+/// The kind of finding for a status of opening.
 const finding_kind& kind_of_damage(int status);
 
 /// Tells the sink why opening a package failed.

@@ -48,7 +48,7 @@ std::size_t find_macro_value(std::string_view line, std::string_view key, std::s
 /// and counts as blank, so that every parser ignores it.
 int check_line_not_blank(std::string_view line);
 
-/// How many characters of a value its number has, with what may stand before the digits; 0 without
+/// How many characters of a value its number has, with what may come before the digits; 0 without
 /// a digit.
 std::size_t decimal_length(std::string_view value);
 

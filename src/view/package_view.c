@@ -262,7 +262,7 @@ enum {
     is_text(port->layer_name.bytes, port->layer_name.length, record + 568,
             MORVANE_IO_NAME_WIDTH);
 
-  // A DVI that stands where the walk found it.
+  // A DVI that is where the walk found it.
   predicate in_place(struct morvane_view view, struct morvane_view_dvi *dvi) =
     from_records(view, dvi) &&
     dvi->block == block_at(view.bytes, view.dvi_num, dvi->position) &&
@@ -311,7 +311,7 @@ const char* morvane_view_status_text(int status) {
 
 /*
  * A shift by 8 multiplies by 256. The provers know only a shift by 1, and go there by doubling. The
- * lemmas stand in a block of their own so that only the proof of word() is burdened with them.
+ * lemmas are in a block of their own so that only the proof of word() is burdened with them.
  */
 /*@
   axiomatic Shift {

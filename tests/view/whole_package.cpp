@@ -20,7 +20,7 @@ struct reading {
   reached sum{};
 };
 
-/// Both ends of a range: a sanitizer notices bytes that are not there.
+/// Both ends of a range: a sanitizer notices missing bytes.
 void touch(reading& all, const void* begin, std::size_t size) {
   const auto* bytes = static_cast<const volatile std::uint8_t*>(begin);
   const auto offset =

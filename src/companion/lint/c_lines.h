@@ -14,7 +14,7 @@ namespace morvane::companion {
 /// Whether a compiler takes a line up.
 enum class visibility {
   seen,
-  in_comment,  // nothing on it stands outside comments
+  in_comment,  // nothing on it is outside comments
   continued,   // it is the rest of the line before it, which ends in a backslash
   left_out,    // a condition leaves it out
   uncertain    // it depends on a condition that the header alone does not decide
@@ -28,7 +28,7 @@ struct c_line {
   directive kind = directive::none;
   std::string_view name{};      // of the macro
   std::string_view word{};      // the name with all that follows it without white space
-  std::string_view value{};     // what stands for the macro, without comments
+  std::string_view value{};     // what replaces the macro, without comments
   bool has_parameters = false;  // NAME(...)
   bool goes_on = false;         // on the next line
   std::size_t condition = 0;    // the place of the condition, in the header

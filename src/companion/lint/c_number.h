@@ -20,7 +20,7 @@ c_number c_number_of(std::string_view text);
 /// Whether C gives the text this value.
 bool has_value(const c_number& number, std::int64_t value);
 
-/// What stands between the quotes of a text, as it is written; nothing for anything else.
+/// What is between the quotes of a text, as it is written; nothing for anything else.
 std::optional<std::string_view> c_string_of(std::string_view text);
 
 }  // namespace morvane::companion

@@ -15,7 +15,7 @@ constexpr bool is_digit(char c) {
   return c >= '0' && c <= '9';
 }
 
-/// Whether a character can stand in a macro's name. Compilers take "$" and letters of other
+/// Whether a character can be part of a macro's name. Compilers take "$" and letters of other
 /// alphabets too.
 constexpr bool is_name_character(char c) {
   return is_digit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '$' ||

@@ -79,7 +79,7 @@ void judge_kind(comparison& header, object_kind kind, const c_line& line, std::s
   }
 }
 
-/// What stands before "_DAG_NAME" in the macro that names the DAG, if it is another name.
+/// What is before "_DAG_NAME" in the macro that names the DAG, if it is another name.
 std::string_view find_alias(const comparison& header, const c_line& line, std::string_view text) {
   const std::string_view name = header.reading.dag_name;
   const bool names_dag =

@@ -36,7 +36,7 @@ struct row_state {
   std::string_view replacement{};  // empty if there is none
 };
 
-/// Where one parser stands.
+/// How far one parser is.
 struct kind_cursor {
   std::size_t next_block = 0;
   std::size_t next_value = 0;

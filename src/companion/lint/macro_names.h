@@ -14,7 +14,7 @@ namespace morvane::companion {
 /// What macros of a kind begin with, besides the name of their block.
 struct macro_prefixes {
   std::string_view dag_name{};  // empty if the header names no DAG
-  /// What stands before "_DAG_NAME" in the macro that names the DAG. It may be another name.
+  /// What is before "_DAG_NAME" in the macro that names the DAG. It may be another name.
   std::string_view alias{};
 };
 

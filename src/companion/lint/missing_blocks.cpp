@@ -49,7 +49,7 @@ void judge_missing_block(comparison& header) {
   if (macros < enough_macros) {
     return;
   }
-  // The finding stands for the note about the first macro.
+  // The finding replaces the note about the first macro.
   const auto note =
       std::find_if(header.findings.rbegin(), header.findings.rend(),
                    [&](const header_finding& found) { return found.place <= missing.place; });

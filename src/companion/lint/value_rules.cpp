@@ -15,7 +15,7 @@ namespace morvane::companion {
 
 namespace {
 
-/// A record that is large enough for every number: those of a port stand before its texts.
+/// A record that is large enough for every number: those of a port come before its texts.
 using any_record = std::array<std::byte, sizeof(var_desc)>;
 static_assert(offsetof(port_desc, port_name) < sizeof(any_record) &&
               sizeof(smb_desc) < sizeof(any_record) &&
@@ -98,7 +98,7 @@ value_fault missing_value(std::string_view macro, std::string_view word, const s
           joined(printable(macro), " has no value, so ", quoted(word), " behind it is read", end)};
 }
 
-/// What a text is for C: what stands between its quotes, or what is written without them.
+/// What a text is for C: what is between its quotes, or what is written without them.
 std::string_view c_text(std::string_view c_value) {
   const auto literal = c_string_of(c_value);
   return literal ? *literal : c_value;

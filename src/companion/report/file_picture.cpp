@@ -129,7 +129,7 @@ void write_file(const page_content& content, page_output& out) {
         is_joined ? " A stretch of the bar holds ports and images of a DVI, or of several." : "",
         content.changes == nullptr
             ? ""
-            : " <i class=\"key changed\"></i> stands below what is new or changed.",
+            : " <i class=\"key changed\"></i> is below what is new or changed.",
         "</p>\n");
   write_bar(content, is_joined ? joined_parts(content.package, most_parts - 8) : parts, out);
   write_table(content, parts, out);

@@ -10,7 +10,7 @@ namespace morvane::companion {
 
 namespace {
 
-/// Whether a byte needs no other spelling, wherever it stands on the page.
+/// Whether a byte needs no other spelling, wherever it is on the page.
 constexpr bool is_plain(char byte) {
   return byte >= ' ' && byte <= '~' && byte != '&' && byte != '<' && byte != '>' && byte != '"' &&
          byte != '\'';
@@ -26,7 +26,7 @@ constexpr bool is_direction(std::uint32_t code) {
          (code >= 0x2066 && code <= 0x2069);
 }
 
-/// Codes that never stand for a character.
+/// Codes that mean no character.
 constexpr bool is_noncharacter(std::uint32_t code) {
   return (code >= 0xFDD0 && code <= 0xFDEF) || (code & 0xFFFEU) == 0xFFFE;
 }

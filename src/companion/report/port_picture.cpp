@@ -129,7 +129,7 @@ void write_port_bytes(const page_content& content, page_output& out) {
         "<p>Ports by <code>port_byte_offset</code>, on one axis for all DVIs: "
         "<span class=\"key in\"></span> inputs above, <span class=\"key out\"></span> outputs "
         "below, <span class=\"key shared\"></span> bytes that two ports of a DVI share. What "
-        "stands at the same place in two rows uses the same bytes one after the other.</p>\n");
+        "is at the same place in two rows uses the same bytes one after the other.</p>\n");
   const bool is_long = view.sound_dvis > most_unscrolled;
   write(out,
         is_long ? "<div class=\"long\" role=\"region\" tabindex=\"0\" aria-label=\"Ports by "
