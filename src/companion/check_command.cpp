@@ -39,6 +39,7 @@ int check_one(const std::string& path, const check_options& options, check_outpu
 }  // namespace
 
 int run_check(const check_options& options, console& streams) {
+  streams.warnings_are_errors = options.warnings_are_errors;
   check_output output = begin_check(streams, options.format);
   int status = status_fine;
   for (const std::string& path : options.packages) {

@@ -21,8 +21,9 @@ enum exit_status : int {
 /// Standard output with the results that are still to be written, and how to speak to the user.
 struct console {
   std::string pending{};
-  bool quiet = false;   // nothing but errors
-  bool colour = false;  // severities in colour
+  bool quiet = false;                // nothing but errors
+  bool warnings_are_errors = false;  // also for that
+  bool colour = false;               // severities in colour
   progress_line progress{};
 };
 

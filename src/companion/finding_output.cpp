@@ -58,7 +58,10 @@ std::string finding_line(const finding& found, bool colour) {
 }
 
 void write_finding_line(console& streams, const finding& found) {
-  if (!streams.quiet || level_of(found) == severity::error) {
+  const severity level = level_of(found);
+  const bool is_error =
+      level == severity::error || (level == severity::warning && streams.warnings_are_errors);
+  if (!streams.quiet || is_error) {
     print_result(streams, finding_line(found, streams.colour));
   }
 }

@@ -202,6 +202,7 @@ int put_in_place(packing& run) {
 }  // namespace
 
 int run_pack(const pack_options& options, console& streams) try {
+  streams.warnings_are_errors = options.warnings_are_errors;
   packing run(options, streams);
   for (const auto step :
        {find_all_inputs, lint_inputs, create_package, write_package, verify_package}) {

@@ -41,6 +41,7 @@ TEST(CheckCommand, ShowsWarningsOfASoundPackage) {
   const std::string verdict = "net.bin: sound, 1 DVI, 0 ports, without vproc records, 232 bytes\n";
   expect_outcome(run_morvane({"check", "net.bin"}, folder.path()), 0, warning + verdict);
   expect_outcome(run_morvane({"check", "--werror", "net.bin"}, folder.path()), 1, warning);
+  expect_outcome(run_morvane({"check", "--werror", "-q", "net.bin"}, folder.path()), 1, warning);
   expect_outcome(run_morvane({"check", "--quiet", "net.bin"}, folder.path()), 0, "");
 }
 

@@ -44,6 +44,7 @@ TEST_F(LintCommand, TakesWarningsForErrorsOnRequest) {
   folder.write("in/net.h", std::string(clean_header) + "#define net_data_H 0x20\n");
   expect_outcome(lint(), 0, hexadecimal, "morvane: in: 0 errors, 1 warning\n");
   expect_outcome(lint({"--werror"}), 1, hexadecimal, "morvane: in: 0 errors, 1 warning\n");
+  expect_outcome(lint({"--werror", "--quiet"}), 1, hexadecimal);
   expect_outcome(lint({"--quiet"}), 0, "");
 }
 

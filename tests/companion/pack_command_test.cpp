@@ -142,7 +142,9 @@ TEST_F(Pack, ShowsWarningsAndGoesOn) {
 
 TEST_F(Pack, TreatsWarningsAsErrorsOnRequest) {
   folder.write("in/net.h", std::string(header) + "#define net_dagbin_start 9\n");
-  expect_refused({"--werror"}, 1, outside, "morvane: in: 0 errors, 1 warning: nothing is packed\n");
+  const std::string reason = "morvane: in: 0 errors, 1 warning: nothing is packed\n";
+  expect_refused({"--werror"}, 1, outside, reason);
+  expect_refused({"--werror", "--quiet"}, 1, outside, reason);
 }
 
 TEST_F(Pack, RefusesAFolderWithoutImages) {

@@ -8,6 +8,7 @@
 namespace morvane::companion {
 
 int run_lint(const lint_options& options, console& streams) {
+  streams.warnings_are_errors = options.warnings_are_errors;
   lint_output output = begin_lint(streams, options.format, options.scope);
   finding_counts counts;
   progress_line& progress = streams.progress;
