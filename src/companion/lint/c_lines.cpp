@@ -24,6 +24,10 @@ bool ends_in_backslash(std::string_view line) {
 /// The text without comments and without the backslash at its end. Comments that do not end here
 /// go on in the reader.
 std::string_view take_text(c_reader& reader, std::string_view text) {
+  if (!reader.goes_on && text.find('/') == std::string_view::npos) {
+    reader.in_comment = reader.in_line_comment = false;
+    return trimmed(text);
+  }
   const bare_text bare = without_comments(text, reader.buffer);
   reader.in_comment = bare.end == text_end::open_comment;
   reader.in_line_comment = bare.end == text_end::line_comment && reader.goes_on;
@@ -54,7 +58,10 @@ void skip_to_text(std::string_view& text) {
     while (!text.empty() && is_white(text.front())) {
       text.remove_prefix(1);
     }
-    const std::size_t close = text.starts_with("/*") ? text.find("*/", 2) : std::string_view::npos;
+    if (text.empty() || text.front() != '/' || !text.starts_with("/*")) {
+      return;
+    }
+    const std::size_t close = text.find("*/", 2);
     if (close == std::string_view::npos) {
       return;
     }

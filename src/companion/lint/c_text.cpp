@@ -64,10 +64,6 @@ std::string_view leading_name(std::string_view text) {
 
 bare_text without_comments(std::string_view text, std::string& buffer) {
   bare_text bare;
-  if (text.find('/') == std::string_view::npos) {
-    bare.text = trimmed(text);
-    return bare;
-  }
   std::size_t kept = 0;  // where the piece begins that is being read
   std::size_t at = 0;
   while (at < text.size()) {
