@@ -73,7 +73,7 @@ TEST(ExtractCommand, TellsOfANameThatNoDviHas) {
 TEST(ExtractCommand, GivesAFileThePermissionsThatTheUserWants) {
   const scratch_folder folder;
   folder.write("net.bin", two_images());
-  expect_outcome(run_shell("umask 027; $morvane extract -q net.bin first", folder.path()), 0, "");
+  expect_outcome(run_shell("umask 027; \"$@\" extract -q net.bin first", folder.path()), 0, "");
   EXPECT_EQ(fs::status(folder.path("first.dvi")).permissions(), static_cast<fs::perms>(0640));
 }
 
@@ -187,7 +187,7 @@ TEST(ExtractCommand, TellsWhyAFileCannotBeWritten) {
       run_morvane({"extract", "--force", "net.bin", "-o", "out", "first"}, folder.path()), 2, "",
       "morvane: out/first.dvi: Is a directory\n");
   EXPECT_EQ(folder.files("out"), file_contents{});
-  expect_outcome(run_shell("$morvane extract -o - net.bin first >/dev/full", folder.path()), 2, "",
+  expect_outcome(run_shell("\"$@\" extract -o - net.bin first >/dev/full", folder.path()), 2, "",
                  "morvane: standard output: No space left on device\n");
 }
 
@@ -200,7 +200,7 @@ TEST(ExtractCommand, TellsWhyAPackageCannotBeRead) {
 TEST(ExtractCommand, TellsThatStandardOutputIsFull) {
   const scratch_folder folder;
   folder.write("net.bin", two_images());
-  expect_outcome(run_shell("$morvane extract net.bin first -o - >/dev/full", folder.path()), 2, "",
+  expect_outcome(run_shell("\"$@\" extract net.bin first -o - >/dev/full", folder.path()), 2, "",
                  "morvane: standard output: No space left on device\n");
 }
 
@@ -210,7 +210,7 @@ TEST(ExtractCommand, LeavesNothingOfAFileThatBecomesTooLarge) {
   folder.write("net.bin", header(1) + bytes(dvi("net", image_size)));
   fs::resize_file(folder.path("net.bin"), 168 + image_size);
   folder.make_folder("out");
-  const std::string extract = "ulimit -f 4096; $morvane extract net.bin -o ";
+  const std::string extract = "ulimit -f 4096; \"$@\" extract net.bin -o ";
   expect_outcome(run_shell(extract + "out", folder.path()), 2, "",
                  "morvane: out/net.dvi: File too large\n");
   EXPECT_TRUE(fs::is_empty(folder.path("out")));
@@ -223,7 +223,7 @@ TEST(ExtractCommand, LeavesAWholeFileOrNoneAtASignal) {
   fs::resize_file(folder.path("net.bin"), 168 + image_size);
   folder.make_folder("out");
   for (const char* delay : {"0.01", "0.02", "0.04", "0.08"}) {
-    run_shell("$morvane extract -q --force net.bin -o out & sleep " + std::string(delay) +
+    run_shell("\"$@\" extract -q --force net.bin -o out & sleep " + std::string(delay) +
                   "; kill $! || :; wait",
               folder.path());
     for (const auto& entry : fs::directory_iterator(folder.path("out"))) {

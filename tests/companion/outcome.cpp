@@ -12,12 +12,10 @@ void expect_outcome(const run_result& run, int status, std::string_view output,
 }
 
 run_result run_shell(const std::string& script, const std::string& folder) {
-  std::string command;
-  for (const std::string& word : run_prefix()) {
-    command += word + " ";
-  }
-  return run_program({"/bin/sh", "-c", "morvane='" + command + morvane_path() + "'; " + script},
-                     folder);
+  std::vector<std::string> words{"/bin/sh", "-c", script, "sh"};
+  const std::vector<std::string> program = morvane_words({});
+  words.insert(words.end(), program.begin(), program.end());
+  return run_program(words, folder);
 }
 
 }  // namespace morvane::test

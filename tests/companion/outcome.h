@@ -11,7 +11,7 @@ namespace morvane::test {
 void expect_outcome(const run_result& run, int status, std::string_view output,
                     std::string_view diagnostics = "");
 
-/// Starts a command of the shell in a folder; $morvane is the program, behind the prefix command.
+/// Runs a script of the shell in a folder. "$@" in it is the program, behind the prefix command.
 run_result run_shell(const std::string& script, const std::string& folder);
 
 }  // namespace morvane::test

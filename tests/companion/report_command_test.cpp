@@ -266,13 +266,12 @@ TEST(ReportCommand, WritesAWholeFileOrNone) {
   folder.write("net.bin", package);
   folder.make_folder("out");
   folder.write("out/net.html", "as it was");
-  expect_outcome(
-      run_shell("ulimit -f 1024; $morvane report net.bin -o out/net.html", folder.path()), 2, "",
-      "morvane: out/net.html: File too large\n");
+  expect_outcome(run_shell("ulimit -f 1024; \"$@\" report net.bin -o out/net.html", folder.path()),
+                 2, "", "morvane: out/net.html: File too large\n");
   EXPECT_EQ(folder.files("out"), (std::map<std::string, std::string>{{"net.html", "as it was"}}));
   expect_outcome(run_morvane({"report", "net.bin", "-o", "none/net.html"}, folder.path()), 2, "",
                  "morvane: none/net.html: No such file or directory\n");
-  expect_outcome(run_shell("$morvane report net.bin >/dev/full", folder.path()), 2, "",
+  expect_outcome(run_shell("\"$@\" report net.bin >/dev/full", folder.path()), 2, "",
                  "morvane: standard output: No space left on device\n");
 }
 

@@ -1,5 +1,6 @@
 #include "faults/faulty_run.h"
 
+#include <filesystem>
 #include <sstream>
 
 #include "harness/scratch_folder.h"
@@ -8,11 +9,21 @@ namespace morvane::test {
 
 namespace {
 
+/// A path of the library that LD_PRELOAD can hold: blanks and colons separate libraries there.
+const std::string& library_path() {
+  static const scratch_folder folder;
+  static const std::string path = [] {
+    std::filesystem::create_symlink(MORVANE_FAULT_LIBRARY, folder.path("fault_library.so"));
+    return folder.path("fault_library.so");
+  }();
+  return path;
+}
+
 /// The command with the library preloaded. A sanitizer's runtime asks to be the first
 /// library; it works as the second one too.
 std::vector<std::string> with_library(const std::string& request,
                                       const std::vector<std::string>& command) {
-  std::vector<std::string> words = {"env", "LD_PRELOAD=" MORVANE_FAULT_LIBRARY,
+  std::vector<std::string> words = {"env", "LD_PRELOAD=" + library_path(),
                                     "ASAN_OPTIONS=verify_asan_link_order=0", request};
   words.insert(words.end(), command.begin(), command.end());
   return words;
