@@ -69,6 +69,22 @@ TEST_F(LintMacros, FindsAPortThatNoLineIntroduces) {
                   "is not in the package, and its 3 macros are not read [missing-block]\n");
 }
 
+TEST_F(LintMacros, TellsOfAMissingPortInPlaceOfTheNoteAboutItsFirstMacro) {
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n"
+               "#define net_image_size 5\n"
+               "#define net_image_size_old 6\n"  // told at the end of the header
+               "/* mel */\n"
+               "#define net_mel_W 40\n"
+               "#define net_mel_H 49\n"
+               "#define net_mel_sign 0\n");
+  const run_result run = lint({"--notes"});
+  EXPECT_EQ(run.output.find(":5:9: note"), std::string::npos) << run.output;
+  EXPECT_NE(run.output.find(":5:9: warning: no line with HMB_input"), std::string::npos);
+  EXPECT_NE(run.output.find(":6:9: note: net_mel_H"), std::string::npos);
+}
+
 TEST_F(LintMacros, FindsAMacroWithAnotherPrefix) {
   folder.write("in/net.dvi", "image");
   folder.write("in/net.h",

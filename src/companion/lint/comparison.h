@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -49,8 +50,9 @@ struct kind_cursor {
 /// The port that the last unknown macros belong to, if no line introduces it.
 struct missing_block {
   std::string_view name{};
-  std::size_t place = 0;   // of the first of them
-  std::uint64_t rows = 0;  // which macros of a port, a bit for each
+  std::size_t place = 0;              // of the first of them
+  std::uint64_t rows = 0;             // which macros of a port, a bit for each
+  std::optional<std::size_t> note{};  // the finding about the first of them, if notes are wanted
 };
 
 struct comparison {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <utility>
 
 #include "companion/printable_text.h"
 
@@ -37,8 +38,13 @@ void take_unknown_macro(comparison& header, std::string_view name, std::size_t p
     return;
   }
   if (header.missing.name != parts.block) {
+    const std::size_t last = header.findings.size() - 1;
+    const bool has_note = !header.findings.empty() && header.findings[last].place == place;
     judge_missing_block(header);
     header.missing = {.name = parts.block, .place = place};
+    if (has_note) {
+      header.missing.note = last;
+    }
   }
   header.missing.rows |= std::uint64_t{1} << (parts.row - port_macros.data());
 }
@@ -49,17 +55,17 @@ void judge_missing_block(comparison& header) {
   if (macros < enough_macros) {
     return;
   }
-  // The finding replaces the note about the first macro.
-  const auto note =
-      std::find_if(header.findings.rbegin(), header.findings.rend(),
-                   [&](const header_finding& found) { return found.place <= missing.place; });
-  if (note != header.findings.rend() && note->place == missing.place) {
-    header.findings.erase(std::next(note).base());
+  header_finding found{
+      .kind = kind_of("missing-block"),
+      .place = missing.place,
+      .text = joined("no line with ", input_ports.keyword, " or ", output_ports.keyword,
+                     " introduces ", printable(missing.name),
+                     ": it is not in the package, and its ", macros, " macros are not read")};
+  if (missing.note) {
+    header.findings[*missing.note] = std::move(found);
+  } else {
+    header.findings.push_back(std::move(found));
   }
-  tell(header, kind_of("missing-block"), missing.place,
-       joined("no line with ", input_ports.keyword, " or ", output_ports.keyword, " introduces ",
-              printable(missing.name), ": it is not in the package, and its ", macros,
-              " macros are not read"));
 }
 
 }  // namespace morvane::companion
