@@ -334,6 +334,21 @@ TEST(ReportCommand, NeedsAtMost2KibForEachPortAndDvi) {
   EXPECT_LT(page_of(package).size(), frame + 2048 * 401);
 }
 
+TEST(ReportCommand, SaysOnceThatItShortenedNames) {
+  const auto package = [](const std::string& name) {
+    return header(1) + bytes(dvi("net", 0, 2)) + bytes(port(name, "layer")) +
+           bytes(port("data", name));
+  };
+  const std::string sentence =
+      "<footer><p>Long names are shortened in their middle. <code>morvane show --json</code> "
+      "writes them as a whole.</p>\n";
+  expect_not_shown(page_of(package(std::string(320, 'n'))), "shortened");
+  const std::string page = page_of(package("first" + std::string(400, 'n') + "last"));
+  expect_shown(page, "<bdi>first" + std::string(154, 'n') + "\xE2\x80\xA6" + std::string(154, 'n') +
+                         "last</bdi>");
+  expect_shown(page, sentence);
+}
+
 TEST(ReportCommand, DrawsAThousandDvisAndSaysHowManyItLeavesOut) {
   const std::string page = page_of(chain(1003, 2));
   expect_shown(page, "<p class=\"dim\">3 DVIs are left out here; the tables show all.</p>");

@@ -52,6 +52,67 @@ TEST(HtmlText, ShortensALongNameInItsMiddle) {
   EXPECT_EQ(shown(short_html{"<<<<<<", 3}), "&lt;\xE2\x80\xA6&lt;");
 }
 
+TEST(HtmlText, NeverCutsAnEscapeOfAShortName) {
+  EXPECT_EQ(shown(short_html{"net\x1B\x1B_split_0", 9}), "net\xE2\x80\xA6it_0");
+  EXPECT_EQ(shown(short_html{"\x1B\x1B\x1B\x1B", 9}), "\\x1b\xE2\x80\xA6\\x1b");
+}
+
+TEST(HtmlText, ShortensATextThatNeedsMoreBytesThanItMay) {
+  EXPECT_EQ(shown(html{"0123456789", 10}), "0123456789");
+  EXPECT_EQ(shown(html{"0123456789a", 10}),
+            "0123\xE2\x80\xA6"
+            "89a");
+  EXPECT_EQ(shown(html{"0123456789b", 10}),
+            "0123\xE2\x80\xA6"
+            "89b");
+}
+
+TEST(HtmlText, CountsTheBytesOfThePageForItsLimit) {
+  EXPECT_EQ(shown(html{"<<<", 12}), "&lt;&lt;&lt;");
+  EXPECT_EQ(shown(html{"<<<<", 13}), "&lt;\xE2\x80\xA6&lt;");
+  EXPECT_EQ(shown(html{"\xFF\xFF\xFF", 12}), "\\xff\\xff\\xff");
+}
+
+TEST(HtmlText, NeverCutsAnEscapeOrACharacter) {
+  EXPECT_EQ(shown(html{"abc<def", 9}),
+            "abc\xE2\x80\xA6"
+            "def");
+  EXPECT_EQ(shown(html{"abc<<ef", 9}),
+            "abc\xE2\x80\xA6"
+            "ef");
+  EXPECT_EQ(shown(html{"a&bcdefg\"", 16}), "a&amp;b\xE2\x80\xA6&quot;");
+  EXPECT_EQ(shown(html{"ab\x01"
+                       "cd\x02"
+                       "ef",
+                       13}),
+            "ab\xE2\x80\xA6"
+            "ef");
+  EXPECT_EQ(shown(html{"ab\x01"
+                       "cd\x02"
+                       "ef",
+                       14}),
+            "ab\\x01cd\\x02ef");
+  EXPECT_EQ(shown(html{"\xE4\xB8\xAD\xE4\xB8\xAD\xE4\xB8\xAD\xE4\xB8\xAD", 11}),
+            "\xE4\xB8\xAD\xE2\x80\xA6\xE4\xB8\xAD");
+  EXPECT_EQ(shown(html{"\xE2\x80\xAE\xE2\x80\xAE\xE2\x80\xAE", 16}), "\\u202e\xE2\x80\xA6\\u202e");
+}
+
+TEST(HtmlText, KeepsEveryHostileNameWithinItsLimit) {
+  for (const char byte : {'<', '"', '\xFF', '\x01', 'n'}) {
+    const std::string page = shown(html{std::string(511, byte)});
+    EXPECT_LE(page.size(), most_name_bytes) << page;
+    EXPECT_GE(page.size(), most_name_bytes - 12) << page;
+  }
+}
+
+TEST(HtmlText, TellsWhetherItShortenedAText) {
+  std::string page;
+  EXPECT_FALSE(append_piece(page, html{std::string(320, 'n')}));
+  EXPECT_TRUE(append_piece(page, html{std::string(321, 'n')}));
+  EXPECT_FALSE(append_piece(page, html{std::string(80, '<')}));
+  EXPECT_TRUE(append_piece(page, html{std::string(81, '<')}));
+}
+
 TEST(HtmlText, WritesNumbers) {
   EXPECT_EQ(shown(hex{0}), "0x0");
   EXPECT_EQ(shown(hex{0x90000000}), "0x90000000");

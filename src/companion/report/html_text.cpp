@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <vector>
 
 #include "companion/printable_text.h"
 #include "companion/text_table.h"
@@ -90,15 +92,47 @@ void append_shown(std::string& page, std::string_view text) {
   }
 }
 
-/// The first characters of a UTF-8 text; with from_end the last ones.
-std::string_view some_characters(std::string_view text, std::size_t count, bool from_end) {
-  std::size_t at = from_end ? text.size() : 0;
-  for (std::size_t i = 0; i < count; ++i) {
-    do {
-      at += from_end ? std::size_t(-1) : 1;
-    } while (at > 0 && at < text.size() && is_continuation(text[at]));
+constexpr std::string_view ellipsis = "\xE2\x80\xA6";
+
+/// The bytes of the escape \x1b that a text begins with, or else of its first character.
+std::size_t unit_length(std::string_view text) {
+  constexpr std::string_view digits = "0123456789abcdef";
+  constexpr std::size_t escape_length = 4;
+  const bool is_escape = text.size() >= escape_length && text.starts_with("\\x") &&
+                         digits.find(text[2]) != std::string_view::npos &&
+                         digits.find(text[3]) != std::string_view::npos;
+  return is_escape ? escape_length : character_length(text);
+}
+
+/// A character or an escape on the page, which is shown whole or not at all.
+struct page_unit {
+  std::size_t begin;
+  std::size_t end;
+  std::size_t size;  // as it counts for the limit
+};
+
+/// Appends a text without its middle. The function tells how much a unit counts, by its text and
+/// by its bytes on the page; end and beginning count at most so much.
+template <class Function>
+void append_ends(std::string& page, std::string_view text, std::size_t most_begin,
+                 std::size_t most_end, Function size_of) {
+  std::vector<page_unit> units;
+  for (std::size_t length = 0; !text.empty(); text.remove_prefix(length)) {
+    length = unit_length(text);
+    const std::size_t begin = page.size();
+    append_shown(page, text.substr(0, length));
+    units.push_back({begin, page.size(), size_of(text.substr(0, length), page.size() - begin)});
   }
-  return from_end ? text.substr(at) : text.substr(0, at);
+  auto first_left_out = units.begin();
+  for (std::size_t size = 0; (size += first_left_out->size) <= most_begin;) {
+    ++first_left_out;
+  }
+  auto first_of_end = units.end();
+  for (std::size_t size = 0; (size += std::prev(first_of_end)->size) <= most_end;) {
+    --first_of_end;
+  }
+  page.erase(first_left_out->begin, std::prev(first_of_end)->end - first_left_out->begin);
+  page.insert(first_left_out->begin, ellipsis);
 }
 
 /// Appends a number with one digit after the point, of units of so many bytes.
@@ -110,12 +144,22 @@ void append_tenths(std::string& page, std::uint64_t bytes, std::uint64_t unit) {
 
 }  // namespace
 
-void append_piece(std::string& page, const html& piece) {
-  if (std::ranges::all_of(piece.text, is_plain)) {
+bool append_piece(std::string& page, const html& piece) {
+  if (piece.text.size() <= piece.most_bytes && std::ranges::all_of(piece.text, is_plain)) {
     page += piece.text;
-  } else {
-    append_shown(page, printable(piece.text));
+    return false;
   }
+  const std::string shown = printable(piece.text);
+  const std::size_t begin = page.size();
+  append_shown(page, shown);
+  if (page.size() - begin <= piece.most_bytes) {
+    return false;
+  }
+  page.resize(begin);
+  const std::size_t kept = piece.most_bytes - ellipsis.size();
+  append_ends(page, shown, kept - kept / 2, kept / 2,
+              [](std::string_view /*unit*/, std::size_t bytes) { return bytes; });
+  return true;
 }
 
 void append_piece(std::string& page, const short_html& piece) {
@@ -129,9 +173,8 @@ void append_piece(std::string& page, const short_html& piece) {
     return;
   }
   const std::size_t at_end = piece.most_characters / 2;
-  append_shown(page, some_characters(shown, piece.most_characters - 1 - at_end, false));
-  page += "\xE2\x80\xA6";
-  append_shown(page, some_characters(shown, at_end, true));
+  append_ends(page, shown, piece.most_characters - 1 - at_end, at_end,
+              [](std::string_view unit, std::size_t /*bytes*/) { return width_of(unit); });
 }
 
 void append_piece(std::string& page, hex piece) {

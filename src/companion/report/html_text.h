@@ -9,15 +9,22 @@
 
 namespace morvane::companion {
 
+/// The bytes that a name takes on a page, and a sentence that holds names.
+inline constexpr std::size_t most_name_bytes = 320;
+inline constexpr std::size_t most_sentence_bytes = 1024;
+
 /// A text from a package, shown as it is on a page: nothing of it becomes markup. Control
 /// characters and bytes that are not UTF-8 are shown as \x1b; what would change the direction of
-/// the text around it, and what HTML forbids, as \u202e.
+/// the text around it, and what HTML forbids, as \u202e. A text that takes more bytes of the page
+/// than it may is shortened in its middle, as names often differ at their end.
 struct html {
   std::string_view text;
+  std::size_t most_bytes = most_name_bytes;
 };
-void append_piece(std::string& page, const html& piece);
+/// Returns whether the text was shortened.
+bool append_piece(std::string& page, const html& piece);
 
-/// A long name, shortened in its middle to so many characters: names often differ at their end.
+/// A name in a picture, shortened in its middle to so many characters.
 struct short_html {
   std::string_view text;
   std::size_t most_characters;

@@ -39,7 +39,13 @@ void write_page(const page_content& content, page_output& out) {
   write_port_bytes(content, out);
   write_file(content, out);
   write_dvis(content, out);
-  write(out, "</main>\n<footer><p>Made by <code>morvane report</code>, ",
+  write(out, "</main>\n<footer>");
+  if (out.has_shortened) {
+    write(out,
+          "<p>Long names are shortened in their middle. <code>morvane show --json</code> writes "
+          "them as a whole.</p>\n");
+  }
+  write(out, "<p>Made by <code>morvane report</code>, ",
         version_text(version_word, revision_hash()), ".</p></footer>\n</body>\n</html>\n");
 }
 

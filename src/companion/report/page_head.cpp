@@ -72,8 +72,8 @@ void write_navigation(const page_content& content, page_output& out) {
 
 void write_finding(const finding& found, page_output& out) {
   write(out, "<li><b class=\"", name_of(found.kind->level), "\">", name_of(found.kind->level),
-        "</b> <span class=\"mono\">", hex{found.place.offset}, "</span> ", isolated{found.text},
-        " <code>", found.kind->code, "</code></li>\n");
+        "</b> <span class=\"mono\">", hex{found.place.offset}, "</span> ",
+        isolated{found.text, most_sentence_bytes}, " <code>", found.kind->code, "</code></li>\n");
 }
 
 /// Writes the findings of one severity, notes folded.

@@ -8,8 +8,11 @@ void append_piece(std::string& page, dvi_link piece) {
   append_pieces(page, "<a href=\"#d", piece.position, "\">DVI ", piece.position, "</a>");
 }
 
-void append_piece(std::string& page, const isolated& piece) {
-  append_pieces(page, "<bdi>", html{piece.name}, "</bdi>");
+bool append_piece(std::string& page, const isolated& piece) {
+  page += "<bdi>";
+  const bool is_shortened = append_piece(page, html{piece.name, piece.most_bytes});
+  page += "</bdi>";
+  return is_shortened;
 }
 
 void append_piece(std::string& page, const pictured_name& piece) {
@@ -40,7 +43,7 @@ change_mark mark_of_dvi(const package_changes* changes, std::uint32_t position) 
 void write_difference(const difference& found, page_output& out) {
   std::string line = difference_line(found);
   line.pop_back();  // the line feed
-  write(out, "<li>", isolated{line}, "</li>\n");
+  write(out, "<li>", isolated{line, most_sentence_bytes}, "</li>\n");
 }
 
 void append_piece(std::string& page, const bar_begin& piece) {

@@ -27,8 +27,10 @@ void append_piece(std::string& page, dvi_link piece);
 /// A name from a package, on its own in the direction of the text.
 struct isolated {
   std::string_view name;
+  std::size_t most_bytes = most_name_bytes;
 };
-void append_piece(std::string& page, const isolated& piece);
+/// Returns whether the name was shortened.
+bool append_piece(std::string& page, const isolated& piece);
 
 /// The same in a picture: a long name is shortened, as the tables have all of it.
 struct pictured_name {
