@@ -23,6 +23,11 @@ struct record_name {
 };
 std::string str(const record_name& name);
 
+/// The inputs and outputs of a DVI.
+inline std::uint64_t port_count(const morvane_view_dvi& dvi) {
+  return std::uint64_t{dvi.input_num} + dvi.output_num;
+}
+
 /// The name of a DVI's port at a position of its inputs and outputs together.
 record_name port_name_at(const morvane_view_dvi& dvi, std::uint32_t position);
 

@@ -8,7 +8,7 @@
 #include "companion/printable_text.h"
 #include "companion/replacement_file.h"
 #include "companion/report/dot_file.h"
-#include "companion/report/page.h"
+#include "companion/report/fitted_page.h"
 #include "io/file.h"
 #include "io/message.h"
 
@@ -44,7 +44,7 @@ void write_report(const report_options& options, const report_inputs& inputs, pa
       changes = find_changes(*inputs.old_package, inputs.package, out.streams);
       content.changes = &*changes;
     }
-    write_page(content, out);
+    write_fitted_page(content, out);
   }
   flush(out);
 }

@@ -342,9 +342,9 @@ TEST(ReportCommand, SaysOnceThatItShortenedNames) {
   const std::string sentence =
       "<footer><p>Long names are shortened in their middle. <code>morvane show --json</code> "
       "writes them as a whole.</p>\n";
-  expect_not_shown(page_of(package(std::string(320, 'n'))), "shortened");
-  const std::string page = page_of(package("first" + std::string(400, 'n') + "last"));
-  expect_shown(page, "<bdi>first" + std::string(154, 'n') + "\xE2\x80\xA6" + std::string(154, 'n') +
+  expect_not_shown(page_of(package(std::string(400, 'n'))), "shortened");
+  const std::string page = page_of(package("first" + std::string(480, 'n') + "last"));
+  expect_shown(page, "<bdi>first" + std::string(194, 'n') + "\xE2\x80\xA6" + std::string(194, 'n') +
                          "last</bdi>");
   expect_shown(page, sentence);
 }

@@ -107,10 +107,10 @@ TEST(HtmlText, KeepsEveryHostileNameWithinItsLimit) {
 
 TEST(HtmlText, TellsWhetherItShortenedAText) {
   std::string page;
-  EXPECT_FALSE(append_piece(page, html{std::string(320, 'n')}));
-  EXPECT_TRUE(append_piece(page, html{std::string(321, 'n')}));
-  EXPECT_FALSE(append_piece(page, html{std::string(80, '<')}));
-  EXPECT_TRUE(append_piece(page, html{std::string(81, '<')}));
+  EXPECT_FALSE(append_piece(page, html{std::string(400, 'n')}));
+  EXPECT_TRUE(append_piece(page, html{std::string(401, 'n')}));
+  EXPECT_FALSE(append_piece(page, html{std::string(100, '<')}));
+  EXPECT_TRUE(append_piece(page, html{std::string(101, '<')}));
 }
 
 TEST(HtmlText, WritesNumbers) {

@@ -24,7 +24,7 @@ struct part_list {
 };
 
 std::uint64_t ports_size(const morvane_view_dvi& dvi) {
-  return (std::uint64_t{dvi.input_num} + dvi.output_num) * sizeof(morvane_port_desc);
+  return port_count(dvi) * sizeof(morvane_port_desc);
 }
 
 void add_head(const morvane_view& view, part_list& list) {

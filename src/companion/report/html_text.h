@@ -9,9 +9,11 @@
 
 namespace morvane::companion {
 
-/// The bytes that a name takes on a page, and a sentence that holds names.
-inline constexpr std::size_t most_name_bytes = 320;
+/// The most bytes of a page that a name from a package takes, a sentence that holds names, and the
+/// name of a file.
+inline constexpr std::size_t most_name_bytes = 400;
 inline constexpr std::size_t most_sentence_bytes = 1024;
+inline constexpr std::size_t most_file_name_bytes = 128;
 
 /// A text from a package, shown as it is on a page: nothing of it becomes markup. Control
 /// characters and bytes that are not UTF-8 are shown as \x1b; what would change the direction of

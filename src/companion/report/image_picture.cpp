@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <optional>
+#include <span>
 
 #include "companion/package_walk.h"
 #include "companion/report/memory_picture.h"
@@ -67,6 +68,13 @@ void write_axis_image(const memory_plan& plan, const morvane_view_dvi& dvi, std:
         "</title></rect>");
 }
 
+/// The first of some parts of a picture that has only so much room; all when it has enough.
+template <class Part>
+std::span<const Part> first_of(const std::vector<Part>& parts, const page_limits& limits) {
+  const std::size_t most = limits.is_tight ? limits.most_pictured : parts.size();
+  return std::span(parts).first(std::min(parts.size(), most));
+}
+
 /// Writes the axis with all images, the gaps and what is shared.
 void write_axis(const page_content& content, const memory_plan& plan, page_output& out) {
   const auto& stretches = plan.axis.stretches;
@@ -75,7 +83,7 @@ void write_axis(const page_content& content, const memory_plan& plan, page_outpu
         "<title id=\"plan-title\">All images by address</title><desc id=\"plan-desc\">",
         counted{plan.images.size(), "image"}, " from ", hex{stretches.front().begin}, " to ",
         hex{stretches.back().end - 1}, "; the list below names each.</desc>");
-  for (const axis_stretch& stretch : stretches) {
+  for (const axis_stretch& stretch : first_of(stretches, out.limits)) {
     if (stretch.is_gap) {
       write(out, bar_begin{"gap", {stretch.place, stretch.width}, 0, 40}, "folded gap of ",
             rounded_size{stretch.end - stretch.begin}, " from ", hex{stretch.begin},
@@ -83,13 +91,13 @@ void write_axis(const page_content& content, const memory_plan& plan, page_outpu
     }
   }
   for (const bool biggest : {false, true}) {  // the biggest on top of the others
-    for (const planned_image& image : plan.images) {
+    for (const planned_image& image : first_of(plan.images, out.limits)) {
       if (image.dvi.dvi_img_size != 0 && is_biggest(content, image.dvi) == biggest) {
         write_axis_image(plan, image.dvi, biggest ? "image biggest" : "image", out);
       }
     }
   }
-  for (const overlap& both : plan.overlaps) {
+  for (const overlap& both : first_of(plan.overlaps, out.limits)) {
     const used_range shared = shared_part(both);
     write(out, bar_begin{"shared", bar_of(plan.axis, shared.begin, shared.end), 6, 28}, "DVI ",
           both.one.owner, " and DVI ", both.other.owner, " share ",
@@ -141,9 +149,9 @@ void write_image_row(const page_content& content, const memory_plan& plan,
 
 /// Writes the images in the order of their addresses, and the folded gaps between them.
 void write_image_rows(const page_content& content, const memory_plan& plan, page_output& out) {
-  std::uint32_t shown = 0;
   auto stretch = plan.axis.stretches.begin();
-  for (const planned_image& image : plan.images) {
+  const auto shown = std::min<std::size_t>(plan.images.size(), out.limits.most_pictured);
+  for (const planned_image& image : std::span(plan.images).first(shown)) {
     for (; stretch != plan.axis.stretches.end() && stretch->begin < image.dvi.dvi_img_vaddr;
          ++stretch) {
       if (stretch->is_gap) {
@@ -152,9 +160,6 @@ void write_image_rows(const page_content& content, const memory_plan& plan, page
       }
     }
     write_image_row(content, plan, image, out);
-    if (++shown == most_pictured) {
-      return;
-    }
   }
 }
 
@@ -195,8 +200,8 @@ void write_images(const page_content& content, page_output& out) {
                 : "",
         "<ol class=\"bars\">\n");
   write_image_rows(content, plan, out);
-  write(out, "</ol>\n", is_long ? "</div>\n" : "", left_out{content.package.view.sound_dvis},
-        "</section>\n");
+  write(out, "</ol>\n", is_long ? "</div>\n" : "",
+        left_out{content.package.view.sound_dvis, out.limits.most_pictured}, "</section>\n");
 }
 
 }  // namespace morvane::companion

@@ -135,7 +135,7 @@ void write_row(const page_content& content, page_output& out, const wiring& plan
 
 void write_dvi_rows(const page_content& content, page_output& out) {
   const morvane_view& view = content.package.view;
-  const auto dvis = std::min(view.sound_dvis, most_pictured);
+  const auto dvis = std::min(view.sound_dvis, out.limits.most_pictured);
   const wiring plan = lay_wires(wires_of(content.flow, dvis), dvis);
   const auto hidden = std::ranges::count(plan.wires, wire::no_track, &wire::track);
   if (hidden != 0) {

@@ -44,11 +44,18 @@ void mark_dvi(dvi_changes& dvi, const difference& found, bool is_kept, std::size
   ++dvi.all;
 }
 
+std::uint64_t dvis_and_ports_of(const opened_package& package) {
+  std::uint64_t count = 0;
+  for_each_dvi(package.view, [&](const morvane_view_dvi& dvi) { count += 1 + port_count(dvi); });
+  return count;
+}
+
 }  // namespace
 
 package_changes find_changes(const opened_package& old_package, const opened_package& new_package,
                              console& streams) {
   package_changes changes{.old_name = file_name(old_package.path),
+                          .old_dvis_and_ports = dvis_and_ports_of(old_package),
                           .is_old_damaged = is_damaged(old_package)};
   changes.dvis.resize(new_package.view.sound_dvis);
   const dvi_positions positions = positions_in(new_package);

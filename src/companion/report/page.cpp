@@ -22,8 +22,8 @@ void write_document_head(const page_content& content, page_output& out) {
         "'; base-uri 'none'; form-action 'none'\">\n"
         "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
         "<meta name=\"referrer\" content=\"no-referrer\">\n<title>",
-        html{file_name(content.package.path)}, ": package report</title>\n<style>", page_style,
-        "</style>\n</head>\n<body>\n");
+        html{file_name(content.package.path), most_file_name_bytes},
+        ": package report</title>\n<style>", page_style, "</style>\n</head>\n<body>\n");
 }
 
 }  // namespace

@@ -32,6 +32,7 @@ checked_package check(const opened_package& package, console& streams) {
 package_totals totals_of(const morvane_view& view) {
   package_totals totals;
   for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
+    totals.ports += port_count(dvi);
     totals.variables += dvi.variable_num;
     totals.smbs += dvi.smb_num;
     totals.image_bytes += dvi.dvi_img_size;

@@ -26,6 +26,7 @@ struct checked_package {
 
 /// Numbers of what can be reached in a package.
 struct package_totals {
+  std::uint64_t ports = 0;
   std::uint64_t variables = 0;
   std::uint64_t smbs = 0;
   std::uint64_t image_bytes = 0;

@@ -1,5 +1,8 @@
 #include "companion/report/page_head.h"
 
+#include <algorithm>
+#include <span>
+
 #include "companion/package_walk.h"
 #include "companion/report/file_name.h"
 #include "companion/report/page_parts.h"
@@ -17,7 +20,7 @@ void write_verdict(const page_content& content, page_output& out) {
         counted{counts.warnings, "warning"}, ", ", counted{counts.notes, "note"});
   if (content.changes != nullptr) {
     write(out, "; <a href=\"#changes\">", counted{content.changes->all, "difference"},
-          "</a> from <bdi>", html{content.changes->old_name}, "</bdi>");
+          "</a> from <bdi>", html{content.changes->old_name, most_file_name_bytes}, "</bdi>");
   }
   write(out, "</p>\n");
 }
@@ -86,11 +89,10 @@ void write_severity(const std::vector<finding>& found, std::uint64_t all, std::s
   const bool is_open = all <= most_unfolded && thing != "note";
   write(out, "<details", is_open ? " open" : "", "><summary>", counted{all, thing},
         "</summary>\n<ul class=\"findings\">\n");
-  for (const finding& one : found) {
-    write_finding(one, out);
-  }
-  if (all > found.size()) {
-    write(out, "<li>and ", grouped{all - found.size()},
+  const std::uint64_t shown =
+      write_entries(out, found, [&](const finding& one) { write_finding(one, out); });
+  if (all > shown) {
+    write(out, "<li>and ", grouped{all - shown},
           " more, which <code>morvane check --notes"
           "</code> tells</li>\n");
   }
@@ -101,7 +103,7 @@ void write_severity(const std::vector<finding>& found, std::uint64_t all, std::s
 
 void write_page_head(const page_content& content, page_output& out) {
   write(out, "<header>\n<p class=\"dim\">Package</p>\n<h1><bdi>",
-        html{file_name(content.package.path)}, "</bdi></h1>\n");
+        html{file_name(content.package.path), most_file_name_bytes}, "</bdi></h1>\n");
   write_verdict(content, out);
   write_facts(content, out);
   write_short_answers(content, out);
@@ -129,12 +131,12 @@ void write_changes(const page_content& content, page_output& out) {
     return;
   }
   const package_changes& changes = *content.changes;
-  constexpr std::uint64_t most_shown = 500;
+  constexpr std::size_t most_shown = 500;
   constexpr std::uint64_t most_unfolded = 20;
   write(out,
         "<section id=\"changes\" aria-labelledby=\"changes-head\">\n"
         "<h2 id=\"changes-head\">Changes since <bdi>",
-        html{changes.old_name}, "</bdi></h2>\n");
+        html{changes.old_name, most_file_name_bytes}, "</bdi></h2>\n");
   if (changes.is_old_damaged) {
     write(out,
           "<p class=\"bad\">The older package is damaged. What comes after its damage counts as "
@@ -146,15 +148,11 @@ void write_changes(const page_content& content, page_output& out) {
   }
   write(out, "<details", changes.all <= most_unfolded ? " open" : "", "><summary>",
         counted{changes.all, "difference"}, "</summary>\n<ul class=\"findings\">\n");
-  std::uint64_t shown = 0;
-  for (const difference& found : changes.kept) {
-    if (shown++ == most_shown) {
-      break;
-    }
-    write_difference(found, out);
-  }
-  if (changes.all > most_shown) {
-    write(out, "<li>and ", grouped{changes.all - most_shown},
+  const auto kept = std::span(changes.kept).first(std::min(changes.kept.size(), most_shown));
+  const std::uint64_t shown =
+      write_entries(out, kept, [&](const difference& found) { write_difference(found, out); });
+  if (changes.all > shown) {
+    write(out, "<li>and ", grouped{changes.all - shown},
           " more, which <code>morvane diff"
           "</code> tells</li>\n");
   }

@@ -53,8 +53,8 @@ void append_piece(std::string& page, const bar_begin& piece) {
 }
 
 void append_piece(std::string& page, left_out piece) {
-  if (piece.dvis > most_pictured) {
-    const std::uint32_t dvis = piece.dvis - most_pictured;
+  if (piece.dvis > piece.pictured) {
+    const std::uint32_t dvis = piece.dvis - piece.pictured;
     append_pieces(page, "<p class=\"dim\">", counted{dvis, "DVI"}, dvis == 1 ? " is" : " are",
                   " left out here; the tables show all.</p>\n");
   }

@@ -12,9 +12,6 @@
 
 namespace morvane::companion {
 
-/// DVIs that a picture shows. The tables show all.
-inline constexpr std::uint32_t most_pictured = 1000;
-
 /// Rows that a list shows in their whole height. A longer one scrolls.
 inline constexpr std::uint32_t most_unscrolled = 30;
 
@@ -65,9 +62,10 @@ struct bar_begin {
 };
 void append_piece(std::string& page, const bar_begin& piece);
 
-/// Tells how many DVIs a picture leaves out, if any.
+/// Tells how many of all DVIs a picture leaves out, if any.
 struct left_out {
-  std::uint32_t dvis;
+  std::uint32_t dvis = 0;
+  std::uint32_t pictured = 0;  // at most
 };
 void append_piece(std::string& page, left_out piece);
 

@@ -129,7 +129,7 @@ void write_row(port_rows& rows, const morvane_view_port& port, const record_name
 
 void write_port_table(const page_content& content, const morvane_view_dvi& dvi,
                       const record_marks& marks, page_output& out) {
-  const std::uint64_t count = std::uint64_t{dvi.input_num} + dvi.output_num;
+  const std::uint64_t count = port_count(dvi);
   if (count == 0) {
     return;
   }
