@@ -12,12 +12,12 @@ for font in dejavu liberation; do
   [ -d /usr/share/fonts/truetype/$font ] || skip "the fonts of $font are missing"
 done
 
-for kind in 3 300 empty hostile changed 30; do
+for kind in 3 300 empty hostile crowded changed 30; do
   make_package $kind
 done
 cut_package block_cut 20000
 cp vproc.bin sample.bin
-for name in sample empty hostile block_cut 300; do
+for name in sample empty hostile crowded block_cut 300; do
   make_page $name
 done
 make_page changed --against 30.bin
@@ -26,7 +26,7 @@ make_page changed --against 30.bin
 looks_right() {
   (cd "$packages" && node "$tests/browser.js" "$(command -v chromium)" "$@")
 }
-looks_right "$PWD"/{sample,empty,hostile,block_cut,300,changed}.html || fail "a page does not look right"
+looks_right "$PWD"/{sample,empty,hostile,crowded,block_cut,300,changed}.html || fail "a page does not look right"
 
 # The browser does see what is wrong.
 sed 's,<h1>,<h1><img src="http://127.0.0.1:9/" alt=""><script>console.log(1)</script>,' empty.html >bad.html

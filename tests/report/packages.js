@@ -167,9 +167,17 @@ const hostile = () =>
     };
   });
 
+// More than has room on the page: many DVIs without ports, and long names.
+const crowded = () =>
+  Array.from({ length: 40 }, (_, i) => {
+    const [variables, smbs] = ['<', '"'].map((character) => Array(20).fill(character.repeat(127)));
+    return { name: '&'.repeat(127), inputs: [], outputs: [], image: 100, address: 0x1000 + 64 * i, variables, smbs };
+  });
+
 const kinds = {
   empty: () => header(0),
   hostile: () => packageOf(hostile(), true),
+  crowded: () => packageOf(crowded(), true),
   changed: () => packageOf(changedNetwork(), true),
   bare: () => packageOf([{ name: 'bare', inputs: [], outputs: [], image: 0, address: 0 }], false),
 };

@@ -9,7 +9,7 @@ tests=$SOURCE/tests/report
 packages=$1
 fetch_packages "$tests" "$packages"
 
-for kind in 1 3 30 300 1000 empty bare hostile changed; do
+for kind in 1 3 30 300 1000 empty bare hostile crowded changed; do
   make_package $kind
 done
 cut_package no_bytes 0
@@ -18,7 +18,7 @@ cut_package table_cut 400
 cut_package block_cut 20000
 cut_package vproc_cut -1
 cp vproc.bin sample.bin
-names=(1 3 30 300 1000 empty bare hostile no_bytes header_cut table_cut block_cut vproc_cut sample plain)
+names=(1 3 30 300 1000 empty bare hostile crowded no_bytes header_cut table_cut block_cut vproc_cut sample plain)
 for name in "${names[@]}"; do
   make_page "$name"
 done

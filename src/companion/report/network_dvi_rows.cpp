@@ -143,7 +143,7 @@ void write_dvi_rows(const page_content& content, page_output& out) {
           hidden == 1 ? " DVI" : " DVIs", "; the text beside the rows tells all.</p>\n");
   }
   write(out,
-        "<div class=\"long\" role=\"region\" tabindex=\"0\" aria-label=\"Network\">\n"
+        "<div class=\"long\" role=\"region\" tabindex=\"0\" aria-label=\"Network by DVI\">\n"
         "<ol class=\"net thin ",
         width_class(plan), "\">\n");
   for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
