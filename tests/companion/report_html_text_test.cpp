@@ -94,7 +94,7 @@ TEST(HtmlText, NeverCutsAnEscapeOrACharacter) {
             "ab\\x01cd\\x02ef");
   EXPECT_EQ(shown(html{"\xE4\xB8\xAD\xE4\xB8\xAD\xE4\xB8\xAD\xE4\xB8\xAD", 11}),
             "\xE4\xB8\xAD\xE2\x80\xA6\xE4\xB8\xAD");
-  EXPECT_EQ(shown(html{"\xE2\x80\xAE\xE2\x80\xAE\xE2\x80\xAE", 16}), "\\u202e\xE2\x80\xA6\\u202e");
+  EXPECT_EQ(shown(html{"\xE2\x80\x8E\xE2\x80\x8E\xE2\x80\x8E", 16}), "\\u200e\xE2\x80\xA6\\u200e");
 }
 
 TEST(HtmlText, KeepsEveryHostileNameWithinItsLimit) {

@@ -32,8 +32,9 @@ struct record_counts {
 counted_package extreme(const record_counts& counts, char byte) {
   const std::string name(511, byte);
   const std::string short_name(127, byte);
-  port_desc great_port = port(name, name);
-  std::fill_n(reinterpret_cast<char*>(&great_port), offsetof(port_desc, port_name), '\xFF');
+  const std::string output = bytes(port(name, name));
+  std::string input = output;
+  std::fill_n(input.begin(), offsetof(port_desc, port_name), '\xFF');
   std::string text = header(counts.dvis);
   std::string blocks;
   std::string vprocs;
@@ -44,7 +45,7 @@ counted_package extreme(const record_counts& counts, char byte) {
     one.dvi_dag_vaddr = 0x10000000U + (i << 17U);
     text += bytes(one);
     for (std::uint32_t k = 0; k < counts.inputs + counts.outputs; ++k) {
-      blocks += bytes(k < counts.inputs ? great_port : port(name, name));
+      blocks += k < counts.inputs ? input : output;
     }
     blocks += image();
     vprocs += bytes(
