@@ -8,7 +8,7 @@ namespace morvane::companion {
 
 namespace {
 
-constexpr std::size_t step = std::size_t{1} << 20U;
+constexpr std::size_t compared_at_once = std::size_t{1} << 20U;
 
 bool are_equal(std::span<const std::uint8_t> one, std::span<const std::uint8_t> other) {
   return one.size() == other.size() &&
@@ -44,7 +44,8 @@ std::optional<byte_difference> compare_bytes(package_part old_part, package_part
                         .count = 0};
   std::uint64_t done = 0;
   while (!old_part.bytes.empty() && !new_part.bytes.empty()) {
-    const std::size_t size = std::min({step, old_part.bytes.size(), new_part.bytes.size()});
+    const std::size_t size =
+        std::min({compared_at_once, old_part.bytes.size(), new_part.bytes.size()});
     const package_part one = take_part(old_part, size);
     const package_part other = take_part(new_part, size);
     if (!are_equal(one.bytes, other.bytes)) {
@@ -66,7 +67,7 @@ bool have_same_bytes(const package_bytes& old_package, const package_bytes& new_
   package_part new_part{new_package, new_package.bytes()};
   bool same = old_part.bytes.size() == new_part.bytes.size();
   while (same && !old_part.bytes.empty()) {
-    const std::size_t size = std::min(step, old_part.bytes.size());
+    const std::size_t size = std::min(compared_at_once, old_part.bytes.size());
     const package_part one = take_part(old_part, size);
     const package_part other = take_part(new_part, size);
     same = are_equal(one.bytes, other.bytes);

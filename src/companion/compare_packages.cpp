@@ -28,7 +28,7 @@ struct dvi_pair {
 };
 
 /// Both packages, and who is told how they differ.
-struct comparison {
+struct package_pair {
   const opened_package& old_package;
   const opened_package& new_package;
   const difference_sink& sink;
@@ -38,7 +38,7 @@ bool has_vproc(const opened_package& package) {
   return morvane_view_need_vproc(&package.view) == MORVANE_VIEW_OK;
 }
 
-void compare_headers(const comparison& both) {
+void compare_headers(const package_pair& both) {
   const morvane_view& old_view = both.old_package.view;
   const morvane_view& new_view = both.new_package.view;
   if (has_header(both.old_package) && has_header(both.new_package)) {
@@ -69,13 +69,13 @@ record_list<Record> collect(const opened_package& package, const morvane_view_dv
 
 /// Compares the records of one kind, those that a walk over a DVI hands out.
 template <class Record, std::size_t count, class Walk>
-void compare_walks(const comparison& both, const dvi_pair& dvi,
+void compare_walks(const package_pair& both, const dvi_pair& dvi,
                    const record_form<Record, count>& form, Walk walk) {
   compare_lists(dvi.name, form, collect<Record>(both.old_package, dvi.old_dvi, walk),
                 collect<Record>(both.new_package, dvi.new_dvi, walk), both.sink);
 }
 
-void compare_ports(const comparison& both, const dvi_pair& dvi) {
+void compare_ports(const package_pair& both, const dvi_pair& dvi) {
   compare_walks(both, dvi, input_form, [](const auto& view, const auto& of, auto function) {
     for_each_input(view, of, function);
   });
@@ -84,7 +84,7 @@ void compare_ports(const comparison& both, const dvi_pair& dvi) {
   });
 }
 
-void compare_vproc_blocks(const comparison& both, const dvi_pair& dvi) {
+void compare_vproc_blocks(const package_pair& both, const dvi_pair& dvi) {
   compare_walks(both, dvi, variable_form, [](const auto& view, const auto& of, auto function) {
     for_each_variable(view, of, function);
   });
@@ -93,7 +93,7 @@ void compare_vproc_blocks(const comparison& both, const dvi_pair& dvi) {
   });
 }
 
-void compare_images(const comparison& both, const dvi_pair& dvi) {
+void compare_images(const package_pair& both, const dvi_pair& dvi) {
   const auto found =
       compare_bytes({both.old_package.bytes, image_of(both.old_package.view, dvi.old_dvi)},
                     {both.new_package.bytes, image_of(both.new_package.view, dvi.new_dvi)});
@@ -102,7 +102,7 @@ void compare_images(const comparison& both, const dvi_pair& dvi) {
   }
 }
 
-void compare_dvi_fields(const comparison& both, const dvi_pair& dvi) {
+void compare_dvi_fields(const package_pair& both, const dvi_pair& dvi) {
   const std::uint8_t* const old_bytes = both.old_package.view.bytes;
   const std::uint8_t* const new_bytes = both.new_package.view.bytes;
   const compared_part part{part_kind::dvi, dvi.name, {}};
@@ -120,7 +120,7 @@ void compare_dvi_fields(const comparison& both, const dvi_pair& dvi) {
   }
 }
 
-void compare_dvis(const comparison& both, const dvi_pair& dvi) {
+void compare_dvis(const package_pair& both, const dvi_pair& dvi) {
   compare_dvi_fields(both, dvi);
   compare_ports(both, dvi);
   compare_images(both, dvi);
@@ -134,7 +134,7 @@ void compare_dvis(const comparison& both, const dvi_pair& dvi) {
 void compare_packages(const opened_package& old_package, const opened_package& new_package,
                       const difference_sink& sink,
                       const std::function<void(std::uint64_t done)>& progress) {
-  const comparison both{old_package, new_package, sink};
+  const package_pair both{old_package, new_package, sink};
   compare_headers(both);
   const std::vector<morvane_view_dvi> old_dvis = dvis_of(old_package);
   const std::vector<morvane_view_dvi> new_dvis = dvis_of(new_package);

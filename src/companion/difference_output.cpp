@@ -35,30 +35,30 @@ bool is_named_record(part_kind kind) {
 }
 
 /// "DVI "net"", or "DVI "net" #2" for the second one.
-std::string str(part_kind kind, const named_record& record) {
-  std::string text = joined(name_of(kind).in_text, " ", quoted(record.name));
+std::string part_text(part_kind kind, const named_record& record) {
+  std::string text = joined(name_of(kind).in_text, " ", in_quotes(record.name));
   if (record.occurrence > 1) {
     append_pieces(text, " #", record.occurrence);
   }
   return text;
 }
 
-std::string str(const compared_part& part) {
+std::string part_text(const compared_part& part) {
   if (part.kind == part_kind::package) {
     return std::string(name_of(part.kind).in_text);
   }
-  std::string text = str(part_kind::dvi, part.dvi);
+  std::string text = part_text(part_kind::dvi, part.dvi);
   if (part.kind == part_kind::image) {
     append_pieces(text, ": ", name_of(part.kind).in_text);
   } else if (is_named_record(part.kind)) {
-    append_pieces(text, ": ", str(part.kind, part.record));
+    append_pieces(text, ": ", part_text(part.kind, part.record));
   }
   return text;
 }
 
 struct value_text {
   std::string operator()(std::int64_t number) const { return joined(number); }
-  std::string operator()(std::string_view text) const { return quoted(text); }
+  std::string operator()(std::string_view text) const { return in_quotes(text); }
   std::string operator()(bool value) const { return value ? "true" : "false"; }
   std::string operator()(number_pair numbers) const {
     return joined("[", numbers[0], ", ", numbers[1], "]");
@@ -130,7 +130,7 @@ struct change_members {
 }  // namespace
 
 std::string difference_line(const difference& found) {
-  return joined(str(found.part), ": ", std::visit(change_text{}, found.change), "\n");
+  return joined(part_text(found.part), ": ", std::visit(change_text{}, found.change), "\n");
 }
 
 void write_difference_object(json_writer& json, const difference& found) {

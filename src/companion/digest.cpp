@@ -11,7 +11,7 @@ namespace morvane::companion {
 
 namespace {
 
-constexpr std::size_t step = std::size_t{1} << 20U;
+constexpr std::size_t digested_at_once = std::size_t{1} << 20U;
 
 std::string hexadecimal_text(XXH128_hash_t hash) {
   constexpr std::string_view digits = "0123456789abcdef";
@@ -31,7 +31,7 @@ std::string xxh3_128(const package_bytes& package, std::span<const std::uint8_t>
   const auto state = std::make_unique<XXH3_state_t>();
   XXH3_128bits_reset(state.get());
   while (!bytes.empty()) {
-    const auto part = bytes.first(std::min(step, bytes.size()));
+    const auto part = bytes.first(std::min(digested_at_once, bytes.size()));
     XXH3_128bits_update(state.get(), part.data(), part.size());
     package.release(part);
     bytes = bytes.subspan(part.size());

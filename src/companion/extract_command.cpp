@@ -109,7 +109,7 @@ int run_extract(const extract_options& options, console& streams) {
   int status = is_damaged(package) ? status_findings : status_fine;
   const auto missing = missing_names(package.view, options.dag_names);
   for (const std::string& name : missing) {
-    print_message(joined(printable(package.path), ": no DVI has the name ", quoted(name)));
+    print_message(joined(printable(package.path), ": no DVI has the name ", in_quotes(name)));
     status = status_failed;
   }
   std::vector<morvane_view_dvi> selected = select_dvis(package.view, options.dag_names);

@@ -11,7 +11,7 @@ namespace morvane::companion {
 namespace {
 
 /// "12:26" or "0x1f4"
-std::string str(const finding_place& place) {
+std::string place_text(const finding_place& place) {
   if (place.line == 0) {
     return hexadecimal(place.offset);
   }
@@ -52,7 +52,7 @@ void count(const finding& found, finding_counts& counts) {
 }
 
 std::string finding_line(const finding& found, bool colour) {
-  return joined(printable(found.file), ":", str(found.place), ": ",
+  return joined(printable(found.file), ":", place_text(found.place), ": ",
                 shown_severity(level_of(found), colour), ": ", found.text, " [", found.kind->code,
                 "]\n");
 }

@@ -156,6 +156,9 @@ struct finding_place {
   std::uint32_t column = 0;
 };
 
+/// The place of what concerns a whole file or folder.
+inline constexpr finding_place whole_file{.line = 1, .column = 1};
+
 struct finding {
   const finding_kind* kind;
   std::string_view file;

@@ -43,8 +43,8 @@ void check_input_flow(const morvane_view_port& input, const record_name& name,
   const std::string differing = flow_differences(flow_of(input), flow_of(output->port));
   if (!differing.empty()) {
     tell(sink, kind_of("port-mismatch"), input.offset,
-         joined(str(name), " ", quoted(str(input.port_name)), " differs from ", str(output->name),
-                ": ", differing));
+         joined(str(name), " ", in_quotes(str(input.port_name)), " differs from ",
+                str(output->name), ": ", differing));
   }
 }
 

@@ -89,7 +89,7 @@ std::string hexadecimal(std::uint64_t number) {
   return joined("0x", std::string_view(digits.data(), result.ptr));
 }
 
-std::string quoted(std::string_view text) {
+std::string in_quotes(std::string_view text) {
   std::string shown = printable(text);
   shown.insert(shown.begin(), '"');
   return shown += '"';

@@ -31,6 +31,6 @@ std::string joined(const Pieces&... pieces) {
 std::string hexadecimal(std::uint64_t number);
 
 /// The printable text between double quotes, for messages.
-std::string quoted(std::string_view text);
+std::string in_quotes(std::string_view text);
 
 }  // namespace morvane::companion

@@ -73,7 +73,7 @@ void check_not_empty(const placed_text& placed, const finding_sink& sink) {
 void check_characters(const placed_text& placed, const finding_sink& sink) {
   if (holds_control_character(str(placed.text))) {
     tell(sink, kind_of("control-character"), placed, 0,
-         joined(" ", quoted(str(placed.text)), " holds a control character"));
+         joined(" ", in_quotes(str(placed.text)), " holds a control character"));
   }
 }
 
@@ -90,7 +90,7 @@ void check_dag_name(const placed_text& placed, const finding_sink& sink) {
   const std::string_view unsafe = unsafe_part(str(placed.text));
   if (!unsafe.empty()) {
     tell(sink, kind_of("unsafe-dag-name"), placed, 0,
-         joined(" ", quoted(str(placed.text)), unsafe));
+         joined(" ", in_quotes(str(placed.text)), unsafe));
   }
 }
 

@@ -25,7 +25,7 @@ void check_repetition(const morvane_view_dvi& dvi, known_dag_names& names,
   const auto [known, is_new] = names.emplace(str(dvi.dag_name), dvi.position);
   if (!is_new) {
     tell(sink, kind_of("repeated-dag-name"), dvi.offset + offsetof(morvane_dvi_desc, dag_name),
-         joined(str(record_name{.dvi = dvi.position}), ": dag_name ", quoted(str(dvi.dag_name)),
+         joined(str(record_name{.dvi = dvi.position}), ": dag_name ", in_quotes(str(dvi.dag_name)),
                 " is that of ", str(record_name{.dvi = known->second}), " too"));
   }
 }

@@ -4,15 +4,15 @@
 
 namespace morvane::companion {
 
-std::string counted(std::uint64_t number, std::string_view thing) {
+std::string count_of(std::uint64_t number, std::string_view thing) {
   return joined(number, " ", thing, number == 1 ? "" : "s");
 }
 
 std::string verdict_line(std::string_view path, std::string_view word,
                          const package_summary& summary) {
-  return joined(printable(path), ": ", word, ", ", counted(summary.dvis, "DVI"), ", ",
-                counted(summary.ports, "port"), summary.has_vproc ? ", with" : ", without",
-                " vproc records, ", counted(summary.bytes, "byte"), "\n");
+  return joined(printable(path), ": ", word, ", ", count_of(summary.dvis, "DVI"), ", ",
+                count_of(summary.ports, "port"), summary.has_vproc ? ", with" : ", without",
+                " vproc records, ", count_of(summary.bytes, "byte"), "\n");
 }
 
 }  // namespace morvane::companion

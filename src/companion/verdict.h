@@ -10,7 +10,7 @@
 namespace morvane::companion {
 
 /// "1 port", "2 ports"
-std::string counted(std::uint64_t number, std::string_view thing);
+std::string count_of(std::uint64_t number, std::string_view thing);
 
 /// "net.bin: sound, 3 DVIs, 14 ports, with vproc records, 25379 bytes", with the word in the place
 /// of "sound".

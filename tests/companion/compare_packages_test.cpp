@@ -12,9 +12,9 @@
 namespace morvane::test {
 namespace {
 
-using lines = std::vector<std::string>;
+using told_lines = std::vector<std::string>;
 
-lines differences(std::string_view old_bytes, std::string_view new_bytes) {
+told_lines differences(std::string_view old_bytes, std::string_view new_bytes) {
   const scratch_folder folder;
   folder.write("old.bin", old_bytes);
   folder.write("new.bin", new_bytes);
@@ -22,7 +22,7 @@ lines differences(std::string_view old_bytes, std::string_view new_bytes) {
   companion::opened_package new_package;
   EXPECT_EQ(open_package(folder.path("old.bin"), old_package), 0);
   EXPECT_EQ(open_package(folder.path("new.bin"), new_package), 0);
-  lines found;
+  told_lines found;
   compare_packages(
       old_package, new_package,
       [&](const companion::difference& one) { found.push_back(difference_line(one)); },
@@ -54,14 +54,14 @@ std::string package_with(const std::vector<port_desc>& inputs) {
 }
 
 TEST(ComparePackages, FindsNothingInEqualPackages) {
-  EXPECT_EQ(differences(sound_package_with_vproc(), sound_package_with_vproc()), lines{});
+  EXPECT_EQ(differences(sound_package_with_vproc(), sound_package_with_vproc()), told_lines{});
 }
 
 TEST(ComparePackages, TellsTheFieldsOfTheHeader) {
   EXPECT_EQ(differences(sound_package(), changed(sound_package(), 0, 7)),
-            lines{"package: version: 33619974 -> 33619975\n"});
+            told_lines{"package: version: 33619974 -> 33619975\n"});
   EXPECT_EQ(differences(sound_package(), changed(sound_package(), 7, 0)),
-            lines{"package: HASH: 188430356 -> 3880980\n"});
+            told_lines{"package: HASH: 188430356 -> 3880980\n"});
 }
 
 TEST(ComparePackages, TellsTheFieldsOfADvi) {
@@ -74,10 +74,10 @@ TEST(ComparePackages, TellsTheFieldsOfADvi) {
   other.dvi_img_vaddr = 5;
   other.dvi_dag_vaddr = 4294967295;
   EXPECT_EQ(differences(old_package, header(1) + bytes(other)),
-            (lines{"DVI \"net\": dvi_id: 0 -> 1\n", "DVI \"net\": vproc_id: 0 -> 2\n",
-                   "DVI \"net\": dvi_ppv: 0 -> 3\n", "DVI \"net\": reserved: 0 -> 4\n",
-                   "DVI \"net\": dvi_img_vaddr: 4096 -> 5\n",
-                   "DVI \"net\": dvi_dag_vaddr: 8192 -> 4294967295\n"}));
+            (told_lines{"DVI \"net\": dvi_id: 0 -> 1\n", "DVI \"net\": vproc_id: 0 -> 2\n",
+                        "DVI \"net\": dvi_ppv: 0 -> 3\n", "DVI \"net\": reserved: 0 -> 4\n",
+                        "DVI \"net\": dvi_img_vaddr: 4096 -> 5\n",
+                        "DVI \"net\": dvi_dag_vaddr: 8192 -> 4294967295\n"}));
 }
 
 TEST(ComparePackages, TellsTheFieldsOfAPort) {
@@ -103,26 +103,26 @@ TEST(ComparePackages, TellsTheFieldsOfAPort) {
                   .port_name = "data",
                   .layer_name = "net/in"};
   EXPECT_EQ(differences(package_with({port("data", "")}), package_with({other})),
-            (lines{"DVI \"net\": input \"data\": P: 0 -> 1\n",
-                   "DVI \"net\": input \"data\": D: 0 -> 2\n",
-                   "DVI \"net\": input \"data\": H: 0 -> 3\n",
-                   "DVI \"net\": input \"data\": W: 16 -> 4\n",
-                   "DVI \"net\": input \"data\": pitch: 0 -> 5\n",
-                   "DVI \"net\": input \"data\": dram_format: 0 -> 6\n",
-                   "DVI \"net\": input \"data\": flags: 4 -> 7\n",
-                   "DVI \"net\": input \"data\": reserved: [0, 0] -> [8, 9]\n",
-                   "DVI \"net\": input \"data\": drotate_bit_offset: 0 -> 10\n",
-                   "DVI \"net\": input \"data\": hflip_bit_offset: 0 -> 11\n",
-                   "DVI \"net\": input \"data\": vflip_bit_offset: 0 -> 12\n",
-                   "DVI \"net\": input \"data\": dflip_bit_offset: 0 -> 13\n",
-                   "DVI \"net\": input \"data\": pflip_bit_offset: 0 -> 14\n",
-                   "DVI \"net\": input \"data\": sign: 0 -> 15\n",
-                   "DVI \"net\": input \"data\": datasize: 0 -> 16\n",
-                   "DVI \"net\": input \"data\": expoffset: -3 -> -17\n",
-                   "DVI \"net\": input \"data\": expbits: 0 -> 18\n",
-                   "DVI \"net\": input \"data\": port_size: 0 -> 19\n",
-                   "DVI \"net\": input \"data\": port_byte_offset: 0 -> 20\n",
-                   "DVI \"net\": input \"data\": layer_name: \"\" -> \"net/in\"\n"}));
+            (told_lines{"DVI \"net\": input \"data\": P: 0 -> 1\n",
+                        "DVI \"net\": input \"data\": D: 0 -> 2\n",
+                        "DVI \"net\": input \"data\": H: 0 -> 3\n",
+                        "DVI \"net\": input \"data\": W: 16 -> 4\n",
+                        "DVI \"net\": input \"data\": pitch: 0 -> 5\n",
+                        "DVI \"net\": input \"data\": dram_format: 0 -> 6\n",
+                        "DVI \"net\": input \"data\": flags: 4 -> 7\n",
+                        "DVI \"net\": input \"data\": reserved: [0, 0] -> [8, 9]\n",
+                        "DVI \"net\": input \"data\": drotate_bit_offset: 0 -> 10\n",
+                        "DVI \"net\": input \"data\": hflip_bit_offset: 0 -> 11\n",
+                        "DVI \"net\": input \"data\": vflip_bit_offset: 0 -> 12\n",
+                        "DVI \"net\": input \"data\": dflip_bit_offset: 0 -> 13\n",
+                        "DVI \"net\": input \"data\": pflip_bit_offset: 0 -> 14\n",
+                        "DVI \"net\": input \"data\": sign: 0 -> 15\n",
+                        "DVI \"net\": input \"data\": datasize: 0 -> 16\n",
+                        "DVI \"net\": input \"data\": expoffset: -3 -> -17\n",
+                        "DVI \"net\": input \"data\": expbits: 0 -> 18\n",
+                        "DVI \"net\": input \"data\": port_size: 0 -> 19\n",
+                        "DVI \"net\": input \"data\": port_byte_offset: 0 -> 20\n",
+                        "DVI \"net\": input \"data\": layer_name: \"\" -> \"net/in\"\n"}));
 }
 
 TEST(ComparePackages, TellsTheFieldsOfVariablesAndSmbBlocks) {
@@ -131,97 +131,99 @@ TEST(ComparePackages, TellsTheFieldsOfVariablesAndSmbBlocks) {
   other[0x12bc + 132] = 2;  // bsize
   other[0x1344 + 128] = 3;  // vbase_byte_offset
   EXPECT_EQ(differences(sound_package_with_vproc(), other),
-            (lines{"DVI \"first\": variable \"gain\": boffset: 8 -> 1\n",
-                   "DVI \"first\": variable \"gain\": bsize: 16 -> 2\n",
-                   "DVI \"first\": SMB \"lut\": vbase_byte_offset: 256 -> 259\n"}));
+            (told_lines{"DVI \"first\": variable \"gain\": boffset: 8 -> 1\n",
+                        "DVI \"first\": variable \"gain\": bsize: 16 -> 2\n",
+                        "DVI \"first\": SMB \"lut\": vbase_byte_offset: 256 -> 259\n"}));
 }
 
 TEST(ComparePackages, TellsThatTheVprocRecordsVanished) {
   EXPECT_EQ(differences(sound_package_with_vproc(), sound_package()),
-            (lines{"package: has_vproc: true -> false\n",
-                   "DVI \"first\": variable \"gain\": vanished from position 0\n",
-                   "DVI \"first\": SMB \"lut\": vanished from position 0\n"}));
+            (told_lines{"package: has_vproc: true -> false\n",
+                        "DVI \"first\": variable \"gain\": vanished from position 0\n",
+                        "DVI \"first\": SMB \"lut\": vanished from position 0\n"}));
 }
 
 TEST(ComparePackages, TellsTheFieldsOfTheVprocDescription) {
   EXPECT_EQ(differences(sound_package() + bytes(vproc_desc{}) + bytes(vproc_desc{}),
                         sound_package_with_vproc()),
-            (lines{"DVI \"first\": variable_num: 0 -> 1\n", "DVI \"first\": smb_num: 0 -> 1\n",
-                   "DVI \"first\": vproc_records_size: 0 -> 268\n",
-                   "DVI \"first\": variable \"gain\": appeared at position 0\n",
-                   "DVI \"first\": SMB \"lut\": appeared at position 0\n"}));
+            (told_lines{"DVI \"first\": variable_num: 0 -> 1\n", "DVI \"first\": smb_num: 0 -> 1\n",
+                        "DVI \"first\": vproc_records_size: 0 -> 268\n",
+                        "DVI \"first\": variable \"gain\": appeared at position 0\n",
+                        "DVI \"first\": SMB \"lut\": appeared at position 0\n"}));
 }
 
 TEST(ComparePackages, TellsWhichDvisAppearedVanishedAndMoved) {
-  EXPECT_EQ(
-      differences(package_of({"a", "b", "c"}), package_of({"c", "b", "d"})),
-      (lines{"DVI \"a\": vanished from position 0\n", "DVI \"c\": moved from position 2 to 0\n",
-             "DVI \"d\": appeared at position 2\n"}));
+  EXPECT_EQ(differences(package_of({"a", "b", "c"}), package_of({"c", "b", "d"})),
+            (told_lines{"DVI \"a\": vanished from position 0\n",
+                        "DVI \"c\": moved from position 2 to 0\n",
+                        "DVI \"d\": appeared at position 2\n"}));
 }
 
 TEST(ComparePackages, MatchesTheNthDviOfANameWithTheNth) {
   EXPECT_EQ(differences(package_of({"a", "b", "a"}), package_of({"a", "a", "b", "a"})),
-            (lines{"package: dvi_num: 3 -> 4\n", "DVI \"b\": moved from position 1 to 2\n",
-                   "DVI \"a\" #2: moved from position 2 to 1\n",
-                   "DVI \"a\" #3: appeared at position 3\n"}));
+            (told_lines{"package: dvi_num: 3 -> 4\n", "DVI \"b\": moved from position 1 to 2\n",
+                        "DVI \"a\" #2: moved from position 2 to 1\n",
+                        "DVI \"a\" #3: appeared at position 3\n"}));
 }
 
 TEST(ComparePackages, TellsWhichPortsAppearedVanishedAndMoved) {
   EXPECT_EQ(differences(package_with({port("a", ""), port("b", ""), port("c", "")}),
                         package_with({port("c", ""), port("b", ""), port("d", "")})),
-            (lines{"DVI \"net\": input \"a\": vanished from position 0\n",
-                   "DVI \"net\": input \"c\": moved from position 2 to 0\n",
-                   "DVI \"net\": input \"d\": appeared at position 2\n"}));
+            (told_lines{"DVI \"net\": input \"a\": vanished from position 0\n",
+                        "DVI \"net\": input \"c\": moved from position 2 to 0\n",
+                        "DVI \"net\": input \"d\": appeared at position 2\n"}));
 }
 
 TEST(ComparePackages, TakesAnInputThatBecameAnOutputForAnotherPort) {
   EXPECT_EQ(differences(header(1) + bytes(dvi("net", 0, 1, 0)) + bytes(port("p", "")),
                         header(1) + bytes(dvi("net", 0, 0, 1)) + bytes(port("p", ""))),
-            (lines{"DVI \"net\": input_num: 1 -> 0\n", "DVI \"net\": output_num: 0 -> 1\n",
-                   "DVI \"net\": input \"p\": vanished from position 0\n",
-                   "DVI \"net\": output \"p\": appeared at position 0\n"}));
+            (told_lines{"DVI \"net\": input_num: 1 -> 0\n", "DVI \"net\": output_num: 0 -> 1\n",
+                        "DVI \"net\": input \"p\": vanished from position 0\n",
+                        "DVI \"net\": output \"p\": appeared at position 0\n"}));
 }
 
 TEST(ComparePackages, CountsTheBytesOfAnImageThatDiffer) {
   const std::string start = header(1) + bytes(dvi("net", 8));
   EXPECT_EQ(differences(start + "abcdefgh", start + "abXdeXgh"),
-            lines{"DVI \"net\": image: 8 bytes, 2 differ, the first at 0x2\n"});
+            told_lines{"DVI \"net\": image: 8 bytes, 2 differ, the first at 0x2\n"});
   EXPECT_EQ(differences(start + "abcdefgh", start + "abcdefgX"),
-            lines{"DVI \"net\": image: 8 bytes, 1 differs, the first at 0x7\n"});
+            told_lines{"DVI \"net\": image: 8 bytes, 1 differs, the first at 0x7\n"});
 }
 
 TEST(ComparePackages, TakesTheBytesThatOnlyOneImageHasForDifferent) {
-  EXPECT_EQ(differences(header(1) + bytes(dvi("net", 4)) + "abcd",
-                        header(1) + bytes(dvi("net", 6)) + "abcdef"),
-            (lines{"DVI \"net\": dvi_img_size: 4 -> 6\n", "DVI \"net\": dvi_pkg_size: 4 -> 6\n",
-                   "DVI \"net\": image: 4 -> 6 bytes, 2 differ, the first at 0x4\n"}));
+  EXPECT_EQ(
+      differences(header(1) + bytes(dvi("net", 4)) + "abcd",
+                  header(1) + bytes(dvi("net", 6)) + "abcdef"),
+      (told_lines{"DVI \"net\": dvi_img_size: 4 -> 6\n", "DVI \"net\": dvi_pkg_size: 4 -> 6\n",
+                  "DVI \"net\": image: 4 -> 6 bytes, 2 differ, the first at 0x4\n"}));
 }
 
 TEST(ComparePackages, FindsADifferenceBehindTheFirstMebibyteOfAnImage) {
   const std::string start = header(1) + bytes(dvi("net", 3 << 20));
   const std::string image(3 << 20, 'a');
   EXPECT_EQ(differences(start + image, changed(start + image, start.size() + 0x200001, 'b')),
-            lines{"DVI \"net\": image: 3145728 bytes, 1 differs, the first at 0x200001\n"});
+            told_lines{"DVI \"net\": image: 3145728 bytes, 1 differs, the first at 0x200001\n"});
 }
 
 TEST(ComparePackages, TellsOfBytesAfterTheNulOfAText) {
   EXPECT_EQ(differences(sound_package(), changed(sound_package(), 0xc + 28 + 6, 'x')),
-            lines{"DVI \"first\": bytes after the NUL of a text differ\n"});
+            told_lines{"DVI \"first\": bytes after the NUL of a text differ\n"});
   EXPECT_EQ(differences(sound_package(), changed(sound_package(), 0x144 + 56 + 5, 'x')),
-            lines{"DVI \"first\": input \"data\": bytes after the NUL of a text differ\n"});
+            told_lines{"DVI \"first\": input \"data\": bytes after the NUL of a text differ\n"});
 }
 
 TEST(ComparePackages, TakesWhatCannotBeWalkedForMissing) {
   EXPECT_EQ(differences(sound_package(), sound_package().substr(0, 0x9f4 + 1080)),
-            lines{"DVI \"second\": vanished from position 1\n"});
+            told_lines{"DVI \"second\": vanished from position 1\n"});
   EXPECT_EQ(differences(sound_package(), ""),
-            (lines{"DVI \"first\": vanished from position 0\n",
-                   "DVI \"second\": vanished from position 1\n"}));
+            (told_lines{"DVI \"first\": vanished from position 0\n",
+                        "DVI \"second\": vanished from position 1\n"}));
 }
 
 TEST(ComparePackages, EscapesNames) {
-  EXPECT_EQ(differences(package_of({}), package_of({"\x1B[2J"})),
-            (lines{"package: dvi_num: 0 -> 1\n", "DVI \"\\x1b[2J\": appeared at position 0\n"}));
+  EXPECT_EQ(
+      differences(package_of({}), package_of({"\x1B[2J"})),
+      (told_lines{"package: dvi_num: 0 -> 1\n", "DVI \"\\x1b[2J\": appeared at position 0\n"}));
 }
 
 }  // namespace

@@ -15,7 +15,7 @@
 namespace morvane::test {
 namespace {
 
-constexpr std::uint32_t image_size = 3U << 20U;
+constexpr std::uint32_t written_size = 3U << 20U;
 
 /// A folder with a package of one large image, and a file to write it to.
 struct image_to_write {
@@ -26,7 +26,7 @@ struct image_to_write {
 
   image_to_write() {
     folder.write("net.bin",
-                 header(1) + bytes(dvi("net", image_size)) + std::string(image_size, 'A'));
+                 header(1) + bytes(dvi("net", written_size)) + std::string(written_size, 'A'));
     EXPECT_EQ(open_package(folder.path("net.bin"), package), 0);
     descriptor = ::open(folder.path("image").c_str(), O_WRONLY | O_CREAT, 0600);
   }
@@ -40,7 +40,7 @@ struct image_to_write {
 TEST(ImageWriting, WritesTheWholeImage) {
   image_to_write image;
   EXPECT_EQ(image.write(nullptr), 0);
-  EXPECT_EQ(image.folder.read("image"), std::string(image_size, 'A'));
+  EXPECT_EQ(image.folder.read("image"), std::string(written_size, 'A'));
 }
 
 TEST(ImageWriting, WritesToAFileInAppendMode) {
@@ -48,7 +48,7 @@ TEST(ImageWriting, WritesToAFileInAppendMode) {
   EXPECT_EQ(::fcntl(image.descriptor, F_SETFL, O_APPEND), 0);
   EXPECT_EQ(::write(image.descriptor, "before", 6), 6);
   EXPECT_EQ(image.write(nullptr), 0);
-  EXPECT_EQ(image.folder.read("image"), "before" + std::string(image_size, 'A'));
+  EXPECT_EQ(image.folder.read("image"), "before" + std::string(written_size, 'A'));
 }
 
 TEST(ImageWriting, StopsSoonWhenASignalIsWaiting) {
@@ -66,7 +66,7 @@ TEST(ImageWriting, StopsSoonWhenASignalIsWaiting) {
 
 TEST(ImageWriting, TellsThatThePackageWasCutMeanwhile) {
   image_to_write image;
-  for (const std::uint32_t size : {168 + image_size - 1, 1U << 20U, 100U}) {
+  for (const std::uint32_t size : {168 + written_size - 1, 1U << 20U, 100U}) {
     std::filesystem::resize_file(image.folder.path("net.bin"), size);
     EXPECT_EQ(image.write(nullptr), EFAULT) << size;
   }

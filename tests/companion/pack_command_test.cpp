@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* header =
+constexpr const char* net_header =
     "#define net_DAG_NAME net\n"
     "#define net_image_size 5\n"
     "/* net HMB_input data */\n"
@@ -23,7 +23,7 @@ class Pack : public testing::Test {
  protected:
   void SetUp() override {
     folder.write("in/net.dvi", "image");
-    folder.write("in/net.h", header);
+    folder.write("in/net.h", net_header);
   }
 
   [[nodiscard]] run_result pack(std::vector<std::string> options = {}) const {
@@ -65,7 +65,7 @@ TEST_F(Pack, WritesThePackageThatTheToolWrites) {
 }
 
 TEST_F(Pack, WritesVprocRecordsOnRequest) {
-  folder.write("in/net.h", std::string(header) + "/* $gain */\n#define gain_bsize 8\n");
+  folder.write("in/net.h", std::string(net_header) + "/* $gain */\n#define gain_bsize 8\n");
   const run_result run = pack({"--vproc"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.output, "net.bin: packed, 1 DVI, 2 ports, with vproc records, 2481 bytes\n");
@@ -131,7 +131,7 @@ constexpr const char* outside =
     "on [dagbin-outside-image]\n";
 
 TEST_F(Pack, ShowsWarningsAndGoesOn) {
-  folder.write("in/net.h", std::string(header) + "#define net_dagbin_start 9\n");
+  folder.write("in/net.h", std::string(net_header) + "#define net_dagbin_start 9\n");
   const run_result run = pack();
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.output, std::string(outside) +
@@ -141,7 +141,7 @@ TEST_F(Pack, ShowsWarningsAndGoesOn) {
 }
 
 TEST_F(Pack, TreatsWarningsAsErrorsOnRequest) {
-  folder.write("in/net.h", std::string(header) + "#define net_dagbin_start 9\n");
+  folder.write("in/net.h", std::string(net_header) + "#define net_dagbin_start 9\n");
   const std::string reason = "morvane: in: 0 errors, 1 warning: nothing is packed\n";
   expect_refused({"--werror"}, 1, outside, reason);
   expect_refused({"--werror", "--quiet"}, 1, outside, reason);
@@ -185,7 +185,7 @@ TEST_F(Pack, RefusesAShortImage) {
 }
 
 TEST_F(Pack, RefusesAFolderWhoseCountsDisagree) {
-  folder.write("in/net.h", std::string("/* net HMB_input early */\n") + header);
+  folder.write("in/net.h", std::string("/* net HMB_input early */\n") + net_header);
   expect_refused({}, 1,
                  "in/net.h:1:18: error: input early is packed, but not counted: it must "
                  "come after line 2, which names the DAG [miscounted-port]\n",
@@ -237,7 +237,7 @@ TEST_F(Pack, WritesADependencyFile) {
 
 TEST_F(Pack, RefusesADependencyFileForAPathWithALineBreak) {
   folder.write("a\nb/net.dvi", "image");
-  folder.write("a\nb/net.h", header);
+  folder.write("a\nb/net.h", net_header);
   const run_result run =
       run_morvane({"pack", "a\nb", "-o", "new.bin", "--depfile", "net.d"}, folder.path());
   EXPECT_EQ(run.status, 2);

@@ -62,7 +62,7 @@ counted_package extreme(const record_counts& counts, char byte) {
 }
 
 /// The page of a package, compared with an older one if that has bytes.
-std::string page_of(const std::string& package, const std::string& old_package = {}) {
+std::string sized_page(const std::string& package, const std::string& old_package = {}) {
   const scratch_folder folder;
   folder.write("net.bin", package);
   folder.write("old.bin", old_package);
@@ -93,7 +93,7 @@ constexpr std::array hostile_bytes{'n', '<', '\xFF', '\x01'};
 
 void expect_limit(const record_counts& counts, char byte) {
   const counted_package package = extreme(counts, byte);
-  const std::string page = page_of(package.bytes);
+  const std::string page = sized_page(package.bytes);
   EXPECT_LE(page.size(), most_bytes(package.dvis_and_ports))
       << int{byte} << ' ' << counts.dvis << ' ' << counts.inputs;
   EXPECT_EQ(count_of(page, "<details class=\"dvi\""), counts.dvis);
@@ -125,13 +125,14 @@ TEST(ReportSize, HasALimitForPackagesThatDifferInEverything) {
       const counted_package package = extreme(counts, byte);
       const counted_package old_package =
           extreme({counts.dvis + 1, counts.outputs, counts.inputs, counts.smbs, 1}, 'o');
-      EXPECT_LE(page_of(package.bytes, old_package.bytes).size(),
+      EXPECT_LE(sized_page(package.bytes, old_package.bytes).size(),
                 most_bytes(package.dvis_and_ports + old_package.dvis_and_ports));
-      EXPECT_LE(page_of(package.bytes, header(0)).size(), most_bytes(package.dvis_and_ports));
+      EXPECT_LE(sized_page(package.bytes, header(0)).size(), most_bytes(package.dvis_and_ports));
     }
   }
   const counted_package bigger = extreme({300, 1, 1, 1, 1}, 'o');
-  EXPECT_LE(page_of(sound_package(), bigger.bytes).size(), most_bytes(6 + bigger.dvis_and_ports));
+  EXPECT_LE(sized_page(sound_package(), bigger.bytes).size(),
+            most_bytes(6 + bigger.dvis_and_ports));
 }
 
 /// A DVI without ports that has records with short names.
@@ -148,7 +149,7 @@ std::string with_records(std::uint32_t variables, std::uint32_t smbs) {
 }
 
 TEST(ReportSize, LeavesOutRecordsThatHaveNoRoomAndSaysHowMany) {
-  const std::string page = page_of(with_records(5000, 3000));
+  const std::string page = sized_page(with_records(5000, 3000));
   EXPECT_LE(page.size(), most_bytes(1));
   EXPECT_GE(page.size(), most_bytes(1) - 256);
   const std::size_t shown = count_of(page, "<tr><th scope=\"row\"><bdi>v");
@@ -165,14 +166,14 @@ TEST(ReportSize, LeavesOutRecordsThatHaveNoRoomAndSaysHowMany) {
 }
 
 TEST(ReportSize, ShowsAllRecordsThatHaveRoom) {
-  const std::string page = page_of(with_records(30, 10));
+  const std::string page = sized_page(with_records(30, 10));
   EXPECT_EQ(count_of(page, "<tr><th scope=\"row\"><bdi>v"), 30U);
   EXPECT_EQ(count_of(page, "<tr><th scope=\"row\"><bdi>s"), 10U);
   EXPECT_EQ(page.find("left out"), std::string::npos);
 }
 
 TEST(ReportSize, LeavesOutDvisInPicturesWhenTheyHaveNoPorts) {
-  const std::string page = page_of(extreme({40, 0, 0, 3, 3}, 'n').bytes);
+  const std::string page = sized_page(extreme({40, 0, 0, 3, 3}, 'n').bytes);
   EXPECT_NE(page.find(" DVIs are left out here; the tables show all.</p>"), std::string::npos);
   EXPECT_EQ(count_of(page, "<details class=\"dvi\""), 40U);
   // Every link leads to a place of the page.

@@ -13,7 +13,7 @@ namespace {
 
 /// Packs one DVI with a DAG name and these lines as its header, with vproc records. Returns the
 /// bytes of the package after its table.
-std::string packed(std::string_view lines) {
+std::string packed_lines(std::string_view lines) {
   const scratch_folder folder;
   put_dag(folder, "net", dag_lines("net") + std::string(lines));
   EXPECT_EQ(run_tool({"-d", "in", "-f", "net.bin", "-c"}, folder.path()).status, 0);
@@ -78,8 +78,8 @@ TEST(LineLimit, OfThePortBlocks) {
   const std::string last = "#define net_a_H 2";
   const auto lines = [&](std::size_t first_length, std::size_t inner_length,
                          std::size_t last_length) {
-    return packed(padded(intro, first_length) + "\n" + padded(macro, inner_length) + "\n" +
-                  padded(last, last_length));
+    return packed_lines(padded(intro, first_length) + "\n" + padded(macro, inner_length) + "\n" +
+                        padded(last, last_length));
   };
   expect_bytes(lines(1023, 1023, 1023), port_record({.port_name = "a", .H = 2, .W = 1}) + no_vproc);
   expect_bytes(lines(1024, 20, 20), no_vproc);
@@ -90,9 +90,9 @@ TEST(LineLimit, OfThePortBlocks) {
 TEST(LineLimit, OfTheVariableBlocks) {
   const auto lines = [](std::size_t first_length, std::size_t inner_length,
                         std::size_t last_length) {
-    return packed(padded("/* $x */", first_length) + "\n" +
-                  padded("#define x_boffset 1", inner_length) + "\n" +
-                  padded("#define x_bsize 2", last_length));
+    return packed_lines(padded("/* $x */", first_length) + "\n" +
+                        padded("#define x_boffset 1", inner_length) + "\n" +
+                        padded("#define x_bsize 2", last_length));
   };
   expect_bytes(lines(1023, 1023, 1023), vproc_record(1, 0, 136) + variable_record("x", 1, 2));
   expect_bytes(lines(1024, 20, 20), no_vproc);
@@ -102,8 +102,8 @@ TEST(LineLimit, OfTheVariableBlocks) {
 
 TEST(LineLimit, OfTheSmbBlocks) {
   const auto lines = [](std::size_t first_length, std::size_t last_length) {
-    return packed(padded("/* SMB_input s */", first_length) + "\n" +
-                  padded("#define net_s_vbase_byte_offset 1", last_length));
+    return packed_lines(padded("/* SMB_input s */", first_length) + "\n" +
+                        padded("#define net_s_vbase_byte_offset 1", last_length));
   };
   expect_bytes(lines(1023, 1023), vproc_record(0, 1, 132) + smb_record("s", 1));
   expect_bytes(lines(1024, 40), no_vproc);
@@ -112,36 +112,37 @@ TEST(LineLimit, OfTheSmbBlocks) {
 
 TEST(LastLineWithoutLineBreak, MayBeTheNextPort) {
   expect_bytes(
-      packed("/* HMB_input a */\n#define net_a_W 1\n/* HMB_input b */"),
+      packed_lines("/* HMB_input a */\n#define net_a_W 1\n/* HMB_input b */"),
       port_record({.port_name = "a", .W = 1}) + port_record({.port_name = "b"}) + no_vproc);
-  expect_bytes(packed("/* HMB_output a */\n/* HMB_output b */"),
+  expect_bytes(packed_lines("/* HMB_output a */\n/* HMB_output b */"),
                port_record({.port_name = "a"}) + port_record({.port_name = "b"}) + no_vproc);
 }
 
 TEST(LastLineWithoutLineBreak, MayBeTheNextVariable) {
-  expect_bytes(packed("/* $x */\n#define x_bsize 1\n/* $y */"),
+  expect_bytes(packed_lines("/* $x */\n#define x_bsize 1\n/* $y */"),
                vproc_record(2, 0, 272) + variable_record("x", 0, 1) + variable_record("y", 0, 0));
 }
 
 TEST(LastLineWithoutLineBreak, MayBeTheNextSmb) {
-  expect_bytes(packed("/* SMB_input s */\n#define net_s_vbase_byte_offset 1\n/* SMB_input t */"),
-               vproc_record(0, 2, 264) + smb_record("s", 1) + smb_record("t", 0));
+  expect_bytes(
+      packed_lines("/* SMB_input s */\n#define net_s_vbase_byte_offset 1\n/* SMB_input t */"),
+      vproc_record(0, 2, 264) + smb_record("s", 1) + smb_record("t", 0));
 }
 
 TEST(LastLineWithoutLineBreak, MayHoldTheLastMacroOfABlock) {
-  expect_bytes(packed("/* HMB_input a */\n#define net_a_W 12"),
+  expect_bytes(packed_lines("/* HMB_input a */\n#define net_a_W 12"),
                port_record({.port_name = "a", .W = 12}) + no_vproc);
-  expect_bytes(packed("/* $x */\n#define x_bsize 12"),
+  expect_bytes(packed_lines("/* $x */\n#define x_bsize 12"),
                vproc_record(1, 0, 136) + variable_record("x", 0, 12));
-  expect_bytes(packed("/* SMB_input s */\n#define net_s_vbase_byte_offset 12"),
+  expect_bytes(packed_lines("/* SMB_input s */\n#define net_s_vbase_byte_offset 12"),
                vproc_record(0, 1, 132) + smb_record("s", 12));
 }
 
 TEST(CrLfLines, GiveTheSameRecordsWhereNoNameEndsALine) {
-  expect_bytes(packed("/* HMB_input a */\r\n#define net_a_W 1\r\n\r\n#define net_a_H 2\r\n"
-                      "/* HMB_output b */\r\n#define net_b_qubrix_demangled_name \"x/y\"\r\n"
-                      "/* $x */\r\n#define x_boffset 3\r\n#define x_bsize 4\r\n"
-                      "/* SMB_input s */\r\n#define net_s_vbase_byte_offset 5\r\n"),
+  expect_bytes(packed_lines("/* HMB_input a */\r\n#define net_a_W 1\r\n\r\n#define net_a_H 2\r\n"
+                            "/* HMB_output b */\r\n#define net_b_qubrix_demangled_name \"x/y\"\r\n"
+                            "/* $x */\r\n#define x_boffset 3\r\n#define x_bsize 4\r\n"
+                            "/* SMB_input s */\r\n#define net_s_vbase_byte_offset 5\r\n"),
                port_record({.port_name = "a", .H = 2, .W = 1}) +
                    port_record({.port_name = "b", .layer_name = "x/y"}) + vproc_record(1, 1, 268) +
                    variable_record("x", 3, 4) + smb_record("s", 5));

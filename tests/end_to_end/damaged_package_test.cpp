@@ -9,12 +9,12 @@
 namespace morvane::test {
 namespace {
 
-const std::vector<std::string> inspect = {"-f", "net.bin", "-v", "-c"};
+const std::vector<std::string> inspect_damaged = {"-f", "net.bin", "-v", "-c"};
 
 constexpr int killed_by_abort = 128 + 6;
 
 constexpr const char* first_line = "version 2.1.6 ( HASH b3b3814 ) dvi_num: 1\n\n";
-constexpr const char* folder_line = ".dvi files are parsed to folder .//parse\n\n";
+constexpr const char* damaged_folder_line = ".dvi files are parsed to folder .//parse\n\n";
 
 struct table_fields {
   std::string size = "0";
@@ -45,7 +45,7 @@ std::string zero_port_line(const std::string& id, const std::string& names) {
 
 run_result inspected(const scratch_folder& folder, const std::string& package) {
   folder.write("net.bin", package);
-  return run_tool(inspect, folder.path());
+  return run_tool(inspect_damaged, folder.path());
 }
 
 TEST(CutPackage, WithoutAWholeHeaderReadsAsZeros) {
@@ -57,7 +57,7 @@ TEST(CutPackage, WithoutAWholeHeaderReadsAsZeros) {
                            "\n"
                            "\n"
                            "error: fail to parse file net.bin\n") +
-                   folder_line);
+                   damaged_folder_line);
     EXPECT_TRUE(folder.exists("parse"));
     expect_files(folder.files("parse"), {});
   }
@@ -68,7 +68,7 @@ TEST(CutPackage, WithoutATableHasDvisOfZeros) {
   const table_fields dvi = {.name = ""};
   expect_run(inspected(folder, package_header(2)), 1,
              "version 2.1.6 ( HASH b3b3814 ) dvi_num: 2\n\n" + table_line(dvi) + table_line(dvi) +
-                 "\n" + heading(dvi) + "\n" + heading(dvi) + "\n" + folder_line);
+                 "\n" + heading(dvi) + "\n" + heading(dvi) + "\n" + damaged_folder_line);
   expect_files(folder.files("parse"), {{".dvi", ""},
                                        {"_.h",
                                         "#define\t_DAG_NAME\t\"\"\n"
@@ -89,11 +89,11 @@ TEST(CutPackage, KeepsWhatCameOfACutDvi) {
   expect_run(inspected(folder, package_header(1) + dvi_record({.dag_name = "net"}).substr(0, 30)),
              1,
              first_line + table_line({.name = "ne"}) + "\n" + heading({.name = "ne"}) + "\n" +
-                 folder_line);
+                 damaged_folder_line);
   const table_fields half = {.size = "4096", .name = ""};
   expect_run(
       inspected(folder, package_header(1) + dvi_record({.img_size = 0x11001000}).substr(0, 10)), 1,
-      first_line + table_line(half) + "\n" + heading(half) + "\n" + folder_line);
+      first_line + table_line(half) + "\n" + heading(half) + "\n" + damaged_folder_line);
 }
 
 TEST(CutPackage, KeepsWhatCameOfACutPort) {
@@ -108,7 +108,7 @@ TEST(CutPackage, KeepsWhatCameOfACutPort) {
       1,
       first_line + table_line(dvi) + "\n" + heading(dvi) + zero_port_line("input_id: 0", "data\t") +
           zero_port_line("input_id: 1", "da\t") + zero_port_line("output_id: 0", "\t") + "\n" +
-          folder_line);
+          damaged_folder_line);
 }
 
 TEST(CutPackage, WritesWhatCameOfACutImage) {
@@ -116,7 +116,7 @@ TEST(CutPackage, WritesWhatCameOfACutImage) {
   const table_fields dvi = {.size = "1000"};
   expect_run(inspected(folder, package_header(1) +
                                    dvi_record({.img_size = 1000, .dag_name = "net"}) + "image"),
-             1, first_line + table_line(dvi) + "\n" + heading(dvi) + "\n" + folder_line);
+             1, first_line + table_line(dvi) + "\n" + heading(dvi) + "\n" + damaged_folder_line);
   EXPECT_EQ(folder.read("parse/net.dvi"), "image");
 }
 
@@ -126,7 +126,7 @@ TEST(CutPackage, FewerThanFourBytesAreNoVprocSection) {
     SCOPED_TRACE(length);
     const scratch_folder folder;
     expect_run(inspected(folder, package + vproc_record(1, 1, 0).substr(0, length)), 1,
-               first_line + table_line({}) + "\n" + heading({}) + "\n" + folder_line);
+               first_line + table_line({}) + "\n" + heading({}) + "\n" + damaged_folder_line);
   }
 }
 
@@ -142,7 +142,7 @@ TEST(CutPackage, FourBytesAreAVprocSectionWithAVariableOfZeros) {
                  "var: \t boffset = 0\t bsize = 0\n"
                  "\n"
                  "\n" +
-                 folder_line);
+                 damaged_folder_line);
 }
 
 TEST(CutPackage, KeepsWhatCameOfACutVariableAndOfACutSmb) {
@@ -160,7 +160,7 @@ TEST(CutPackage, KeepsWhatCameOfACutVariableAndOfACutSmb) {
                  "\n"
                  "smb_id: 0\t vbase_byte_offset: 0\t smb_name: \n"
                  "\n" +
-                 folder_line);
+                 damaged_folder_line);
   expect_run(inspected(folder, package + vproc_record(0, 1, 0) + smb_record("lut", 5).substr(0, 2)),
              1,
              first_line + table_line({}) + "\n" + heading({}) +
@@ -170,14 +170,14 @@ TEST(CutPackage, KeepsWhatCameOfACutVariableAndOfACutSmb) {
                  "\n"
                  "smb_id: 0\t vbase_byte_offset: 0\t smb_name: lu\n"
                  "\n" +
-                 folder_line);
+                 damaged_folder_line);
 }
 
 TEST(CutPackage, OfAFailedPackRunIsInspectedAsFarAsItGoes) {
   const scratch_folder folder;
   const table_fields dvi = {.size = "5"};
   expect_run(inspected(folder, package_header(1) + dvi_record({.img_size = 5, .dag_name = "net"})),
-             1, first_line + table_line(dvi) + "\n" + heading(dvi) + "\n" + folder_line);
+             1, first_line + table_line(dvi) + "\n" + heading(dvi) + "\n" + damaged_folder_line);
   EXPECT_EQ(folder.read("parse/net.dvi"), "");
 }
 
@@ -186,7 +186,8 @@ TEST(ClaimedImage, OfTwoGigabytesTakesNoMemory) {
   const table_fields dvi = {.size = "2147483647"};
   const run_result run = inspected(
       folder, package_header(1) + dvi_record({.img_size = 2147483647, .dag_name = "net"}));
-  expect_run(run, 1, first_line + table_line(dvi) + "\n" + heading(dvi) + "\n" + folder_line);
+  expect_run(run, 1,
+             first_line + table_line(dvi) + "\n" + heading(dvi) + "\n" + damaged_folder_line);
   EXPECT_LT(run.peak_kib, 512 * 1024);
 }
 

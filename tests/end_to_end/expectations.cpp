@@ -27,6 +27,10 @@ std::string content_of(const fs::path& path) {
 
 }  // namespace
 
+std::string saved(const std::string& size) {
+  return "Save to file net.bin with file size " + size + ".\n\n";
+}
+
 void expect_run(const run_result& run, int status, std::string_view output) {
   EXPECT_EQ(run.status, status);
   EXPECT_EQ(run.output, output);

@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "harness/run_tool.h"
 
@@ -11,6 +12,22 @@ namespace morvane::test {
 
 /// The content of files by their paths in a folder.
 using folder_content = std::map<std::string, std::string>;
+
+/// The pack run of most tests: the folder "in" becomes "net.bin".
+inline const std::vector<std::string> pack = {"-d", "in", "-f", "net.bin"};
+inline const std::vector<std::string> pack_with_vproc = {"-d", "in", "-f", "net.bin", "-c"};
+
+/// The message when the numbers of images and headers differ.
+inline constexpr const char* counts_differ =
+    "error: number of DVI files doesn't match that of Header files.\n";
+
+/// The warnings about a header "in/_net.h" without ports.
+inline const std::string no_ports =
+    "warning: fail to find HMB input info in in/_net.h\n"
+    "warning: fail to find HMB output info in in/_net.h\n";
+
+/// The closing message of a pack run.
+std::string saved(const std::string& size);
 
 /// Checks the exit status and the whole standard output of a run.
 void expect_run(const run_result& run, int status, std::string_view output);

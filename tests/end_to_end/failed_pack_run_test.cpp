@@ -12,11 +12,6 @@
 namespace morvane::test {
 namespace {
 
-const std::vector<std::string> pack = {"-d", "in", "-f", "net.bin"};
-const std::vector<std::string> pack_with_vproc = {"-d", "in", "-f", "net.bin", "-c"};
-
-constexpr const char* counts_differ =
-    "error: number of DVI files doesn't match that of Header files.\n";
 constexpr const char* nothing_found = "error: can't find matched .dvi files and .h files\n";
 
 // A header with one input and one output port, and the package up to the end of its DVI's block, if

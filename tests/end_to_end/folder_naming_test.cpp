@@ -12,18 +12,9 @@
 namespace morvane::test {
 namespace {
 
-const std::vector<std::string> pack = {"-d", "in", "-f", "net.bin"};
-
-constexpr const char* counts_differ =
-    "error: number of DVI files doesn't match that of Header files.\n";
-
-std::string no_ports(const std::string& header) {
+std::string no_ports_in(const std::string& header) {
   return "warning: fail to find HMB input info in in/" + header +
          "\nwarning: fail to find HMB output info in in/" + header + "\n";
-}
-
-std::string saved(const std::string& size) {
-  return "Save to file net.bin with file size " + size + ".\n\n";
 }
 
 std::string missing(const std::string& header) {
@@ -43,9 +34,9 @@ TEST(FolderNaming, ADviMayBeSpelledInAnyCase) {
   folder.write("in/b_split_1.h", dag_lines("b"));
   folder.write("in/c_split_2.Dvi", "");
   folder.write("in/c_split_2.h", dag_lines("c"));
-  expect_run(
-      run_tool(pack, folder.path()), 0,
-      no_ports("a_split_0.h") + no_ports("b_split_1.h") + no_ports("c_split_2.h") + saved("480"));
+  expect_run(run_tool(pack, folder.path()), 0,
+             no_ports_in("a_split_0.h") + no_ports_in("b_split_1.h") + no_ports_in("c_split_2.h") +
+                 saved("480"));
   expect_bytes(folder.read("net.bin"),
                package_header(3) + dvi_record({.dag_name = "a"}) +
                    dvi_record({.dvi_id = 1, .vproc_id = 1, .dag_name = "b"}) +
@@ -68,7 +59,7 @@ TEST(FolderNaming, DvisOfEqualIndexKeepTheOrderOfTheFolder) {
   const std::string first = order.substr(0, 1);
   const std::string second = order.substr(1);
   expect_run(run_tool(pack, folder.path()), 0,
-             no_ports(first + ".h") + no_ports(second + ".h") + saved("324"));
+             no_ports_in(first + ".h") + no_ports_in(second + ".h") + saved("324"));
   expect_bytes(folder.read("net.bin"), package_header(2) + dvi_record({.dag_name = first}) +
                                            dvi_record({.vproc_id = 1, .dag_name = second}));
 }
@@ -78,7 +69,7 @@ TEST(FolderNaming, HeadersWithUnderscoreWinWhenEveryDviHasOne) {
   folder.write("in/a.dvi", "");
   folder.write("in/_a.h", dag_lines("marked"));
   folder.write("in/a.h", dag_lines("plain"));
-  expect_run(run_tool(pack, folder.path()), 0, no_ports("_a.h") + saved("168"));
+  expect_run(run_tool(pack, folder.path()), 0, no_ports_in("_a.h") + saved("168"));
   expect_bytes(folder.read("net.bin"), package_header(1) + dvi_record({.dag_name = "marked"}));
 }
 
@@ -91,7 +82,7 @@ TEST(FolderNaming, HeadersWithUnderscoreAreNotUsedWhenOneIsMissing) {
   expect_run(run_tool(pack, folder.path()), 255, missing("a_split_0.h") + counts_differ);
   folder.write("in/a_split_0.h", dag_lines("plain"));
   expect_run(run_tool(pack, folder.path()), 0,
-             no_ports("a_split_0.h") + no_ports("b_split_1.h") + saved("324"));
+             no_ports_in("a_split_0.h") + no_ports_in("b_split_1.h") + saved("324"));
 }
 
 TEST(FolderNaming, HeadersAreFoundInTheDvisOwnCase) {
@@ -111,7 +102,7 @@ TEST(FolderNaming, OnlyTheLastExtensionIsCutOff) {
   folder.write("in/a.b.dvi", "");
   folder.write("in/_a.b.h", dag_lines("net"));
   folder.write("in/_a.h", dag_lines("wrong"));
-  expect_run(run_tool(pack, folder.path()), 0, no_ports("_a.b.h") + saved("168"));
+  expect_run(run_tool(pack, folder.path()), 0, no_ports_in("_a.b.h") + saved("168"));
   expect_bytes(folder.read("net.bin"), package_header(1) + dvi_record({.dag_name = "net"}));
 }
 
@@ -119,7 +110,7 @@ TEST(FolderNaming, ANameThatIsOnlyAnExtensionHasAnEmptyStem) {
   const scratch_folder folder;
   folder.write("in/.dvi", "");
   folder.write("in/_.h", dag_lines("net"));
-  expect_run(run_tool(pack, folder.path()), 0, no_ports("_.h") + saved("168"));
+  expect_run(run_tool(pack, folder.path()), 0, no_ports_in("_.h") + saved("168"));
 }
 
 TEST(FolderNaming, OtherFilesAreIgnored) {
@@ -131,7 +122,7 @@ TEST(FolderNaming, OtherFilesAreIgnored) {
   }
   folder.make_folder("in/parse");
   folder.write("in/parse/inner.dvi", "");
-  expect_run(run_tool(pack, folder.path()), 0, no_ports("_net.h") + saved("168"));
+  expect_run(run_tool(pack, folder.path()), 0, no_ports_in("_net.h") + saved("168"));
 }
 
 TEST(FolderNaming, ADviWithoutItsIndexIsReportedAndLeftOut) {
@@ -139,7 +130,7 @@ TEST(FolderNaming, ADviWithoutItsIndexIsReportedAndLeftOut) {
   put_dag(folder, "net", dag_lines("net"));
   put_dag(folder, "dag0_split_", dag_lines("wrong"));
   expect_run(run_tool(pack, folder.path()), 0,
-             no_index("dag0_split_.dvi") + no_ports("_net.h") + saved("168"));
+             no_index("dag0_split_.dvi") + no_ports_in("_net.h") + saved("168"));
   expect_bytes(folder.read("net.bin"), package_header(1) + dvi_record({.dag_name = "net"}));
 }
 
@@ -153,7 +144,7 @@ TEST(FolderNaming, AFolderOfNothingButUnindexedDvisHoldsNone) {
 TEST(FolderNaming, TheIndexIsNotReadAcrossAnEarlierExtension) {
   const scratch_folder folder;
   put_dag(folder, "a1.dvi_split_2", dag_lines("net"));
-  expect_run(run_tool(pack, folder.path()), 0, no_ports("_a1.dvi_split_2.h") + saved("168"));
+  expect_run(run_tool(pack, folder.path()), 0, no_ports_in("_a1.dvi_split_2.h") + saved("168"));
   expect_bytes(folder.read("net.bin"), package_header(1) + dvi_record({.dag_name = "net"}));
 }
 
@@ -175,7 +166,7 @@ TEST(FolderNaming, NamesOf127CharactersAreTakenAndLongerOnesReportedOnce) {
   const std::string long_dvi = std::string(124, 'l') + ".dvi";
   folder.write("in/" + long_dvi, "");
   expect_run(run_tool(pack, folder.path()), 0,
-             length_message("FILENAME", long_dvi) + no_ports("_" + stem + ".h") + saved("168"));
+             length_message("FILENAME", long_dvi) + no_ports_in("_" + stem + ".h") + saved("168"));
   expect_bytes(folder.read("net.bin"), package_header(1) + dvi_record({.dag_name = "net"}));
 }
 
@@ -185,7 +176,7 @@ TEST(FolderNaming, AnyFileWithALongNameIsReported) {
   const std::string notes(128, 'n');
   folder.write("in/" + notes, "");
   expect_run(run_tool(pack, folder.path()), 0,
-             length_message("FILENAME", notes) + no_ports("_net.h") + saved("168"));
+             length_message("FILENAME", notes) + no_ports_in("_net.h") + saved("168"));
 }
 
 }  // namespace

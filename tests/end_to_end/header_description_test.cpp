@@ -11,8 +11,8 @@ namespace morvane::test {
 namespace {
 
 /// Packs one DVI with this header, and returns the package without its package header.
-std::string packed(std::string_view header, std::string_view image = "",
-                   const std::vector<std::string>& options = {}) {
+std::string packed_header(std::string_view header, std::string_view image = "",
+                          const std::vector<std::string>& options = {}) {
   const scratch_folder folder;
   put_dag(folder, "net", header, image);
   std::vector<std::string> arguments = {"-d", "in", "-f", "net.bin"};
@@ -24,16 +24,16 @@ std::string packed(std::string_view header, std::string_view image = "",
 /// The same with vproc records. Returns the bytes after the DVI's record. The DVI has no ports and
 /// no image.
 std::string packed_vproc(std::string_view header) {
-  return packed(header, "", {"-c"}).substr(156);
+  return packed_header(header, "", {"-c"}).substr(156);
 }
 
 TEST(DagDescription, IsReadFromItsMacros) {
-  expect_bytes(packed("#define net_DAG_NAME \"net\"\n"
-                      "#define net_use_ping_pong_vmem 257 /* cut to 8 bits */\n"
-                      "#define net_image_start 4294967298 /* cut to 32 bits */\n"
-                      "#define net_image_size 5\n"
-                      "#define net_dagbin_start -2\n",
-                      "image"),
+  expect_bytes(packed_header("#define net_DAG_NAME \"net\"\n"
+                             "#define net_use_ping_pong_vmem 257 /* cut to 8 bits */\n"
+                             "#define net_image_start 4294967298 /* cut to 32 bits */\n"
+                             "#define net_image_size 5\n"
+                             "#define net_dagbin_start -2\n",
+                             "image"),
                dvi_record({.ppv = 1,
                            .img_vaddr = 2,
                            .img_size = 5,
@@ -44,13 +44,13 @@ TEST(DagDescription, IsReadFromItsMacros) {
 }
 
 TEST(DagDescription, CountsLinesThatNamePorts) {
-  expect_bytes(packed("#define dag0_DAG_NAME dag0\n"
-                      "/* dag0 HMB_input a */\n"
-                      "/* dag0 HMB_input b */\n"
-                      "/* dag0 HMB_output c */\n"
-                      "/* HMB_input */\n"
-                      "#define dag0_image_size 4096\n",
-                      std::string(4096, 'i'))
+  expect_bytes(packed_header("#define dag0_DAG_NAME dag0\n"
+                             "/* dag0 HMB_input a */\n"
+                             "/* dag0 HMB_input b */\n"
+                             "/* dag0 HMB_output c */\n"
+                             "/* HMB_input */\n"
+                             "#define dag0_image_size 4096\n",
+                             std::string(4096, 'i'))
                    .substr(0, 156),
                dvi_record({.img_size = 4096,
                            .input_num = 2,
@@ -60,64 +60,66 @@ TEST(DagDescription, CountsLinesThatNamePorts) {
 }
 
 TEST(DagDescription, IgnoresWhatStandsBeforeTheName) {
-  expect_bytes(packed("#define net_image_size 5\n"
-                      "/* HMB_input early */\n"
-                      "#define net_DAG_NAME net\n"
-                      "#define net_image_start 7\n")
+  expect_bytes(packed_header("#define net_image_size 5\n"
+                             "/* HMB_input early */\n"
+                             "#define net_DAG_NAME net\n"
+                             "#define net_image_start 7\n")
                    .substr(0, 156),
                dvi_record({.img_vaddr = 7, .dag_name = "net"}));
 }
 
 TEST(DagDescription, KeepsTheFirstNameAndTheLastValues) {
-  expect_bytes(packed("#define net_DAG_NAME net\n"
-                      "#define other_DAG_NAME other\n"
-                      "#define other_image_start 3\n"
-                      "#define net_image_start 1\n"
-                      "#define net_image_start 2\n"),
+  expect_bytes(packed_header("#define net_DAG_NAME net\n"
+                             "#define other_DAG_NAME other\n"
+                             "#define other_image_start 3\n"
+                             "#define net_image_start 1\n"
+                             "#define net_image_start 2\n"),
                dvi_record({.img_vaddr = 2, .dag_name = "net"}));
 }
 
 TEST(DagDescription, ReadsNumbersAsDecimalOnly) {
-  expect_bytes(packed("#define net_DAG_NAME net\n"
-                      "#define net_image_start 0x1000\n"
-                      "#define net_dagbin_start +12abc\n"
-                      "#define net_image_size many\n"),
+  expect_bytes(packed_header("#define net_DAG_NAME net\n"
+                             "#define net_image_start 0x1000\n"
+                             "#define net_dagbin_start +12abc\n"
+                             "#define net_image_size many\n"),
                dvi_record({.dag_vaddr = 12, .dag_name = "net"}));
-  expect_bytes(packed("#define net_DAG_NAME net\n"
-                      "#define net_image_start 99999999999999999999\n"
-                      "#define net_dagbin_start -99999999999999999999\n"),
+  expect_bytes(packed_header("#define net_DAG_NAME net\n"
+                             "#define net_image_start 99999999999999999999\n"
+                             "#define net_dagbin_start -99999999999999999999\n"),
                dvi_record({.img_vaddr = 0xFFFFFFFF, .dag_vaddr = 0, .dag_name = "net"}));
 }
 
 TEST(DagDescription, FindsItsKeysAnywhereOnALine) {
-  expect_bytes(packed("see S_DAG_NAMES q\n"
-                      "#define S_image_starting 5\n"
-                      "xS_dagbin_start=6\n"),
+  expect_bytes(packed_header("see S_DAG_NAMES q\n"
+                             "#define S_image_starting 5\n"
+                             "xS_dagbin_start=6\n"),
                dvi_record({.dag_vaddr = 6, .dag_name = "S"}));
 }
 
 TEST(DagDescription, OfAHeaderWithoutNameIsEmpty) {
-  expect_bytes(packed("#define net_DAG_NAME\n#define net_dag_name net\n#define _image_size 5\n"),
-               dvi_record({}));
+  expect_bytes(
+      packed_header("#define net_DAG_NAME\n#define net_dag_name net\n#define _image_size 5\n"),
+      dvi_record({}));
 }
 
 TEST(DagDescription, OfACrLfHeaderKeepsTheCarriageReturnOfAnUnquotedName) {
-  expect_bytes(packed("#define net_DAG_NAME net\r\n#define net_image_start 7\r\n"),
+  expect_bytes(packed_header("#define net_DAG_NAME net\r\n#define net_image_start 7\r\n"),
                dvi_record({.dag_name = "net\r"}));
-  expect_bytes(packed("#define net_DAG_NAME \"net\"\r\n#define net_image_start 7\r\n"),
+  expect_bytes(packed_header("#define net_DAG_NAME \"net\"\r\n#define net_image_start 7\r\n"),
                dvi_record({.img_vaddr = 7, .dag_name = "net"}));
-  expect_bytes(packed("#define net_DAG_NAME net /**/\r\n#define net_image_start \r7\r\n"),
+  expect_bytes(packed_header("#define net_DAG_NAME net /**/\r\n#define net_image_start \r7\r\n"),
                dvi_record({.img_vaddr = 7, .dag_name = "net"}));
 }
 
 TEST(DagDescription, TakesHighBytesAndEndsALineAtANul) {
   const std::string nul(1, '\0');
-  expect_bytes(packed("#define n_DAG_NAME n\xC3\xA9t\xFF\n#define n\xC3\xA9t\xFF_image_start 7\n"),
-               dvi_record({.img_vaddr = 7, .dag_name = "n\xC3\xA9t\xFF"}));
-  expect_bytes(packed("#define net_DAG_NAME net" + nul + "work\n" +  //
-                      "#define net_image_start " + nul + " 7\n" +    //
-                      "#define net_dagbin_start 1" + nul + "2\n" +   //
-                      nul + " #define net_use_ping_pong_vmem 1\n"),
+  expect_bytes(
+      packed_header("#define n_DAG_NAME n\xC3\xA9t\xFF\n#define n\xC3\xA9t\xFF_image_start 7\n"),
+      dvi_record({.img_vaddr = 7, .dag_name = "n\xC3\xA9t\xFF"}));
+  expect_bytes(packed_header("#define net_DAG_NAME net" + nul + "work\n" +  //
+                             "#define net_image_start " + nul + " 7\n" +    //
+                             "#define net_dagbin_start 1" + nul + "2\n" +   //
+                             nul + " #define net_use_ping_pong_vmem 1\n"),
                dvi_record({.dag_vaddr = 1, .dag_name = "net"}));
 }
 

@@ -10,9 +10,6 @@
 namespace morvane::test {
 namespace {
 
-const std::vector<std::string> pack = {"-d", "in", "-f", "net.bin"};
-const std::vector<std::string> pack_with_vproc = {"-d", "in", "-f", "net.bin", "-c"};
-
 constexpr const char* disordered =
     "error: files in input folder are disordered.\n"
     "error: number of DVI files doesn't match that of Header files.\n";

@@ -14,20 +14,14 @@
 namespace morvane::test {
 namespace {
 
-const std::vector<std::string> pack_with_vproc = {"-d", "in", "-f", "net.bin", "-c"};
-
 const std::string no_inputs = "warning: fail to find HMB input info in in/_net.h\n";
 const std::string no_outputs = "warning: fail to find HMB output info in in/_net.h\n";
 const std::string no_variables =
     "warning: fail to find vproc self-defined variables in in/_net.h\n";
 
-std::string saved(const std::string& size) {
-  return "Save to file net.bin with file size " + size + ".\n\n";
-}
-
 /// Packs one DVI with this header, checks the output, and returns the bytes of the package after
 /// its table.
-std::string packed(std::string_view header, std::string_view output) {
+std::string expect_packed_lines(std::string_view header, std::string_view output) {
   const scratch_folder folder;
   put_dag(folder, "net", header);
   expect_run(run_tool(pack_with_vproc, folder.path()), 0, output);
@@ -38,109 +32,115 @@ const std::string line_1200(1200, 'x');
 const std::string message = length_message("LINE_LEN", line_1200);
 
 TEST(OverlongLine, BeforeTheDagNameIsReportedByAllSevenReadings) {
-  packed(line_1200 + "\n" + dag_lines("net"),
-         message + message +                               // duplicate names, DAG
-             message + message + no_inputs + no_outputs +  // input ports, output ports
-             message + message + message + no_variables + saved("180"));  // vproc
+  expect_packed_lines(line_1200 + "\n" + dag_lines("net"),
+                      message + message +                               // duplicate names, DAG
+                          message + message + no_inputs + no_outputs +  // input ports, output ports
+                          message + message + message + no_variables + saved("180"));  // vproc
 }
 
 TEST(OverlongLine, AfterTheDagNameIsReportedBySixReadings) {
-  packed(dag_lines("net") + line_1200 + "\n", message + message + message + no_inputs + no_outputs +
-                                                  message + message + message + no_variables +
-                                                  saved("180"));
+  expect_packed_lines(dag_lines("net") + line_1200 + "\n",
+                      message + message + message + no_inputs + no_outputs + message + message +
+                          message + no_variables + saved("180"));
 }
 
 TEST(OverlongLine, AsTheLastLineWithoutLineBreakIsReportedTheSame) {
-  packed(dag_lines("net") + line_1200, message + message + message + no_inputs + no_outputs +
-                                           message + message + message + no_variables +
-                                           saved("180"));
+  expect_packed_lines(dag_lines("net") + line_1200, message + message + message + no_inputs +
+                                                        no_outputs + message + message + message +
+                                                        no_variables + saved("180"));
 }
 
 TEST(OverlongLine, WithoutADagNameIsReportedByAllSevenReadings) {
-  packed(line_1200 + "\n", message + message + message + message + no_inputs + no_outputs +
-                               message + message + message + no_variables + saved("180"));
+  expect_packed_lines(line_1200 + "\n", message + message + message + message + no_inputs +
+                                            no_outputs + message + message + message +
+                                            no_variables + saved("180"));
 }
 
 TEST(OverlongLine, SeveralAreReportedInTheirOrderByEachReading) {
   const std::string line_1024(1024, 'y');
   const std::string both = message + length_message("LINE_LEN", line_1024);
-  packed(dag_lines("net") + line_1200 + "\n\n" + line_1024 + "\n",
-         both + both + both + no_inputs + no_outputs + both + both + both + no_variables +
-             saved("180"));
+  expect_packed_lines(dag_lines("net") + line_1200 + "\n\n" + line_1024 + "\n",
+                      both + both + both + no_inputs + no_outputs + both + both + both +
+                          no_variables + saved("180"));
 }
 
 TEST(OverlongLine, InsideABlockOfInputPortsIsReportedOnceByEachReading) {
-  const std::string ports = packed(dag_lines("net") + "/* HMB_input a */\n#define net_a_W 1\n" +
-                                       line_1200 + "\n#define net_a_H 2\n",
-                                   message + message + message + no_outputs + message + message +
-                                       message + no_variables + saved("1260"));
+  const std::string ports =
+      expect_packed_lines(dag_lines("net") + "/* HMB_input a */\n#define net_a_W 1\n" + line_1200 +
+                              "\n#define net_a_H 2\n",
+                          message + message + message + no_outputs + message + message + message +
+                              no_variables + saved("1260"));
   expect_bytes(ports, port_record({.port_name = "a", .H = 2, .W = 1}) + vproc_record(0, 0, 0));
 }
 
 TEST(OverlongLine, AtTheEndOfABlockOfInputPortsIsReportedTwiceByThatReading) {
-  const std::string ports =
-      packed(dag_lines("net") + "/* HMB_input a */\n#define net_a_W 1\n" + line_1200 +
-                 "\n#define net_H 2\n",
-             message +                // DAG
-                 message + message +  // input ports
-                 message +            // output ports
-                 no_outputs + message + message + message + no_variables + saved("1260"));
+  const std::string ports = expect_packed_lines(
+      dag_lines("net") + "/* HMB_input a */\n#define net_a_W 1\n" + line_1200 +
+          "\n#define net_H 2\n",
+      message +                // DAG
+          message + message +  // input ports
+          message +            // output ports
+          no_outputs + message + message + message + no_variables + saved("1260"));
   expect_bytes(ports, port_record({.port_name = "a", .W = 1}) + vproc_record(0, 0, 0));
 }
 
 TEST(OverlongLine, BetweenTwoInputPortsIsReportedTwiceByThatReading) {
-  packed(dag_lines("net") + "/* HMB_input a */\n" + line_1200 + "\n/* HMB_input b */\n",
-         message + message + message + message + no_outputs + message + message + message +
-             no_variables + saved("2340"));
+  expect_packed_lines(
+      dag_lines("net") + "/* HMB_input a */\n" + line_1200 + "\n/* HMB_input b */\n",
+      message + message + message + message + no_outputs + message + message + message +
+          no_variables + saved("2340"));
 }
 
 TEST(OverlongLine, AtTheEndOfTheHeaderIsNotReadAgain) {
-  packed(dag_lines("net") + "/* HMB_input a */\n#define net_a_W 1\n" + line_1200 + "\n",
-         message + message + message + no_outputs + message + message + message + no_variables +
-             saved("1260"));
+  expect_packed_lines(
+      dag_lines("net") + "/* HMB_input a */\n#define net_a_W 1\n" + line_1200 + "\n",
+      message + message + message + no_outputs + message + message + message + no_variables +
+          saved("1260"));
 }
 
 TEST(OverlongLine, AtTheEndOfABlockOfOutputPortsIsReportedTwiceByThatReading) {
-  packed(dag_lines("net") + "/* HMB_output a */\n" + line_1200 + "\n#define net_H 2\n",
-         message +                // DAG
-             message +            // input ports
-             message + message +  // output ports
-             no_inputs + message + message + message + no_variables + saved("1260"));
+  expect_packed_lines(dag_lines("net") + "/* HMB_output a */\n" + line_1200 + "\n#define net_H 2\n",
+                      message +                // DAG
+                          message +            // input ports
+                          message + message +  // output ports
+                          no_inputs + message + message + message + no_variables + saved("1260"));
 }
 
 TEST(OverlongLine, AtTheEndOfABlockOfAVariableIsReportedTwiceByThatReading) {
-  packed(dag_lines("net") + "/* $x */\n" + line_1200 + "\n#define net_H 2\n",
-         message + message + message + no_inputs + no_outputs + message +  // vproc counts
-             message + message +                                           // variables
-             message +                                                     // SMBs
-             saved("316"));
+  expect_packed_lines(dag_lines("net") + "/* $x */\n" + line_1200 + "\n#define net_H 2\n",
+                      message + message + message + no_inputs + no_outputs +
+                          message +            // vproc counts
+                          message + message +  // variables
+                          message +            // SMBs
+                          saved("316"));
 }
 
 TEST(OverlongLine, AtTheEndOfABlockOfAnSmbIsReportedTwiceByThatReading) {
-  packed(dag_lines("net") + "/* SMB_input s */\n" + line_1200 + "\n#define net_H 2\n",
-         message + message + message + no_inputs + no_outputs + message +  // vproc counts
-             message +                                                     // variables
-             message + message +                                           // SMBs
-             no_variables + saved("312"));
+  expect_packed_lines(dag_lines("net") + "/* SMB_input s */\n" + line_1200 + "\n#define net_H 2\n",
+                      message + message + message + no_inputs + no_outputs +
+                          message +            // vproc counts
+                          message +            // variables
+                          message + message +  // SMBs
+                          no_variables + saved("312"));
 }
 
 TEST(OverlongLine, InsideABlockOfVariablesOrSmbsIsReportedOnceByEachReading) {
-  const std::string records =
-      packed(dag_lines("net") + "/* $x */\n#define x_bsize 1\n" + line_1200 +
-                 "\n#define x_boffset 2\n/* SMB_input s */\n" + line_1200 +
-                 "\n#define net_s_vbase_byte_offset 3\n",
-             message + message + message + message + message + message + no_inputs + no_outputs +
-                 message + message + message + message + message + message + saved("448"));
+  const std::string records = expect_packed_lines(
+      dag_lines("net") + "/* $x */\n#define x_bsize 1\n" + line_1200 +
+          "\n#define x_boffset 2\n/* SMB_input s */\n" + line_1200 +
+          "\n#define net_s_vbase_byte_offset 3\n",
+      message + message + message + message + message + message + no_inputs + no_outputs + message +
+          message + message + message + message + message + saved("448"));
   expect_bytes(records, vproc_record(1, 1, 268) + variable_record("x", 2, 1) + smb_record("s", 3));
 }
 
 TEST(OverlongLine, DoesNotEndABlockThatItWouldEndWereItShorter) {
   const std::string next_port = padded("/* HMB_input b */", 1024);
   const std::string long_message = length_message("LINE_LEN", next_port);
-  const std::string records =
-      packed(dag_lines("net") + "/* HMB_input a */\n" + next_port + "\n#define net_a_W 1\n",
-             long_message + long_message + long_message + no_outputs + long_message + long_message +
-                 long_message + no_variables + saved("1260"));
+  const std::string records = expect_packed_lines(
+      dag_lines("net") + "/* HMB_input a */\n" + next_port + "\n#define net_a_W 1\n",
+      long_message + long_message + long_message + no_outputs + long_message + long_message +
+          long_message + no_variables + saved("1260"));
   expect_bytes(records, port_record({.port_name = "a", .W = 1}) + vproc_record(0, 0, 0));
 }
 

@@ -11,13 +11,6 @@
 namespace morvane::test {
 namespace {
 
-const std::vector<std::string> pack = {"-d", "in", "-f", "net.bin"};
-const std::vector<std::string> pack_with_vproc = {"-d", "in", "-f", "net.bin", "-c"};
-
-constexpr const char* no_ports =
-    "warning: fail to find HMB input info in in/_net.h\n"
-    "warning: fail to find HMB output info in in/_net.h\n";
-
 TEST(OverlongName, TheLongestNamesArePacked) {
   const scratch_folder folder;
   const std::string dag(127, 'd');
@@ -151,7 +144,7 @@ TEST(OverlongName, OfAVariableOrAnSmbDoesNotMatterWithoutVproc) {
           dag_lines("net") + "/* $" + std::string(128, 'v') + " */\n/* SMB_input " +
               std::string(128, 's') + " */\n");
   expect_run(run_tool(pack, folder.path()), 0,
-             std::string(no_ports) + "Save to file net.bin with file size 168.\n\n");
+             no_ports + "Save to file net.bin with file size 168.\n\n");
 }
 
 }  // namespace

@@ -82,8 +82,8 @@ TEST_F(PackageAmongInputs, AnInputKeepsItsTimes) {
 }
 
 TEST_F(PackageAmongInputs, AFileOfTheFolderThatIsNotPackedIsReplaced) {
-  folder.write("in/old.h", "of another run, and longer than the package is going to be" +
-                               std::string(300, '.'));
+  const std::string longer(300, '.');
+  folder.write("in/old.h", "of another run, and longer than the package is going to be" + longer);
   expect_packed("in/old.h");
 }
 

@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* no_output_ports =
     "warning: fail to find HMB output info in input/_vision_split_1.h\n";
-constexpr const char* no_variables =
+constexpr const char* no_variables_in_vision =
     "warning: fail to find vproc self-defined variables in input/_vision_split_1.h\n";
 
 std::string package_bytes() {
@@ -30,7 +30,7 @@ TEST(PackageBytes, OfTwoDagsWithVprocRecords) {
   const scratch_folder folder;
   copy_input(folder);
   expect_run(run_tool({"-d", "input", "-f", "vision.bin", "-c"}, folder.path()), 0,
-             std::string(no_output_ports) + no_variables +
+             std::string(no_output_ports) + no_variables_in_vision +
                  "Save to file vision.bin with file size 4290.\n\n");
   expect_bytes(folder.read("vision.bin"), package_bytes());
 }
@@ -55,7 +55,7 @@ TEST(PackageBytes, AreReportedRightAfterPacking) {
   const scratch_folder folder;
   copy_input(folder);
   expect_run(run_tool({"-d", "input", "-f", "vision.bin", "-c", "-v"}, folder.path()), 0,
-             std::string(no_output_ports) + no_variables +
+             std::string(no_output_ports) + no_variables_in_vision +
                  "Save to file vision.bin with file size 4290.\n\n" +
                  expected_file("two_dags/report"));
   expect_bytes(folder.read("vision.bin"), package_bytes());

@@ -9,7 +9,7 @@
 namespace morvane::test {
 namespace {
 
-const std::vector<std::string> inspect = {"-f", "net.bin", "-v", "-p", "out"};
+const std::vector<std::string> inspect_into_out = {"-f", "net.bin", "-v", "-p", "out"};
 
 std::string table_line(const std::string& size, const std::string& name) {
   return "dvi_id: 0\t dvi_img_vaddr: 0\t dvi_img_size: " + size +
@@ -30,7 +30,7 @@ TEST(PackageName, WithASlashNamesFilesThatCannotBeCreated) {
     folder.write("out/_net.h", "above the parse folder");
     folder.write("out/parse/a/b.dvi", "in a folder of the parse folder");
     folder.write("out/parse/_a/b.h", "in a folder of the parse folder");
-    expect_run(run_tool(inspect, folder.path()), 1,
+    expect_run(run_tool(inspect_into_out, folder.path()), 1,
                "version 2.1.6 ( HASH b3b3814 ) dvi_num: 2\n\n" + table_line("5", name) +
                    table_line("4", "next") + "can't open file out/parse/_" + name +
                    ".h\n"
@@ -66,7 +66,7 @@ TEST(PackageName, OfDotsIsAName) {
   folder.make_folder("out");
   folder.write("net.bin",
                package_header(1) + dvi_record({.img_size = 5, .dag_name = ".."}) + "image");
-  expect_run(run_tool(inspect, folder.path()), 1,
+  expect_run(run_tool(inspect_into_out, folder.path()), 1,
              "version 2.1.6 ( HASH b3b3814 ) dvi_num: 1\n\n" + table_line("5", "..") +
                  "\n"
                  "dvi_id: 0 dag_name: .. input_num: 0 output_num: 0\n"
@@ -82,7 +82,7 @@ TEST(PackageName, EndsAtItsFirstNul) {
   folder.make_folder("out");
   folder.write("net.bin",
                package_header(1) + dvi_record({.dag_name = std::string_view("net\0work", 8)}));
-  EXPECT_EQ(run_tool(inspect, folder.path()).status, 1);
+  EXPECT_EQ(run_tool(inspect_into_out, folder.path()).status, 1);
   EXPECT_TRUE(folder.exists("out/parse/net.dvi"));
 }
 
@@ -124,7 +124,7 @@ TEST(PackageName, IsPrintedAndWrittenAsItStands) {
   folder.make_folder("out");
   const std::string name = "a b\t\xC3\xA9\xFF\r\"%s\n";
   folder.write("net.bin", package_header(1) + dvi_record({.dag_name = name}));
-  expect_run(run_tool(inspect, folder.path()), 1,
+  expect_run(run_tool(inspect_into_out, folder.path()), 1,
              "version 2.1.6 ( HASH b3b3814 ) dvi_num: 1\n\n" + table_line("0", name) +
                  "\n"
                  "dvi_id: 0 dag_name: " +

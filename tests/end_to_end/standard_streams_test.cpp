@@ -26,8 +26,6 @@ run_result run_redirected(const std::string& redirection, const std::vector<std:
   return run_program(words, folder);
 }
 
-const std::vector<std::string> pack = {"-d", "in", "-f", "net.bin", "-c"};
-
 /// A DAG whose packing prints warnings, and the package of it.
 std::string put_net(const scratch_folder& folder) {
   put_dag(folder, "net", dag_lines("net", 5), "image");
@@ -38,7 +36,7 @@ std::string put_net(const scratch_folder& folder) {
 TEST(ClosedStream, MessagesOfAClosedStandardOutputStayOutOfThePackage) {
   const scratch_folder folder;
   const std::string package = put_net(folder);
-  expect_run(run_redirected(">&-", pack, folder.path()), 0, "");
+  expect_run(run_redirected(">&-", pack_with_vproc, folder.path()), 0, "");
   expect_bytes(folder.read("net.bin"), package);
 }
 

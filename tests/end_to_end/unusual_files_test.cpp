@@ -15,12 +15,6 @@
 namespace morvane::test {
 namespace {
 
-const std::vector<std::string> pack = {"-d", "in", "-f", "net.bin"};
-
-const std::string no_ports =
-    "warning: fail to find HMB input info in in/_net.h\n"
-    "warning: fail to find HMB output info in in/_net.h\n";
-
 const std::string saved_empty = "Save to file net.bin with file size 168.\n\n";
 
 TEST(UnusualHeader, AFolderReadsAsEmpty) {

@@ -14,20 +14,20 @@ namespace {
 using test::printed_by;
 using test::scratch_folder;
 
-using names = std::vector<std::string>;
+using file_names = std::vector<std::string>;
 
-names yielded_by(const scratch_folder& folder) {
-  names found;
+file_names yielded_by(const scratch_folder& folder) {
+  file_names found;
   for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
     found.push_back(entry.path().filename().string());
   }
   return found;
 }
 
-names listed_in(const scratch_folder& folder) {
+file_names listed_in(const scratch_folder& folder) {
   std::vector<input_entry> dvis;
   list_input_files(folder.path(), "dvi", dvis);
-  names found;
+  file_names found;
   for (const input_entry& dvi : dvis) {
     found.push_back(dvi.name);
   }
@@ -39,7 +39,7 @@ TEST(ListInputFiles, LeavesADisorderedListAsTheFolderYieldsIt) {
   for (const int index : {4, 0, 7, 2, 9, 5}) {
     folder.write("net_split_" + std::to_string(index) + ".dvi", "");
   }
-  const names yielded = yielded_by(folder);
+  const file_names yielded = yielded_by(folder);
   printed_by([&] { EXPECT_EQ(listed_in(folder), yielded); });
   EXPECT_FALSE(std::ranges::is_sorted(yielded)) << "this folder cannot tell";
 }
@@ -49,14 +49,14 @@ TEST(ListInputFiles, OrdersManyEqualIndicesAsTheStandardSortDoes) {
   for (int i = 0; i < 100; ++i) {
     folder.write("net" + std::to_string(i) + ".dvi", "");
   }
-  const names yielded = yielded_by(folder);
+  const file_names yielded = yielded_by(folder);
   std::vector<std::pair<int, std::string>> expected;
   for (const std::string& name : yielded) {
     expected.emplace_back(0, name);
   }
   std::sort(expected.begin(), expected.end(),
             [](const auto& a, const auto& b) { return a.first < b.first; });
-  names sorted;
+  file_names sorted;
   for (const auto& [index, name] : expected) {
     sorted.push_back(name);
   }

@@ -6,16 +6,14 @@
 #include <filesystem>
 
 #include "harness/scratch_folder.h"
+#include "unit/written_text.h"
 
 namespace morvane {
 namespace {
 
 namespace fs = std::filesystem;
 using test::scratch_folder;
-
-void write(const file_handle& file, std::string_view text) {
-  write_bytes(file, std::as_bytes(std::span(text)));
-}
+using test::write_text;
 
 class OutputFile : public testing::Test {
  protected:
@@ -26,7 +24,7 @@ class OutputFile : public testing::Test {
   /// Creates a file with a text, as a program that goes on with it later.
   [[nodiscard]] created_file create_with(const std::string& name, std::string_view text) const {
     const file_handle file = create(name);
-    write(file, text);
+    write_text(file, text);
     return {.identity = identity_in(*status_of(file)), .size = text.size()};
   }
 
@@ -36,20 +34,20 @@ class OutputFile : public testing::Test {
 };
 
 TEST_F(OutputFile, IsCreated) {
-  write(create("a"), "new");
+  write_text(create("a"), "new");
   EXPECT_EQ(folder.read("a"), "new");
 }
 
 TEST_F(OutputFile, TakesThePlaceOfAFile) {
   folder.write("a", "longer");
-  write(create("a"), "new");
+  write_text(create("a"), "new");
   EXPECT_EQ(folder.read("a"), "new");
 }
 
 TEST_F(OutputFile, TakesThePlaceOfAHardLink) {
   folder.write("other", "content");
   fs::create_hard_link(folder.path("other"), folder.path("a"));
-  write(create("a"), "new");
+  write_text(create("a"), "new");
   EXPECT_EQ(folder.read("a"), "new");
   EXPECT_EQ(folder.read("other"), "content");
 }
@@ -57,7 +55,7 @@ TEST_F(OutputFile, TakesThePlaceOfAHardLink) {
 TEST_F(OutputFile, TakesThePlaceOfASymbolicLink) {
   folder.write("other", "content");
   fs::create_symlink("other", folder.path("a"));
-  write(create("a"), "new");
+  write_text(create("a"), "new");
   EXPECT_FALSE(fs::is_symlink(folder.path("a")));
   EXPECT_EQ(folder.read("a"), "new");
   EXPECT_EQ(folder.read("other"), "content");
@@ -65,7 +63,7 @@ TEST_F(OutputFile, TakesThePlaceOfASymbolicLink) {
 
 TEST_F(OutputFile, TakesThePlaceOfAPipe) {
   ASSERT_EQ(::mkfifo(folder.path("a").c_str(), 0600), 0);
-  write(create("a"), "new");
+  write_text(create("a"), "new");
   EXPECT_EQ(folder.read("a"), "new");
 }
 
@@ -96,14 +94,14 @@ TEST_F(OutputFile, StaysInTheFolderThatWasOpened) {
   fs::rename(folder.path("out"), folder.path("moved"));
   folder.make_folder("elsewhere");
   fs::create_symlink("elsewhere", folder.path("out"));
-  write(create_file(opened, "a", kept), "new");
+  write_text(create_file(opened, "a", kept), "new");
   EXPECT_EQ(folder.read("moved/a"), "new");
   EXPECT_TRUE(folder.files("elsewhere").empty());
 }
 
 TEST_F(OutputFile, IsWrittenAtItsEndWhenItIsReopened) {
   const created_file created = create_with("a", "one ");
-  write(reopen_file(output, "a", created), "two");
+  write_text(reopen_file(output, "a", created), "two");
   EXPECT_EQ(folder.read("a"), "one two");
 }
 

@@ -4,16 +4,14 @@
 
 #include "harness/scratch_folder.h"
 #include "printed_text.h"
+#include "unit/written_text.h"
 
 namespace morvane {
 namespace {
 
 using test::printed_by;
 using test::scratch_folder;
-
-void write(const file_handle& file, std::string_view text) {
-  write_bytes(file, std::as_bytes(std::span(text)));
-}
+using test::write_text;
 
 TEST(ParseFolder, IsMadeInTheParseDirectory) {
   const scratch_folder folder;
@@ -38,7 +36,7 @@ TEST(ParseFolder, MayBeALinkToAFolder) {
   const scratch_folder folder;
   folder.make_folder("elsewhere");
   std::filesystem::create_symlink("elsewhere", folder.path("parse"));
-  write(create_image(make_parse_folder(folder.path(), {}), "net"), "image");
+  write_text(create_image(make_parse_folder(folder.path(), {}), "net"), "image");
   EXPECT_EQ(folder.read("elsewhere/net.dvi"), "image");
 }
 
@@ -61,7 +59,7 @@ class FilesOfTheParseFolder : public testing::Test {
 
 TEST_F(FilesOfTheParseFolder, AnImageTakesThePlaceOfAnOlderOne) {
   folder.write("net.dvi", "longer");
-  write(create_image(output, "net"), "new");
+  write_text(create_image(output, "net"), "new");
   EXPECT_EQ(folder.read("net.dvi"), "new");
 }
 

@@ -14,7 +14,7 @@ using test::record_text;
 
 using ports_list = std::vector<port_desc>;
 
-ports_list parsed(std::string_view header, const port_class& ports_class = input_ports) {
+ports_list parsed_ports(std::string_view header, const port_class& ports_class = input_ports) {
   ports_list ports;
   EXPECT_EQ(parse_port_descriptions(ports, header, ports_class), 0);
   return ports;
@@ -22,7 +22,7 @@ ports_list parsed(std::string_view header, const port_class& ports_class = input
 
 /// The only port of a header, "a", with these lines in its block.
 port_desc parsed_a(std::string_view block) {
-  const ports_list ports = parsed(std::string("/* net HMB_input a */\n").append(block));
+  const ports_list ports = parsed_ports(std::string("/* net HMB_input a */\n").append(block));
   EXPECT_EQ(ports.size(), 1U);
   return ports.empty() ? port_desc{} : ports[0];
 }
@@ -38,8 +38,8 @@ std::vector<std::string> names_of(const ports_list& ports) {
 using names = std::vector<std::string>;
 
 TEST(ParsePortDescriptions, FindsNothingWithoutTheKeyword) {
-  EXPECT_TRUE(parsed("").empty());
-  EXPECT_TRUE(parsed("#define net_DAG_NAME net\n/* net HMB_output a */\n").empty());
+  EXPECT_TRUE(parsed_ports("").empty());
+  EXPECT_TRUE(parsed_ports("#define net_DAG_NAME net\n/* net HMB_output a */\n").empty());
 }
 
 TEST(ParsePortDescriptions, ReadsThePortsOfItsClassInTheirOrder) {
@@ -47,11 +47,11 @@ TEST(ParsePortDescriptions, ReadsThePortsOfItsClassInTheirOrder) {
       "/* net HMB_input b */\n#define net_b_W 1\n"
       "/* net HMB_output c */\n#define net_c_W 2\n"
       "/* net HMB_input a */\n#define net_a_W 3\n";
-  const ports_list inputs = parsed(header, input_ports);
+  const ports_list inputs = parsed_ports(header, input_ports);
   EXPECT_EQ(names_of(inputs), (names{"b", "a"}));
   EXPECT_EQ(inputs[0].W, 1U);
   EXPECT_EQ(inputs[1].W, 3U);
-  const ports_list outputs = parsed(header, output_ports);
+  const ports_list outputs = parsed_ports(header, output_ports);
   EXPECT_EQ(names_of(outputs), names{"c"});
   EXPECT_EQ(outputs[0].W, 2U);
 }
@@ -60,7 +60,7 @@ TEST(ParsePortDescriptions, LeavesAPortWithNothingButItsNameAtTheDefaults) {
   std::string expected(1080, '\0');
   expected.replace(44, 4, "\xFF\xFF\xFF\xFF");
   expected.replace(56, 4, "data");
-  const ports_list ports = parsed("/* net HMB_input data */\n/* net HMB_input b */\n");
+  const ports_list ports = parsed_ports("/* net HMB_input data */\n/* net HMB_input b */\n");
   ASSERT_EQ(ports.size(), 2U);
   EXPECT_EQ(record_text(ports[0]), expected);
 }
@@ -176,7 +176,8 @@ TEST(ParsePortDescriptions, IgnoresMacrosFromALineWithoutMarkerOn) {
 }
 
 TEST(ParsePortDescriptions, BeginsANewPortAtAMarkedLineWithTheKeyword) {
-  EXPECT_EQ(names_of(parsed("HMB_input a\nnet_a_W 1 HMB_input b\nnet_b_W 2\n")), (names{"a", "b"}));
+  EXPECT_EQ(names_of(parsed_ports("HMB_input a\nnet_a_W 1 HMB_input b\nnet_b_W 2\n")),
+            (names{"a", "b"}));
 }
 
 TEST(ParsePortDescriptions, EndsABlockAtTheKeywordWithoutAName) {
@@ -190,17 +191,17 @@ TEST(ParsePortDescriptions, DoesNotEndABlockAtTheKeywordOfTheOtherClass) {
 }
 
 TEST(ParsePortDescriptions, TakesTheFirstTokenAfterTheKeywordForTheName) {
-  EXPECT_EQ(names_of(parsed("HMB_input\n// see HMB_input \"data\", 5\n")), names{"data"});
-  EXPECT_EQ(names_of(parsed("#define dag0_HMB_input_0 x\n")), names{"_0"});
+  EXPECT_EQ(names_of(parsed_ports("HMB_input\n// see HMB_input \"data\", 5\n")), names{"data"});
+  EXPECT_EQ(names_of(parsed_ports("#define dag0_HMB_input_0 x\n")), names{"_0"});
 }
 
 TEST(ParsePortDescriptions, FindsMacrosOfANameThatOverlapsItself) {
-  EXPECT_EQ(parsed("HMB_input aa\n#define _aa_x aaa_W 5\n").at(0).W, 5U);
+  EXPECT_EQ(parsed_ports("HMB_input aa\n#define _aa_x aaa_W 5\n").at(0).W, 5U);
 }
 
 TEST(ParsePortDescriptions, ReadsAPortWhoseNameIsPartOfAnother) {
   const ports_list ports =
-      parsed("HMB_input a\nnet_a_W 1\nnet_a_b_W 2\nHMB_input a_b\nnet_a_b_W 3");
+      parsed_ports("HMB_input a\nnet_a_W 1\nnet_a_b_W 2\nHMB_input a_b\nnet_a_b_W 3");
   EXPECT_EQ(names_of(ports), (names{"a", "a_b"}));
   EXPECT_EQ(ports[0].W, 1U);
   EXPECT_EQ(ports[1].W, 3U);
@@ -208,7 +209,7 @@ TEST(ParsePortDescriptions, ReadsAPortWhoseNameIsPartOfAnother) {
 
 TEST(ParsePortDescriptions, TakesAPortNameOf511Characters) {
   const std::string name(511, 'n');
-  const ports_list ports = parsed("HMB_input " + name + "\n_" + name + "_W 5\n");
+  const ports_list ports = parsed_ports("HMB_input " + name + "\n_" + name + "_W 5\n");
   EXPECT_EQ(names_of(ports), names{name});
   EXPECT_EQ(ports[0].W, 5U);
 }

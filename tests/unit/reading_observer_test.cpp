@@ -34,7 +34,7 @@ struct story {
   void end_block(std::string_view line) { add("end", line.substr(0, line.find('\n'))); }
 };
 
-constexpr std::string_view header =
+constexpr std::string_view told_header =
     "/* HMB_input early */\n"
     "#define net_DAG_NAME \"net\"\n"
     "/* $gain SMB_input window */\n"
@@ -49,7 +49,7 @@ constexpr std::string_view header =
 TEST(ReadingObserver, IsToldHowADagIsRead) {
   story told;
   dvi_desc dvi{};
-  EXPECT_EQ(read_dag_fields(dvi, header, told), 0);
+  EXPECT_EQ(read_dag_fields(dvi, told_header, told), 0);
   EXPECT_EQ(told.text,
             "DAG net\n"
             "nothing /* $gain SMB_input window */\n"
@@ -64,7 +64,7 @@ TEST(ReadingObserver, IsToldHowADagIsRead) {
 TEST(ReadingObserver, IsToldHowBlocksAreRead) {
   story told;
   std::vector<port_desc> ports;
-  EXPECT_EQ(read_blocks(header, port_blocks(input_ports), empty_port(), ports, told), 0);
+  EXPECT_EQ(read_blocks(told_header, port_blocks(input_ports), empty_port(), ports, told), 0);
   EXPECT_EQ(told.text,
             "block early\n"
             "end #define net_DAG_NAME \"net\"\n"
@@ -73,13 +73,13 @@ TEST(ReadingObserver, IsToldHowBlocksAreRead) {
             "nothing #define net_data_rows 49\n"
             "end /* net HMB_output mask SMB_input filter */\n");
   story of_output;
-  EXPECT_EQ(read_blocks(header, port_blocks(output_ports), empty_port(), ports, of_output), 0);
+  EXPECT_EQ(read_blocks(told_header, port_blocks(output_ports), empty_port(), ports, of_output), 0);
   EXPECT_EQ(of_output.text, "block mask\n_H 7\nend \n");
 }
 
 TEST(ReadingObserver, IsToldWhatCountsAsAVariableAndAsAnSmb) {
   story told;
-  const vproc_desc vproc = count_vproc_records(header, told);
+  const vproc_desc vproc = count_vproc_records(told_header, told);
   EXPECT_EQ(told.text, "variable gain\nSMB filter\n");
   EXPECT_EQ(vproc.variable_num, 1U);
   EXPECT_EQ(vproc.smb_num, 1U);

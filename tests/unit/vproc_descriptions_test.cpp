@@ -31,7 +31,7 @@ void expect_counts(std::string_view header, std::uint32_t variables, std::uint32
   EXPECT_EQ(vproc.vproc_records_size, size) << header;
 }
 
-std::vector<smb_desc> parsed(std::string_view header) {
+std::vector<smb_desc> parsed_blocks(std::string_view header) {
   std::vector<smb_desc> smbs;
   EXPECT_EQ(parse_smb_descriptions(smbs, header), 0);
   return smbs;
@@ -90,19 +90,20 @@ TEST(ParseVprocDescription, GivesOneRecordPerHeaderAlsoForOneThatCannotBeRead) {
 }
 
 TEST(ParseSmbDescriptions, FindsNothingWithoutTheKeyword) {
-  EXPECT_TRUE(parsed("").empty());
-  EXPECT_TRUE(parsed("/* net HMB_input a */\n/* $gain */\n/* net SMB_input */\n").empty());
+  EXPECT_TRUE(parsed_blocks("").empty());
+  EXPECT_TRUE(parsed_blocks("/* net HMB_input a */\n/* $gain */\n/* net SMB_input */\n").empty());
 }
 
 TEST(ParseSmbDescriptions, ReadsNameAndOffset) {
-  const auto smbs = parsed("/* net SMB_input bias */\n#define net_bias_vbase_byte_offset 4096\n");
+  const auto smbs =
+      parsed_blocks("/* net SMB_input bias */\n#define net_bias_vbase_byte_offset 4096\n");
   ASSERT_EQ(smbs.size(), 1U);
   EXPECT_STREQ(smbs[0].smb_name, "bias");
   EXPECT_EQ(smbs[0].vbase_byte_offset, 4096U);
 }
 
 TEST(ParseSmbDescriptions, LeavesTheOffsetZeroWithoutItsMacro) {
-  const auto smbs = parsed("SMB_input a\nSMB_input b\nnet_b_vbase_byte_offset 5\n");
+  const auto smbs = parsed_blocks("SMB_input a\nSMB_input b\nnet_b_vbase_byte_offset 5\n");
   ASSERT_EQ(smbs.size(), 2U);
   EXPECT_STREQ(smbs[0].smb_name, "a");
   EXPECT_EQ(smbs[0].vbase_byte_offset, 0U);
@@ -112,26 +113,29 @@ TEST(ParseSmbDescriptions, LeavesTheOffsetZeroWithoutItsMacro) {
 
 TEST(ParseSmbDescriptions, EndsABlockAtAMacroWithoutUnderscoreBeforeTheName) {
   const auto smbs =
-      parsed("SMB_input a\n#define a_vbase_byte_offset 5\nnet_a_vbase_byte_offset 6\n");
+      parsed_blocks("SMB_input a\n#define a_vbase_byte_offset 5\nnet_a_vbase_byte_offset 6\n");
   ASSERT_EQ(smbs.size(), 1U);
   EXPECT_EQ(smbs[0].vbase_byte_offset, 0U);
 }
 
 TEST(ParseSmbDescriptions, IgnoresOtherLinesOfTheBlock) {
-  EXPECT_EQ(
-      parsed("SMB_input a\nnet_a_other 1\nnet_a_vbase_byte_offset 6\n").at(0).vbase_byte_offset,
-      6U);
+  EXPECT_EQ(parsed_blocks("SMB_input a\nnet_a_other 1\nnet_a_vbase_byte_offset 6\n")
+                .at(0)
+                .vbase_byte_offset,
+            6U);
 }
 
 TEST(ParseSmbDescriptions, ReadsOffsetsAsDecimalNumbersOf32Bits) {
-  EXPECT_EQ(parsed("SMB_input a\n_a_vbase_byte_offset 0x10\n").at(0).vbase_byte_offset, 0U);
-  EXPECT_EQ(parsed("SMB_input a\n_a_vbase_byte_offset 12abc\n").at(0).vbase_byte_offset, 12U);
-  EXPECT_EQ(parsed("SMB_input a\n_a_vbase_byte_offset 4294967298\n").at(0).vbase_byte_offset, 2U);
+  EXPECT_EQ(parsed_blocks("SMB_input a\n_a_vbase_byte_offset 0x10\n").at(0).vbase_byte_offset, 0U);
+  EXPECT_EQ(parsed_blocks("SMB_input a\n_a_vbase_byte_offset 12abc\n").at(0).vbase_byte_offset,
+            12U);
+  EXPECT_EQ(parsed_blocks("SMB_input a\n_a_vbase_byte_offset 4294967298\n").at(0).vbase_byte_offset,
+            2U);
 }
 
 TEST(ParseSmbDescriptions, TakesANameOf127Characters) {
   const std::string name(127, 'n');
-  EXPECT_EQ(parsed("SMB_input " + name + "\n").at(0).smb_name, name);
+  EXPECT_EQ(parsed_blocks("SMB_input " + name + "\n").at(0).smb_name, name);
 }
 
 TEST(ParseSmbDescriptions, StopsAtANameOf128Characters) {

@@ -99,10 +99,11 @@ TEST(Agreement, ReadsWhatTheInspectionReportsInPackagesOfGeneratedFolders) {
 
 // A header in which a line brings records that its counts do not tell of.
 
-const std::string dag_name = "#define net_DAG_NAME \"net\"\n";
-const std::string port_before_name = "/* net HMB_input data */\n#define net_data_W 4\n" + dag_name;
-const std::string line_of_both_kinds = dag_name + "/* net HMB_input a HMB_output b */\n";
-const std::string variable_and_smb = dag_name + "/* $gain SMB_input lut */\n";
+const std::string dag_name_line = "#define net_DAG_NAME \"net\"\n";
+const std::string port_before_name =
+    "/* net HMB_input data */\n#define net_data_W 4\n" + dag_name_line;
+const std::string line_of_both_kinds = dag_name_line + "/* net HMB_input a HMB_output b */\n";
+const std::string variable_and_smb = dag_name_line + "/* $gain SMB_input lut */\n";
 
 folder folder_of(const std::string& header, const std::string& image) {
   return {

@@ -16,8 +16,6 @@ namespace morvane::companion {
 
 namespace {
 
-constexpr finding_place whole_file{.line = 1, .column = 1};
-
 struct folder_check {
   const lint_scope& scope;
   const finding_sink& sink;

@@ -148,9 +148,9 @@ void judge_dag_line(comparison& header, const c_line& line, std::string_view tex
   const std::string_view unsafe = unsafe_part(name);
   if (!unsafe.empty()) {
     tell(header, kind_of("unsafe-dag-name"), place,
-         joined("the DAG's name ", quoted(name), unsafe));
+         joined("the DAG's name ", in_quotes(name), unsafe));
   }
-  const std::string end = joined(" is read as the DAG's name: it becomes ", quoted(name));
+  const std::string end = joined(" is read as the DAG's name: it becomes ", in_quotes(name));
   if (const auto source = hidden_source(line, text)) {
     tell(header, source->first, place, joined(source->second, end));
     return;
@@ -173,7 +173,8 @@ void judge_dag_line(comparison& header, const c_line& line, std::string_view tex
   }
   if (line.goes_on) {
     tell(header, kind_of("continued-line"), place,
-         joined("the name goes on in the next line, which is not read: it becomes ", quoted(name)));
+         joined("the name goes on in the next line, which is not read: it becomes ",
+                in_quotes(name)));
   } else if (const auto fault = compare_text(line.name, name, line.value, header.macros)) {
     tell(header, fault->kind, place, fault->text);
   }

@@ -23,8 +23,6 @@ namespace morvane::companion {
 
 namespace {
 
-constexpr finding_place whole_file{.line = 1, .column = 1};
-
 /// An output of a DVI that was read.
 struct left_output {
   std::uint32_t dvi;
@@ -98,7 +96,7 @@ void judge_repetition(folder_run& run, std::uint32_t position, const header_read
     findings.push_back(
         {.kind = kind_of("duplicate-dag-name"),
          .place = static_cast<std::size_t>(reading.dag_name.data() - reading.header.data()),
-         .text = joined("the DAG's name ", quoted(reading.dag_name), " is that of ",
+         .text = joined("the DAG's name ", in_quotes(reading.dag_name), " is that of ",
                         printable(run.files.headers[known->second].name), " too",
                         run.scope.vproc ? ": nothing can be packed" : ""),
          .level = run.scope.vproc ? severity::error : severity::warning});

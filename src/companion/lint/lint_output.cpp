@@ -68,8 +68,8 @@ int end_failed_lint(lint_output& output, int error) {
 
 std::string counts_text(const finding_counts& counts, bool with_notes) {
   std::string text =
-      joined(counted(counts.errors, "error"), ", ", counted(counts.warnings, "warning"));
-  return with_notes ? joined(text, ", ", counted(counts.notes, "note")) : text;
+      joined(count_of(counts.errors, "error"), ", ", count_of(counts.warnings, "warning"));
+  return with_notes ? joined(text, ", ", count_of(counts.notes, "note")) : text;
 }
 
 }  // namespace morvane::companion

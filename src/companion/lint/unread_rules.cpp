@@ -164,7 +164,7 @@ void judge_dag_name(comparison& header, const c_line& line, std::size_t place) {
     tell(header, kind_of("defined-twice"), place,
          joined(printable(line.name),
                 " is not read: ", line_title(header, header.place_of(header.reading.dag_name)),
-                " names the DAG already, ", quoted(header.reading.dag_name)));
+                " names the DAG already, ", in_quotes(header.reading.dag_name)));
   }
 }
 

@@ -89,13 +89,13 @@ value_fault number_fault(const macro_row& row, std::string_view taken, std::stri
             joined(printable(c_value), " is a text for C, not a number", end)};
   }
   return {kind_of("cut-name"),
-          joined("the value ", quoted(c_value), " is cut at a separator", end)};
+          joined("the value ", in_quotes(c_value), " is cut at a separator", end)};
 }
 
 /// Nothing for C, but a word of a comment behind the macro.
 value_fault missing_value(std::string_view macro, std::string_view word, const std::string& end) {
-  return {kind_of("no-value"),
-          joined(printable(macro), " has no value, so ", quoted(word), " behind it is read", end)};
+  return {kind_of("no-value"), joined(printable(macro), " has no value, so ", in_quotes(word),
+                                      " behind it is read", end)};
 }
 
 /// What a text is for C: what is between its quotes, or what is written without them.
@@ -128,11 +128,11 @@ bool is_surely_same(const macro_row& row, std::string_view word, std::string_vie
 }  // namespace
 
 std::string packed_value(const macro_row& row, std::string_view word) {
-  return row.kind == macro_kind::text ? quoted(word) : joined(packed_number(row, word));
+  return row.kind == macro_kind::text ? in_quotes(word) : joined(packed_number(row, word));
 }
 
 std::string default_value(const macro_row& row, std::span<const std::byte> empty_record) {
-  return row.kind == macro_kind::text ? quoted(load_text(empty_record, row))
+  return row.kind == macro_kind::text ? in_quotes(load_text(empty_record, row))
                                       : joined(load_number(empty_record, row));
 }
 
@@ -181,7 +181,7 @@ std::optional<value_fault> compare_text(std::string_view macro, std::string_view
       (is_literal || leading_name(word) != word || !macros.defines(word, std::string_view::npos))) {
     return std::nullopt;
   }
-  const std::string end = joined(": ", printable(macro), " becomes ", quoted(word));
+  const std::string end = joined(": ", printable(macro), " becomes ", in_quotes(word));
   if (text == word) {
     return value_fault{kind_of("macro-as-value"),
                        joined(printable(word), " is itself a macro, which is not resolved", end)};

@@ -104,7 +104,7 @@ bool judge_alias(comparison& header, const c_line& line, std::size_t place) {
   }
   tell(header, kind_of("wrong-name"), place,
        joined(printable(line.name), " is not read: the DAG's name is ",
-              quoted(header.reading.dag_name), ", so its macro is ",
+              in_quotes(header.reading.dag_name), ", so its macro is ",
               printable(std::string(header.reading.dag_name).append(row->suffix))));
   return true;
 }

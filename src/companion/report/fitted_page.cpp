@@ -13,7 +13,7 @@ constexpr std::uint64_t frame_bytes = std::uint64_t{16} * 1024;
 constexpr std::uint64_t bytes_for_each = 2048;  // DVI and port
 
 /// A page of at most so many bytes is kept while it is measured, so that it is made only once.
-constexpr std::uint64_t most_kept = std::uint64_t{16} * 1024 * 1024;
+constexpr std::uint64_t most_kept_bytes = std::uint64_t{16} * 1024 * 1024;
 
 /// The entries that all lists have together, and more.
 std::uint64_t entries_of(const page_content& content) {
@@ -39,7 +39,7 @@ bool surely_fits(const page_content& content) {
 
 page_measure measure(const page_content& content, const page_output& out,
                      const page_limits& limits) {
-  page_measure measured{.most_kept = std::min(most_kept, most_page_bytes(content))};
+  page_measure measured{.most_kept = std::min(most_kept_bytes, most_page_bytes(content))};
   page_output trial{out.streams, out.descriptor, out.name, out.signals, limits, &measured};
   write_page(content, trial);
   flush(trial);

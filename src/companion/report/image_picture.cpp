@@ -16,7 +16,7 @@ struct planned_image {
   std::optional<std::uint32_t> partner{};  // a DVI whose image shares addresses with it
 };
 
-struct memory_plan {
+struct image_plan {
   std::vector<planned_image> images{};  // by address
   std::vector<overlap> overlaps{};
   folded_axis axis{};
@@ -36,8 +36,8 @@ bool is_dagbin_inside(const morvane_view_dvi& dvi) {
   return dvi.dvi_dag_vaddr >= image.begin && dvi.dvi_dag_vaddr < image.end;
 }
 
-memory_plan plan_of(const morvane_view& view) {
-  memory_plan plan;
+image_plan plan_of(const morvane_view& view) {
+  image_plan plan;
   std::vector<used_range> images;
   for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
     plan.images.push_back({.dvi = dvi});
@@ -60,7 +60,7 @@ memory_plan plan_of(const morvane_view& view) {
   return plan;
 }
 
-void write_axis_image(const memory_plan& plan, const morvane_view_dvi& dvi, std::string_view kind,
+void write_axis_image(const image_plan& plan, const morvane_view_dvi& dvi, std::string_view kind,
                       page_output& out) {
   const used_range range = image_range(dvi);
   write(out, bar_begin{kind, bar_of(plan.axis, range.begin, range.end), 6, 28}, "DVI ",
@@ -76,7 +76,7 @@ std::span<const Part> first_of(const std::vector<Part>& parts, const page_limits
 }
 
 /// Writes the axis with all images, the gaps and what is shared.
-void write_axis(const page_content& content, const memory_plan& plan, page_output& out) {
+void write_axis(const page_content& content, const image_plan& plan, page_output& out) {
   const auto& stretches = plan.axis.stretches;
   write(out, "<svg class=\"axis", plan.images.size() <= most_unscrolled ? " few" : "",
         "\" role=\"img\" aria-labelledby=\"plan-title plan-desc\">"
@@ -107,7 +107,7 @@ void write_axis(const page_content& content, const memory_plan& plan, page_outpu
         hex{stretches.back().end - 1}, "</span></div>\n");
 }
 
-void write_image_bar(const page_content& content, const memory_plan& plan,
+void write_image_bar(const page_content& content, const image_plan& plan,
                      const planned_image& image, page_output& out) {
   const used_range range = image_range(image.dvi);
   write(out, "<svg class=\"bar\" role=\"img\"><title>Place of the image of DVI ",
@@ -122,7 +122,7 @@ void write_image_bar(const page_content& content, const memory_plan& plan,
         hex{image.dvi.dvi_dag_vaddr}, "</title></rect></svg>");
 }
 
-void write_image_row(const page_content& content, const memory_plan& plan,
+void write_image_row(const page_content& content, const image_plan& plan,
                      const planned_image& image, page_output& out) {
   const morvane_view_dvi& dvi = image.dvi;
   const used_range range = image_range(dvi);
@@ -148,7 +148,7 @@ void write_image_row(const page_content& content, const memory_plan& plan,
 }
 
 /// Writes the images in the order of their addresses, and the folded gaps between them.
-void write_image_rows(const page_content& content, const memory_plan& plan, page_output& out) {
+void write_image_rows(const page_content& content, const image_plan& plan, page_output& out) {
   auto stretch = plan.axis.stretches.begin();
   const auto shown = std::min<std::size_t>(plan.images.size(), out.limits.most_pictured);
   for (const planned_image& image : std::span(plan.images).first(shown)) {
@@ -163,7 +163,7 @@ void write_image_rows(const page_content& content, const memory_plan& plan, page
   }
 }
 
-void write_overlap_sentence(const memory_plan& plan, page_output& out) {
+void write_overlap_sentence(const image_plan& plan, page_output& out) {
   if (plan.overlaps.empty()) {
     write(out, " No two images share addresses.");
     return;
@@ -177,7 +177,7 @@ void write_overlap_sentence(const memory_plan& plan, page_output& out) {
 }  // namespace
 
 void write_images(const page_content& content, page_output& out) {
-  const memory_plan plan = plan_of(content.package.view);
+  const image_plan plan = plan_of(content.package.view);
   write(out,
         "<section id=\"memory\" aria-labelledby=\"memory-head\">\n"
         "<h2 id=\"memory-head\">Memory plan</h2>\n");

@@ -50,7 +50,7 @@ struct dvi_flow {
   bool differs = false;
 };
 
-dvi_flow flow_of(const network_flow& flow, const morvane_view_dvi& dvi) {
+dvi_flow dvi_flow_of(const network_flow& flow, const morvane_view_dvi& dvi) {
   dvi_flow found;
   for (std::uint32_t i = 0; i < dvi.input_num; ++i) {
     const connection* const source = connection_to(flow, {dvi.position, i});
@@ -120,7 +120,7 @@ void write_outputs(const page_content& content, page_output& out, const morvane_
 void write_row(const page_content& content, page_output& out, const wiring& plan,
                const morvane_view_dvi& dvi) {
   constexpr std::size_t most_characters = 28;
-  const dvi_flow flow = flow_of(content.flow, dvi);
+  const dvi_flow flow = dvi_flow_of(content.flow, dvi);
   write(out, "<li class=\"row\">");
   append_wires(out.pending, plan, dvi.position, {flow.outer_inputs != 0, flow.outer_outputs != 0});
   write(out, "<div><b>", dvi_link{dvi.position}, "</b> <bdi>",

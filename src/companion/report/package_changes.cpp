@@ -12,7 +12,7 @@ namespace morvane::companion {
 namespace {
 
 /// Differences that are kept in memory. The others are counted.
-constexpr std::size_t most_kept = 20000;
+constexpr std::size_t most_changes = 20000;
 
 using dvi_positions = std::map<std::tuple<std::string_view, std::uint32_t>, std::uint32_t>;
 
@@ -60,7 +60,7 @@ package_changes find_changes(const opened_package& old_package, const opened_pac
   changes.dvis.resize(new_package.view.sound_dvis);
   const dvi_positions positions = positions_in(new_package);
   tell_differences(old_package, new_package, streams, [&](const difference& found) {
-    const bool is_kept = changes.kept.size() < most_kept;
+    const bool is_kept = changes.kept.size() < most_changes;
     const auto dvi = positions.find({found.part.dvi.name, found.part.dvi.occurrence});
     if (found.part.kind != part_kind::package && dvi != positions.end()) {
       mark_dvi(changes.dvis[dvi->second], found, is_kept, changes.kept.size());

@@ -27,7 +27,7 @@ constexpr std::array<port_flag, 6> port_flags{{
 }};
 
 /// A table that is being written.
-struct port_rows {
+struct port_table_rows {
   const page_content& content;
   const morvane_view_dvi& dvi;
   const record_marks& marks;
@@ -52,12 +52,12 @@ std::vector<std::uint32_t> partners_of(const morvane_view& view, const morvane_v
   return partners;
 }
 
-change_mark mark_of(port_rows& rows, bool is_input, std::string_view name) {
+change_mark mark_of(port_table_rows& rows, bool is_input, std::string_view name) {
   return is_input ? next_mark(rows.marks, part_kind::input, name, rows.inputs)
                   : next_mark(rows.marks, part_kind::output, name, rows.outputs);
 }
 
-void write_name(port_rows& rows, const morvane_view_port& port, const record_name& name) {
+void write_name(port_table_rows& rows, const morvane_view_port& port, const record_name& name) {
   const bool is_input = name.kind == "input";
   const std::string_view port_name = str(port.port_name);
   write(rows.out, "<tr><th scope=\"row\"><i class=\"", is_input ? "in" : "out", "\">", name.kind,
@@ -83,7 +83,7 @@ void write_format(const morvane_view_port& port, page_output& out) {
   write(out, "</small></td>");
 }
 
-void write_flow(const port_rows& rows, const record_name& name) {
+void write_flow(const port_table_rows& rows, const record_name& name) {
   constexpr std::size_t most_links = 8;
   const network_flow& flow = rows.content.flow;
   const port_place place{name.dvi, name.index};
@@ -109,7 +109,7 @@ void write_flow(const port_rows& rows, const record_name& name) {
   write(rows.out, "</td></tr>\n");
 }
 
-void write_row(port_rows& rows, const morvane_view_port& port, const record_name& name) {
+void write_row(port_table_rows& rows, const morvane_view_port& port, const record_name& name) {
   write_name(rows, port, name);
   write(rows.out, "<td>", port_dims{port}, "<small>pitch ", grouped{port.pitch}, "</small></td>");
   write_format(port, rows.out);
@@ -133,7 +133,7 @@ void write_port_table(const page_content& content, const morvane_view_dvi& dvi,
   if (count == 0) {
     return;
   }
-  port_rows rows{content, dvi, marks, out, partners_of(content.package.view, dvi)};
+  port_table_rows rows{content, dvi, marks, out, partners_of(content.package.view, dvi)};
   write(out, "<h4>", counted{count, "port"},
         "</h4>\n<table class=\"port-table\"><thead><tr><th scope=\"col\">Port</th>"
         "<th scope=\"col\">P\xC3\x97"
