@@ -10,7 +10,7 @@ namespace morvane {
 
 namespace {
 
-collected_messages* collector = nullptr;
+thread_local collected_messages* collector = nullptr;
 
 }  // namespace
 

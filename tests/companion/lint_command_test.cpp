@@ -59,6 +59,43 @@ TEST_F(LintCommand, LeavesOutFindingsOnRequest) {
                  "morvane: in: 0 errors, 0 warnings\n");
 }
 
+class LintManyDags : public linted_folder {
+ protected:
+  /// A DAG with the index as its name, and with one port, whose lines come last.
+  void put_dag(const std::string& index, const std::string& port) const {
+    const std::string dag = "dag" + index;
+    folder.write("in/net_split_" + index + ".dvi", "image");
+    folder.write(
+        "in/net_split_" + index + ".h",
+        "#define " + dag + "_DAG_NAME \"" + dag + "\"\n#define " + dag + "_image_size 5\n" + port);
+  }
+};
+
+// Several headers are read at the same time.
+TEST_F(LintManyDags, TellsTheFindingsInTheOrderOfThePackage) {
+  std::string expected;
+  for (int i = 0; i < 200; ++i) {
+    const std::string index = std::to_string(i);
+    put_dag(index, "/* HMB_input a */\n#define dag" + index + "_a_W 0x1" + index + "\n");
+    expected += "in/net_split_" + index + ".h:4:" + std::to_string(17 + index.size()) +
+                ": warning: 0x1" + index + " is not decimal: dag" + index +
+                "_a_W becomes 0 [not-decimal]\n";
+  }
+  expect_outcome(lint(), 0, expected, "morvane: in: 0 errors, 200 warnings\n");
+}
+
+TEST_F(LintManyDags, ComparesAPortWithTheOutputOfADagFarBefore) {
+  put_dag("0", "/* HMB_output a */\n#define dag0_a_W 3\n");
+  for (int i = 1; i < 150; ++i) {
+    put_dag(std::to_string(i), "/* HMB_output b */\n");
+  }
+  put_dag("150", "/* HMB_input a */\n#define dag150_a_W 4\n");
+  expect_outcome(lint(), 0,
+                 "in/net_split_150.h:3:14: warning: input a differs from the output of the same "
+                 "name in net_split_0.h: W is 4, not 3 [port-mismatch]\n",
+                 "morvane: in: 0 errors, 1 warning\n");
+}
+
 TEST_F(LintCommand, RefusesCodesThatDoNotExist) {
   const run_result run = lint({"--ignore", "no-such-code"});
   EXPECT_EQ(run.status, 2);

@@ -8,7 +8,7 @@
 #include <limits>
 #include <unordered_map>
 
-#include "companion/lint/compare_header.h"
+#include "companion/lint/dvi_reading.h"
 #include "companion/lint/dvi_rules.h"
 #include "companion/lint/folder_rules.h"
 #include "companion/lint/line_index.h"
@@ -40,50 +40,30 @@ struct folder_run {
   std::uint64_t package_size = sizeof(pkg_header);
 };
 
-/// A header's text. Returns 0 or an errno.
-int load_header(const std::string& path, std::string& text) {
-  const readable_file file = open_to_read(path);
-  if (!file.handle.is_open()) {
-    return errno;
-  }
-  if (file.size < 0) {
-    const auto status = status_of(file.handle);
-    return status && S_ISDIR(status->st_mode) ? EISDIR : EINVAL;
-  }
-  text = read_file(file);
-  return 0;
-}
-
 /// Compares a port with the outputs of earlier DVIs, or takes it up as an output.
-void follow_port(folder_run& run, std::uint32_t position, object_kind kind, std::string_view name,
-                 const port_desc& port, std::string_view header, header_findings& findings) {
-  if (kind == object_kind::output) {
-    const bool is_last = position + 1 == run.files.dvis.size();  // no input follows
+void follow_port(folder_run& run, const read_port& port, dvi_reading& reading) {
+  if (port.kind == object_kind::output) {
+    const bool is_last = reading.position + 1 == run.files.dvis.size();  // no input follows
     if (!is_last) {
-      run.outputs.insert_or_assign(std::string(name), left_output{position, flow_of(port)});
+      run.outputs.insert_or_assign(std::string(port.name),
+                                   left_output{reading.position, port.flow});
     }
     return;
   }
-  const auto output = run.outputs.empty() ? run.outputs.end() : run.outputs.find(std::string(name));
+  const auto output =
+      run.outputs.empty() ? run.outputs.end() : run.outputs.find(std::string(port.name));
   if (output == run.outputs.end()) {
     return;
   }
-  const std::string differing = flow_differences(flow_of(port), output->second.flow);
+  const std::string differing = flow_differences(port.flow, output->second.flow);
   if (!differing.empty()) {
-    findings.push_back(
+    reading.findings.push_back(
         {.kind = kind_of("port-mismatch"),
-         .place = static_cast<std::size_t>(name.data() - header.data()),
-         .text = joined("input ", printable(name), " differs from the output of the same name in ",
-                        printable(run.files.headers[output->second.dvi].name), ": ", differing)});
+         .place = static_cast<std::size_t>(port.name.data() - reading.text.data()),
+         .text =
+             joined("input ", printable(port.name), " differs from the output of the same name in ",
+                    printable(run.files.headers[output->second.dvi].name), ": ", differing)});
   }
-}
-
-/// The record of a sink, which is one of a kind.
-template <class Record>
-Record record_of(std::span<const std::byte> bytes) {
-  Record record{};
-  std::memcpy(&record, bytes.data(), sizeof record);
-  return record;
 }
 
 void judge_repetition(folder_run& run, std::uint32_t position, const header_reading& reading,
@@ -164,54 +144,28 @@ void add_package_size(folder_run& run, const header_reading& reading) {
   }
 }
 
-/// Takes up a record of a block, in the order of the package.
-void take_up(described_dvi& described, object_kind kind, std::span<const std::byte> record) {
-  std::vector<std::byte>& records =
-      family_of(kind) == macro_family::port ? described.ports : described.vproc_records;
-  records.insert(records.end(), record.begin(), record.end());
-}
-
-/// Reads a header and looks at its image. Fills what the header describes, if it is asked for.
-void lint_dvi(folder_run& run, std::uint32_t position, described_dvi* described) {
-  const std::string path = join_path(run.scope.folder, run.files.headers[position].name);
-  const std::string image_path = join_path(run.scope.folder, run.files.dvis[position].name);
-  std::string text;
-  const int error = load_header(path, text);
-  if (error != 0) {
-    tell_unreadable(run, path, error, ", so the DAG gets no name and no image");
-  }
-  header_findings mismatches;
-  const auto take_record = [&](object_kind kind, std::string_view name,
-                               std::span<const std::byte> record) {
-    if (described != nullptr) {
-      take_up(*described, kind, record);
+/// Looks at a DVI together with those before it, and tells what was found.
+void judge_dvi(folder_run& run, dvi_reading& reading) {
+  if (reading.header_error != 0) {
+    tell_unreadable(run, reading.header_path, reading.header_error,
+                    ", so the DAG gets no name and no image");
+  } else {
+    header_findings& findings = reading.findings;
+    for (const read_port& port : reading.ports) {
+      follow_port(run, port, reading);
     }
-    if (family_of(kind) == macro_family::port) {
-      follow_port(run, position, kind, name, record_of<port_desc>(record), text, mismatches);
+    judge_repetition(run, reading.position, reading.header, findings);
+    if (!reading.header.of(object_kind::dag).is_stopped) {
+      judge_image(reading.header, reading.image, findings);
+      judge_block(reading.header, run.scope.notes, findings);
     }
-  };
-  const header_reading reading =
-      read_header(text, run.scope.vproc, run.files.dvis[position].index, position, take_record);
-  const image_file image = look_at_image(image_path, reading.dvi.dvi_img_size);
-  if (error == 0) {
-    header_findings findings = compare_header(reading, run.scope.vproc, run.scope.notes);
-    std::ranges::move(mismatches, std::back_inserter(findings));
-    judge_repetition(run, position, reading, findings);
-    if (!reading.of(object_kind::dag).is_stopped) {
-      judge_image(reading, image, findings);
-      judge_block(reading, run.scope.notes, findings);
-    }
-    note_overlap(run, position, reading, findings);
-    tell_all(run, path, text, std::move(findings));
+    note_overlap(run, reading.position, reading.header, findings);
+    tell_all(run, reading.header_path, reading.text, std::move(findings));
   }
-  if (image.error != 0) {
-    tell_unreadable(run, image_path, image.error, "");
+  if (reading.image.error != 0) {
+    tell_unreadable(run, reading.image_path, reading.image.error, "");
   }
-  add_package_size(run, reading);
-  if (described != nullptr) {
-    described->dvi = reading.dvi;
-    described->vproc = reading.vproc;
-  }
+  add_package_size(run, reading.header);
 }
 
 }  // namespace
@@ -223,12 +177,23 @@ int lint_folder(const lint_scope& scope, const finding_sink& sink, const dvi_pro
   }
   folder_run run{.scope = scope, .sink = sink};
   run.files = read_folder(scope, sink);
-  for (std::uint32_t i = 0; i < run.files.dvis.size(); ++i) {
-    progress(i, run.files.dvis.size());
-    described_dvi* const described = dvis != nullptr ? &dvis->emplace_back() : nullptr;
-    if (!run.files.headers[i].is_missing) {
-      lint_dvi(run, i, described);
+  const std::size_t count = run.files.dvis.size();
+  for (std::size_t next = 0; next < count;) {
+    std::vector<dvi_reading> readings =
+        load_headers(scope, run.files, static_cast<std::uint32_t>(next));
+    read_dvis(scope, run.files, dvis != nullptr, readings);
+    for (dvi_reading& reading : readings) {
+      progress(reading.position, count);
+      judge_dvi(run, reading);
+      if (dvis != nullptr) {
+        dvis->resize(reading.position);  // those whose header is missing describe nothing
+        dvis->push_back(std::move(reading.described));
+      }
     }
+    next = readings.empty() ? count : readings.back().position + 1;
+  }
+  if (dvis != nullptr) {
+    dvis->resize(count);
   }
   if (run.package_size > std::numeric_limits<std::uint32_t>::max()) {
     sink({.kind = kind_of("size-overflow"),
