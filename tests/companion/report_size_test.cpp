@@ -4,10 +4,12 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <span>
 
 #include "companion/outcome.h"
 #include "companion/sound_package.h"
 #include "harness/scratch_folder.h"
+#include "trust/test_size.h"
 
 namespace morvane::test {
 namespace {
@@ -89,7 +91,12 @@ std::size_t count_of(std::string_view page, std::string_view text) {
   return count;
 }
 
-constexpr std::array hostile_bytes{'n', '<', '\xFF', '\x01'};
+constexpr std::array all_name_bytes{'<', 'n', '\xFF', '\x01'};
+
+/// The bytes that names consist of; behind a slow emulator only the first.
+std::span<const char> name_bytes() {
+  return std::span(all_name_bytes).first(cases_to_run(all_name_bytes.size(), 1));
+}
 
 void expect_limit(const record_counts& counts, char byte) {
   const counted_package package = extreme(counts, byte);
@@ -102,7 +109,7 @@ void expect_limit(const record_counts& counts, char byte) {
 }
 
 TEST(ReportSize, HasALimitForEveryNameAndNumberOfPortsAndDvis) {
-  for (const char byte : hostile_bytes) {
+  for (const char byte : name_bytes()) {
     for (const record_counts& counts : {record_counts{1, 0, 0, 0, 0},
                                         {1, 0, 0, 20, 20},
                                         {5, 0, 0, 20, 20},
@@ -119,7 +126,7 @@ TEST(ReportSize, HasALimitForEveryNameAndNumberOfPortsAndDvis) {
 }
 
 TEST(ReportSize, HasALimitForPackagesThatDifferInEverything) {
-  for (const char byte : hostile_bytes) {
+  for (const char byte : name_bytes()) {
     for (const record_counts& counts :
          {record_counts{1, 0, 0, 0, 0}, {1, 1, 0, 30, 30}, {12, 3, 2, 9, 9}, {40, 1, 1, 9, 9}}) {
       const counted_package package = extreme(counts, byte);
