@@ -19,18 +19,18 @@ struct file_state {
   off_t size = 0;
   timespec modified{};
   timespec changed{};
+  int error =
+      0;  // the errno of a file that cannot be looked at; EINVAL for what is no regular file
 };
+
+/// The state of an open file.
+file_state state_of(const file_handle& file);
 
 /// The states of files in the order of their paths.
-struct file_states {
-  std::vector<file_state> states{};
-  std::string failed{};  // the first path that is no regular file or cannot be looked at
-  int error = 0;         // its errno; EINVAL for what is no regular file
-};
+using file_states = std::vector<file_state>;
 
-file_states states_of(const std::vector<std::string>& paths);
-
-/// The path of the first file whose state is another now; empty when all are as they were.
+/// The path of the first file whose state is another now, or cannot be told; empty when all are as
+/// they were.
 std::string changed_file(const std::vector<std::string>& paths, const file_states& before);
 
 }  // namespace morvane::companion

@@ -35,27 +35,12 @@ struct packing {
 
   const pack_options& options;
   console& streams;
-  held_signals signals{};  // until the temporary file is gone
-  pack_inputs inputs{};
-  bool is_complete = false;          // whether the inputs were found
+  held_signals signals{};            // until the temporary file is gone
+  described_folder described{};      // what the linter read
   std::vector<std::string> paths{};  // of the inputs
-  file_states before{};              // what the inputs were like at the begin
-  described_dvis described{};        // what the linter read in the headers
   replacement_file package{};
   package_summary summary{};
 };
-
-/// Finds the inputs, and what they are like before anything of them is read.
-int find_all_inputs(packing& run) {
-  run.inputs.folder = run.options.folder;
-  const collected_messages told_by_the_linter(false);
-  run.is_complete = find_inputs(run.inputs, run.options.vproc) == 0;
-  if (run.is_complete) {
-    run.paths = input_paths(run.inputs);
-    run.before = states_of(run.paths);
-  }
-  return status_fine;
-}
 
 void check_signals(const packing& run) {
   if (run.signals.is_waiting()) {
@@ -83,18 +68,25 @@ int lint_inputs(packing& run) {
                          ": nothing is packed"));
     return status_findings;
   }
-  if (!run.is_complete || run.described.size() != run.inputs.dvis.size()) {
-    print_message(joined(printable(run.options.folder), ": was changed while it was packed"));
-    return status_failed;
-  }
-  return run.before.error == 0 ? status_fine
-                               : report_file_error(run.before.failed, run.before.error);
+  run.paths = input_paths(run.described.inputs);
+  return status_fine;
+}
+
+/// Only a regular file can be compared with the package.
+int check_inputs(packing& run) {
+  const file_states& before = run.described.before;
+  const auto other =
+      std::ranges::find_if(before, [](const file_state& one) { return one.error != 0; });
+  return other == before.end()
+             ? status_fine
+             : report_file_error(run.paths[static_cast<std::size_t>(other - before.begin())],
+                                 other->error);
 }
 
 int create_package(packing& run) {
   const auto existing = identity_at(run.options.package);
-  if (existing && std::ranges::find(run.before.states, *existing, &file_state::identity) !=
-                      run.before.states.end()) {
+  const file_states& inputs = run.described.before;
+  if (existing && std::ranges::find(inputs, *existing, &file_state::identity) != inputs.end()) {
     print_message(joined(printable(run.options.package), ": is one of the files to pack"));
     return status_failed;
   }
@@ -112,7 +104,7 @@ void see_progress(void* state, std::uint64_t written) {
 /// About as many bytes as the package will have: those of the inputs.
 std::uint64_t expected_size(const packing& run) {
   std::uint64_t size = 0;
-  for (const file_state& state : run.before.states) {
+  for (const file_state& state : run.described.before) {
     size += static_cast<std::uint64_t>(state.size);
   }
   return size;
@@ -133,8 +125,9 @@ int write_package(packing& run) {
   package_writer writer{.file = file_handle(::dup(run.package.descriptor())),
                         .watch = {.tell = see_progress, .state = &run}};
   run.streams.progress = begin_progress(run.options.package, expected_size(run), run.streams.quiet);
-  const int status = run_step(
-      [&] { return append_described(writer, run.inputs, run.described, run.options.vproc); });
+  const int status = run_step([&] {
+    return append_described(writer, run.described.inputs, run.described.dvis, run.options.vproc);
+  });
   flush_package(writer);
   hide_progress(run.streams.progress);
   if (writer.write_error != 0) {
@@ -155,11 +148,12 @@ int verify_package(packing& run) {
   if (const int error = package.load(temporary); error != 0) {
     return report_file_error(temporary, error);
   }
-  const input_comparison comparison = compare_with_inputs(package, run.inputs, run.described);
+  const input_comparison comparison =
+      compare_with_inputs(package, run.described.inputs, run.described.dvis);
   if (comparison.error != 0) {
     return report_file_error(comparison.path, comparison.error);
   }
-  const std::string changed = changed_file(run.paths, run.before);
+  const std::string changed = changed_file(run.paths, run.described.before);
   if (!changed.empty()) {
     print_message(joined(printable(changed), ": was changed while it was packed"));
     return status_failed;
@@ -205,7 +199,7 @@ int run_pack(const pack_options& options, console& streams) try {
   streams.warnings_are_errors = options.warnings_are_errors;
   packing run(options, streams);
   for (const auto step :
-       {find_all_inputs, lint_inputs, create_package, write_package, verify_package}) {
+       {lint_inputs, check_inputs, create_package, write_package, verify_package}) {
     if (const int status = step(run); status != status_fine) {
       return status;
     }

@@ -15,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 using companion::changed_file;
 using companion::file_states;
-using companion::states_of;
+using companion::state_of;
 
 class InputStates : public testing::Test {
  protected:
@@ -24,28 +24,36 @@ class InputStates : public testing::Test {
     folder.write("net.h", "header");
   }
 
+  [[nodiscard]] file_states states() const {
+    file_states all;
+    for (const std::string& path : paths) {
+      all.push_back(state_of(open_to_read(path).handle));
+    }
+    return all;
+  }
+
   scratch_folder folder;
   const std::vector<std::string> paths{folder.path("net.dvi"), folder.path("net.h")};
 };
 
 TEST_F(InputStates, AreThoseOfUnchangedFiles) {
-  EXPECT_EQ(changed_file(paths, states_of(paths)), "");
+  EXPECT_EQ(changed_file(paths, states()), "");
 }
 
 TEST_F(InputStates, ShowAnotherSize) {
-  const file_states before = states_of(paths);
+  const file_states before = states();
   folder.write("net.h", "longer header");
   EXPECT_EQ(changed_file(paths, before), paths[1]);
 }
 
 TEST_F(InputStates, ShowAnotherTime) {
-  const file_states before = states_of(paths);
+  const file_states before = states();
   fs::last_write_time(paths[0], fs::last_write_time(paths[0]) - std::chrono::nanoseconds(1));
   EXPECT_EQ(changed_file(paths, before), paths[0]);
 }
 
 TEST_F(InputStates, ShowOtherBytesUnderTheOldTime) {
-  const file_states before = states_of(paths);
+  const file_states before = states();
   const auto time = fs::last_write_time(paths[1]);
   // The time of the change itself cannot be put back. It grows in steps.
   for (int i = 0; i < 1000 && changed_file(paths, before).empty(); ++i) {
@@ -56,23 +64,22 @@ TEST_F(InputStates, ShowOtherBytesUnderTheOldTime) {
 }
 
 TEST_F(InputStates, ShowAnotherFile) {
-  file_states before = states_of(paths);
-  ++before.states[1].identity.inode;
+  file_states before = states();
+  ++before[1].identity.inode;
   EXPECT_EQ(changed_file(paths, before), paths[1]);
 }
 
 TEST_F(InputStates, ShowAMissingFile) {
-  const file_states before = states_of(paths);
+  const file_states before = states();
   fs::remove(paths[0]);
   EXPECT_EQ(changed_file(paths, before), paths[0]);
 }
 
-TEST_F(InputStates, FailForWhatIsNoFile) {
-  fs::remove(paths[1]);
-  EXPECT_EQ(states_of(paths).error, ENOENT);
-  EXPECT_EQ(states_of(paths).failed, paths[1]);
-  folder.make_folder("net.h");
-  EXPECT_EQ(states_of(paths).error, EINVAL);
+TEST_F(InputStates, HaveAnErrorForWhatIsNoRegularFile) {
+  folder.make_folder("folder");
+  EXPECT_EQ(state_of(open_to_read(folder.path("folder")).handle).error, EINVAL);
+  EXPECT_EQ(state_of(open_to_read(folder.path("missing")).handle).error, EBADF);
+  EXPECT_EQ(state_of(open_to_read(paths[0]).handle).error, 0);
 }
 
 }  // namespace

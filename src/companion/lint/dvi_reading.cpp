@@ -17,9 +17,9 @@ constexpr std::size_t most_together = 64;
 constexpr std::size_t least_shared = 8;
 constexpr std::size_t most_text = std::size_t{256} << 10U;  // bytes; a longer header is the last
 
-/// A header's text. Returns 0 or an errno.
-int load_header(const std::string& path, std::string& text) {
-  const readable_file file = open_to_read(path);
+/// Loads the text of a header. Returns 0 or an errno.
+int load_header(dvi_reading& reading) {
+  const readable_file file = open_to_read(reading.header_path);
   if (!file.handle.is_open()) {
     return errno;
   }
@@ -27,7 +27,8 @@ int load_header(const std::string& path, std::string& text) {
     const auto status = status_of(file.handle);
     return status && S_ISDIR(status->st_mode) ? EISDIR : EINVAL;
   }
-  text = read_file(file);
+  reading.header_state = state_of(file.handle);
+  reading.text = read_file(file);
   return 0;
 }
 
@@ -89,7 +90,7 @@ std::vector<dvi_reading> load_headers(const lint_scope& scope, const folder_read
     reading.position = i;
     reading.header_path = join_path(scope.folder, files.headers[i].name);
     reading.image_path = join_path(scope.folder, files.dvis[i].name);
-    reading.header_error = load_header(reading.header_path, reading.text);
+    reading.header_error = load_header(reading);
     text += reading.text.size();
   }
   return readings;

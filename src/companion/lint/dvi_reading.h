@@ -31,6 +31,7 @@ struct dvi_reading {
   std::string image_path{};
   std::string text{};    // of the header
   int header_error = 0;  // the errno of a header that cannot be read
+  file_state header_state{};
   header_reading header{};
   std::vector<read_port> ports{};  // the inputs, then the outputs
   described_dvi described{};       // its records only if they are asked for

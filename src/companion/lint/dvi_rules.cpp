@@ -47,13 +47,14 @@ image_file look_at_image(const std::string& path, std::uint32_t wanted) {
   if (!file.handle.is_open()) {
     return {.error = errno};
   }
+  const file_state state = state_of(file.handle);
   if (file.size >= 0) {
-    return {.size = static_cast<std::uint64_t>(file.size)};
+    return {.size = static_cast<std::uint64_t>(file.size), .state = state};
   }
   // Nothing of a folder can be read, and from a pipe it would be lost.
   const auto status = status_of(file.handle);
   const bool is_device = status && (S_ISCHR(status->st_mode) || S_ISBLK(status->st_mode));
-  return {.size = is_device ? readable_bytes(file.handle, wanted) : 0};
+  return {.size = is_device ? readable_bytes(file.handle, wanted) : 0, .state = state};
 }
 
 void judge_image(const header_reading& reading, const image_file& image,

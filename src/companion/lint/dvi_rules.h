@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "companion/input_states.h"
 #include "companion/lint/header_findings.h"
 #include "companion/lint/header_reading.h"
 
@@ -12,6 +13,7 @@ namespace morvane::companion {
 struct image_file {
   int error = 0;           // the errno of an image that cannot be opened
   std::uint64_t size = 0;  // bytes; of a device at most as many as are wanted
+  file_state state{};
 };
 image_file look_at_image(const std::string& path, std::uint32_t wanted);
 

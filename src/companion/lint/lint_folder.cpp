@@ -168,10 +168,26 @@ void judge_dvi(folder_run& run, dvi_reading& reading) {
   add_package_size(run, reading.header);
 }
 
+void take_over(described_folder& described, dvi_reading& reading) {
+  described.dvis.push_back(std::move(reading.described));
+  described.before.push_back(reading.image.state);
+  described.before.push_back(reading.header_state);
+}
+
+void describe_files(described_folder& described, const std::string& folder, folder_reading files) {
+  described.inputs.folder = folder;
+  described.inputs.headers.reserve(files.headers.size());
+  for (std::size_t i = 0; i < files.headers.size(); ++i) {
+    described.inputs.headers.push_back(
+        {.name = std::move(files.headers[i].name), .index = files.dvis[i].index});
+  }
+  described.inputs.dvis = std::move(files.dvis);
+}
+
 }  // namespace
 
 int lint_folder(const lint_scope& scope, const finding_sink& sink, const dvi_progress& progress,
-                described_dvis* dvis) {
+                described_folder* described) {
   if (!open_at(AT_FDCWD, scope.folder, O_RDONLY | O_DIRECTORY).is_open()) {
     return errno;
   }
@@ -181,19 +197,18 @@ int lint_folder(const lint_scope& scope, const finding_sink& sink, const dvi_pro
   for (std::size_t next = 0; next < count;) {
     std::vector<dvi_reading> readings =
         load_headers(scope, run.files, static_cast<std::uint32_t>(next));
-    read_dvis(scope, run.files, dvis != nullptr, readings);
+    read_dvis(scope, run.files, described != nullptr, readings);
     for (dvi_reading& reading : readings) {
       progress(reading.position, count);
       judge_dvi(run, reading);
-      if (dvis != nullptr) {
-        dvis->resize(reading.position);  // those whose header is missing describe nothing
-        dvis->push_back(std::move(reading.described));
+      if (described != nullptr) {
+        take_over(*described, reading);
       }
     }
     next = readings.empty() ? count : readings.back().position + 1;
   }
-  if (dvis != nullptr) {
-    dvis->resize(count);
+  if (described != nullptr) {
+    describe_files(*described, scope.folder, std::move(run.files));
   }
   if (run.package_size > std::numeric_limits<std::uint32_t>::max()) {
     sink({.kind = kind_of("size-overflow"),

@@ -7,6 +7,8 @@
 
 #include "companion/described_dvi.h"
 #include "companion/findings.h"
+#include "companion/input_states.h"
+#include "driver/pack_sections.h"
 
 namespace morvane::companion {
 
@@ -16,14 +18,21 @@ struct lint_scope {
   bool notes = false;
 };
 
+/// What a pack run reads in a folder, and what the files are like before it reads them.
+struct described_folder {
+  pack_inputs inputs{};
+  described_dvis dvis{};
+  file_states before{};  // of every image, and of its header behind it
+};
+
 /// Is told how many DVIs of how many were read.
 using dvi_progress = std::function<void(std::size_t done, std::size_t all)>;
 
 /// Reads the folder as the pack run does and hands every finding to the sink: first those about the
 /// folder and the names in it, then for each DVI those about its header, line by line, and those
 /// about its image. Changes nothing. Returns 0, or the errno of a folder that cannot be read.
-/// With a list of DVIs, appends what the headers describe, in the order of the package.
+/// Fills the description, unless it is null; it is complete if no error is found.
 int lint_folder(const lint_scope& scope, const finding_sink& sink, const dvi_progress& progress,
-                described_dvis* dvis);
+                described_folder* described);
 
 }  // namespace morvane::companion
