@@ -50,7 +50,7 @@ void write_value(json_writer& json, std::span<const std::uint32_t> numbers);
 
 template <std::integral Number>
 void write_value(json_writer& json, Number number) {
-  append_piece(json.streams.pending, number);
+  morvane::append_piece(json.streams.pending, number);
 }
 
 /// Writes a member of an object.
