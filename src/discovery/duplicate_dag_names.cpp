@@ -9,11 +9,11 @@
 
 namespace morvane {
 
-int check_duplicate_dag_names(const std::string& folder, const std::vector<input_entry>& headers) {
+int check_duplicate_dag_names(const std::string& folder, const input_list& headers) {
   // The position of each name among the names. The message takes it as the position of the header,
   // which is wrong if an earlier header has no name. It stays so, as scripts compare the message.
   std::unordered_map<std::string, std::size_t> positions;
-  for (const input_entry& header : headers) {
+  for (const input_entry header : headers) {
     const std::string path = join_path(folder, header.name);
     const std::string text = read_file(path);
     line_reader lines{text};

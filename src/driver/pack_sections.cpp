@@ -1,6 +1,5 @@
 #include "driver/pack_sections.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "discovery/duplicate_dag_names.h"
@@ -130,10 +129,14 @@ int append_sections(package_writer& package, const pack_inputs& inputs, bool vpr
 }
 
 bool is_input(const file_identity& file, const pack_inputs& inputs) {
-  const auto is_file = [&](const input_entry& entry) {
-    return identity_at(join_path(inputs.folder, entry.name)) == file;
-  };
-  return std::ranges::any_of(inputs.dvis, is_file) || std::ranges::any_of(inputs.headers, is_file);
+  for (const input_list* files : {&inputs.dvis, &inputs.headers}) {
+    for (const input_entry entry : *files) {
+      if (identity_at(join_path(inputs.folder, entry.name)) == file) {
+        return true;
+      }
+    }
+  }
+  return false;
 }
 
 }  // namespace morvane

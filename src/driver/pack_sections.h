@@ -6,15 +6,15 @@
 #include <vector>
 
 #include "driver/package_writer.h"
-#include "format/input_entry.h"
+#include "format/input_list.h"
 
 namespace morvane {
 
 /// The files to pack. The DVI and the header at the same position belong together.
 struct pack_inputs {
   std::string folder;
-  std::vector<input_entry> dvis;
-  std::vector<input_entry> headers;
+  input_list dvis;
+  input_list headers;
 };
 
 /// Finds the DVIs of the folder and their headers; with vproc, checks that the DAG names differ.

@@ -13,13 +13,19 @@ inline std::string image_name(std::string_view stem) {
   return std::string(stem).append(".").append(dvi_type);
 }
 
+/// What the name of a header ends with, behind the stem.
+inline constexpr std::string_view header_ending = ".h";
+
 inline std::string header_name(std::string_view stem) {
-  return std::string(stem).append(".h");
+  return std::string(stem).append(header_ending);
 }
+
+/// What every header has before the stem, or none.
+inline constexpr std::string_view header_mark = "_";
 
 /// The name of a header in a folder in which all headers have a leading underscore.
 inline std::string marked_header_name(std::string_view stem) {
-  return std::string("_").append(header_name(stem));
+  return std::string(header_mark).append(header_name(stem));
 }
 
 }  // namespace morvane

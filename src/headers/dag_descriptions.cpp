@@ -34,7 +34,7 @@ int parse_dag_description(dvi_desc& dvi, std::string_view header, std::int32_t i
 }
 
 int parse_dag_descriptions(std::vector<dvi_desc>& dvis, const std::string& folder,
-                           const std::vector<input_entry>& headers) {
+                           const input_list& headers) {
   for (std::size_t position = 0; position < headers.size(); ++position) {
     dvi_desc dvi{};
     const std::string header = read_file(join_path(folder, headers[position].name));

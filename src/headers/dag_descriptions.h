@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "format/input_entry.h"
+#include "format/input_list.h"
 #include "format/macros.h"
 #include "format/records.h"
 #include "headers/length_check.h"
@@ -67,6 +67,6 @@ int parse_dag_description(dvi_desc& dvi, std::string_view header, std::int32_t i
 /// cannot be read, or has no DAG name, gives a record without name, sizes and ports. Returns 0. At
 /// a DAG name that is too long, reports the limit VAR_NAME, reads no more headers and returns -1.
 int parse_dag_descriptions(std::vector<dvi_desc>& dvis, const std::string& folder,
-                           const std::vector<input_entry>& headers);
+                           const input_list& headers);
 
 }  // namespace morvane

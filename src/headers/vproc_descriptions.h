@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "format/input_entry.h"
+#include "format/input_list.h"
 #include "format/records.h"
 #include "headers/block_reader.h"
 #include "headers/line_scanner.h"
@@ -50,7 +50,7 @@ vproc_desc count_vproc_records(std::string_view header);
 /// Appends one vproc_desc for every header of the folder, in the order of the list. A header that
 /// cannot be read gives zeros. Returns 0.
 int parse_vproc_description(std::vector<vproc_desc>& vprocs, const std::string& folder,
-                            const std::vector<input_entry>& headers);
+                            const input_list& headers);
 
 /// Appends one smb_desc for every SMB block in the header's text. Returns 0. At an SMB name that is
 /// too long, reports the limit VAR_NAME, stops reading and returns -1.

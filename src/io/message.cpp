@@ -14,12 +14,12 @@ thread_local collected_messages* collector = nullptr;
 
 }  // namespace
 
-collected_messages::collected_messages(bool keeps_them) : keeps(keeps_them) {
+collected_messages::collected_messages(bool keeps_them) : keeps(keeps_them), outer_(collector) {
   collector = this;
 }
 
 collected_messages::~collected_messages() {
-  collector = nullptr;
+  collector = outer_;
 }
 
 void print_text(std::string_view text) {

@@ -40,7 +40,7 @@ void append_pieces(std::string& text, const Pieces&... pieces) {
 void print_text(std::string_view text);
 
 /// As long as it lives, print_text in its thread appends to its text instead, or forgets what it
-/// was to print. A thread may have one at a time.
+/// was to print. The last one of a thread counts.
 class collected_messages {
  public:
   explicit collected_messages(bool keeps_them = true);
@@ -52,6 +52,9 @@ class collected_messages {
 
   const bool keeps;
   std::string text{};
+
+ private:
+  collected_messages* const outer_;
 };
 
 /// Prints the pieces, texts and numbers, as one line.

@@ -16,14 +16,14 @@ constexpr std::int32_t dvi_count = 10000;
 
 void pair_names(benchmark::State& state) {
   const test::scratch_folder folder;
-  std::vector<input_entry> dvis;
+  input_list dvis;
   for (std::int32_t index = 0; index < dvi_count; ++index) {
     const std::string stem = "net_split_" + std::to_string(index);
     folder.write("_" + stem + ".h", "");
-    dvis.push_back({.name = stem + ".dvi", .index = index});
+    dvis.add({.name = stem + ".dvi", .index = index});
   }
   for (auto _ : state) {
-    std::vector<input_entry> headers;
+    input_list headers;
     if (pair_header_files(folder.path(), dvis, headers) != dvi_count) {
       state.SkipWithError("headers are missing");
     }

@@ -191,9 +191,10 @@ class LintPromises : public testing::Test {
     const collected_messages forgotten(false);
     find_inputs(inputs, vproc);
     std::vector<std::string> headers;
-    for (const input_entry& header : inputs.headers) {
-      headers.push_back(std::to_string(number) + "/" + header.name);
-      findings_of[headers.back()] = findings_of[folder + "/" + header.name];
+    for (const input_entry header : inputs.headers) {
+      const std::string name(header.name);
+      headers.push_back(std::to_string(number) + "/" + name);
+      findings_of[headers.back()] = findings_of[folder + "/" + name];
     }
     std::ranges::move(packed_macros(package, headers), std::back_inserter(macros));
     ++packed;

@@ -69,7 +69,7 @@ std::vector<std::string> make_files(const scratch_folder& folder,
   return made;
 }
 
-void check_pairs(const std::vector<input_entry>& dvis, const std::vector<input_entry>& headers) {
+void check_pairs(const input_list& dvis, const input_list& headers) {
   require(headers.size() <= dvis.size(), "every header has its DVI");
   for (std::size_t i = 0; i < headers.size(); ++i) {
     const std::string stem(get_file_stem(dvis[i].name));
@@ -80,18 +80,20 @@ void check_pairs(const std::vector<input_entry>& dvis, const std::vector<input_e
 }
 
 void check_folder(const std::string& folder) {
-  std::vector<input_entry> dvis;
+  input_list dvis;
   const std::int32_t count = list_input_files(folder, "dvi", dvis);
   require(count == 0 || static_cast<std::size_t>(count) == dvis.size(), "the count is the list's");
-  require(count == 0 || std::ranges::is_sorted(dvis, {}, &input_entry::index),
-          "the DVIs are in the order of their indices");
-  for (const input_entry& dvi : dvis) {
+  for (std::size_t i = 1; i < dvis.size(); ++i) {
+    require(count == 0 || dvis[i - 1].index <= dvis[i].index,
+            "the DVIs are in the order of their indices");
+  }
+  for (const input_entry dvi : dvis) {
     std::int32_t index = 0;
     require(get_file_type(dvi.name, false) == "dvi" && parse_file_index(dvi.name, index) == 0 &&
                 index == dvi.index,
             "a DVI is listed with the index of its name");
   }
-  std::vector<input_entry> headers;
+  input_list headers;
   require(static_cast<std::size_t>(pair_header_files(folder, dvis, headers)) == headers.size(),
           "the count is the list's");
   check_pairs(dvis, headers);

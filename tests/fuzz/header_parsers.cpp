@@ -93,9 +93,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const test::scratch_folder scratch;
   const std::string_view header = test::text_of_input(data, size);
   scratch.write("a.h", header);
-  const std::vector<input_entry> headers{{.name = "a.h", .index = 0},
-                                         {.name = "missing.h", .index = 300},
-                                         {.name = "a.h", .index = -1}};
+  const input_list headers{{.name = "a.h", .index = 0},
+                           {.name = "missing.h", .index = 300},
+                           {.name = "a.h", .index = -1}};
 
   std::vector<dvi_desc> dvis;
   const int dag_status = parse_dag_descriptions(dvis, scratch.path(), headers);

@@ -211,7 +211,10 @@ TEST(ParseDagDescriptions, CutsIndexAndPositionToTheirLowByte) {
   const scratch_folder folder;
   folder.write("a.h", "a_DAG_NAME a\n");
   std::vector<dvi_desc> dvis;
-  const std::vector<input_entry> headers(301, {.name = "a.h", .index = 256});
+  input_list headers;
+  for (int i = 0; i < 301; ++i) {
+    headers.add({.name = "a.h", .index = 256});
+  }
   EXPECT_EQ(parse_dag_descriptions(dvis, folder.path(), headers), 0);
   ASSERT_EQ(dvis.size(), 301U);
   EXPECT_EQ(dvis[300].dvi_id, 0);

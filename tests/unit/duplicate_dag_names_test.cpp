@@ -16,11 +16,11 @@ using test::scratch_folder;
 /// folder.
 std::string printed_for(const std::vector<std::string>& headers, int status) {
   const scratch_folder folder;
-  std::vector<input_entry> entries;
+  input_list entries;
   for (const std::string& header : headers) {
     const std::string name = std::string(1, static_cast<char>('A' + entries.size())) + ".h";
     folder.write(name, header);
-    entries.push_back({.name = name});
+    entries.add({.name = name});
   }
   const std::string printed =
       printed_by([&] { EXPECT_EQ(check_duplicate_dag_names(folder.path(), entries), status); });

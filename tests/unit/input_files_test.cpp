@@ -18,29 +18,29 @@ using test::scratch_folder;
 using names = std::vector<std::string>;
 using indices = std::vector<std::int32_t>;
 
-names names_of(const std::vector<input_entry>& files) {
+names names_of(const input_list& files) {
   names found;
-  for (const input_entry& file : files) {
-    found.push_back(file.name);
+  for (const input_entry file : files) {
+    found.emplace_back(file.name);
   }
   return found;
 }
 
-indices indices_of(const std::vector<input_entry>& files) {
+indices indices_of(const input_list& files) {
   indices found;
-  for (const input_entry& file : files) {
+  for (const input_entry file : files) {
     found.push_back(file.index);
   }
   return found;
 }
 
 /// The DVIs of a folder with these files. Checks their number against the result.
-std::vector<input_entry> listed(const names& files) {
+input_list listed(const names& files) {
   const scratch_folder folder;
   for (const std::string& file : files) {
     folder.write(file, "");
   }
-  std::vector<input_entry> dvis;
+  input_list dvis;
   const std::int32_t count = list_input_files(folder.path(), "dvi", dvis);
   EXPECT_EQ(count, static_cast<std::int32_t>(dvis.size()));
   return dvis;
@@ -61,14 +61,14 @@ TEST(ListInputFiles, TakesTheTypeInAnyCaseAndNoOther) {
 TEST(ListInputFiles, TakesAFolderForADvi) {
   const scratch_folder folder;
   folder.make_folder("x.dvi");
-  std::vector<input_entry> dvis;
+  input_list dvis;
   EXPECT_EQ(list_input_files(folder.path(), "dvi", dvis), 1);
   EXPECT_EQ(names_of(dvis), names{"x.dvi"});
 }
 
 TEST(ListInputFiles, FindsNothingInAMissingOrEmptyFolder) {
   const scratch_folder folder;
-  std::vector<input_entry> dvis;
+  input_list dvis;
   EXPECT_EQ(printed_by([&] {
               EXPECT_EQ(list_input_files(folder.path("missing"), "dvi", dvis), 0);
               EXPECT_EQ(list_input_files(folder.path(), "dvi", dvis), 0);
@@ -115,7 +115,7 @@ void expect_disordered(const names& files) {
   for (const std::string& file : files) {
     folder.write(file, "");
   }
-  std::vector<input_entry> dvis;
+  input_list dvis;
   EXPECT_EQ(printed_by([&] { EXPECT_EQ(list_input_files(folder.path(), "dvi", dvis), 0); }),
             "error: files in input folder are disordered.\n");
   EXPECT_EQ(dvis.size(), files.size());
@@ -138,16 +138,16 @@ TEST(ListInputFiles, DoesNotCountADviThatItLeftOutInTheOrderCheck) {
 }
 
 /// The headers of these DVIs in a folder with these files.
-names paired(const names& files, const std::vector<input_entry>& dvis) {
+names paired(const names& files, const input_list& dvis) {
   const scratch_folder folder;
   for (const std::string& file : files) {
     folder.write(file, "");
   }
-  std::vector<input_entry> headers;
+  input_list headers;
   const std::int32_t count = pair_header_files(folder.path(), dvis, headers);
   EXPECT_EQ(count, static_cast<std::int32_t>(headers.size()));
   for (std::size_t i = 0; i < headers.size(); ++i) {
-    EXPECT_EQ(headers[i].index, dvis.at(i).index);
+    EXPECT_EQ(headers[i].index, dvis[i].index);
   }
   return names_of(headers);
 }
@@ -199,12 +199,12 @@ TEST(PairHeaderFiles, CutsTheLastExtensionOnly) {
 TEST(PairHeaderFiles, TakesAFolderForAHeader) {
   const scratch_folder folder;
   folder.make_folder("_a.h");
-  std::vector<input_entry> headers;
+  input_list headers;
   EXPECT_EQ(pair_header_files(folder.path(), {{.name = "a.dvi"}}, headers), 1);
 }
 
 TEST(PairHeaderFiles, MissesEveryHeaderOfAMissingFolder) {
-  std::vector<input_entry> headers;
+  input_list headers;
   EXPECT_EQ(
       printed_by(
           [&] { EXPECT_EQ(pair_header_files("missing folder", {{.name = "a.dvi"}}, headers), 0); }),

@@ -25,11 +25,11 @@ file_names yielded_by(const scratch_folder& folder) {
 }
 
 file_names listed_in(const scratch_folder& folder) {
-  std::vector<input_entry> dvis;
+  input_list dvis;
   list_input_files(folder.path(), "dvi", dvis);
   file_names found;
-  for (const input_entry& dvi : dvis) {
-    found.push_back(dvi.name);
+  for (const input_entry dvi : dvis) {
+    found.emplace_back(dvi.name);
   }
   return found;
 }

@@ -43,6 +43,23 @@ TEST(PrintText, AddsNothing) {
   EXPECT_EQ(printed_by([] { print_text("two\nlines"); }), "two\nlines");
 }
 
+TEST(CollectedMessages, GoToTheLastCollectorThatLives) {
+  EXPECT_EQ(printed_by([] {
+              {
+                collected_messages outer;
+                print_text("1");
+                {
+                  const collected_messages inner(false);
+                  print_text("2");
+                }
+                print_text("3");
+                EXPECT_EQ(outer.text, "13");
+              }
+              print_text("4");
+            }),
+            "4");
+}
+
 TEST(ReportOpenFailure, NamesThePath) {
   EXPECT_EQ(printed_by([] { EXPECT_EQ(report_open_failure("out/net.dvi"), -1); }),
             "can't open file out/net.dvi\n");

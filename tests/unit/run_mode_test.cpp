@@ -99,8 +99,9 @@ TEST_F(SelectRunMode, TakesTheDefaultNameOfTheInputFolderForNone) {
 }
 
 TEST_F(SelectRunMode, HandsTheVprocFlagToTheInspection) {
-  const std::string package = std::string("\6\0\1\2\x14\x38\x3B\x0B\1\0\0\0", 12) +
-                              std::string(156, '\0') + std::string(12, '\0');
+  std::string package("\6\0\1\2\x14\x38\x3B\x0B\1\0\0\0", 12);
+  package.append(156, '\0');  // the DVI's description
+  package.append(12, '\0');   // its counts of vproc records
   folder.write("net.bin", package);
   EXPECT_EQ(select({"-v", "-c", "-f", folder.path("net.bin"), "-p", folder.path()}), 1);
   EXPECT_NE(output.find("vproc_id: 0 dag_name:  variable_num: 0 smb_num: 0\n"), std::string::npos);

@@ -83,12 +83,12 @@ std::vector<dvi_reading> load_headers(const lint_scope& scope, const folder_read
   std::size_t text = 0;
   for (std::uint32_t i = first;
        i < files.dvis.size() && readings.size() < most_together && text < most_text; ++i) {
-    if (files.headers[i].is_missing) {
+    if (!has_header(files.headers, i)) {
       continue;
     }
     dvi_reading& reading = readings.emplace_back();
     reading.position = i;
-    reading.header_path = join_path(scope.folder, files.headers[i].name);
+    reading.header_path = join_path(scope.folder, files.header(i));
     reading.image_path = join_path(scope.folder, files.dvis[i].name);
     reading.header_error = load_header(reading);
     text += reading.text.size();

@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <map>
-#include <tuple>
-#include <unordered_set>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "companion/printable_text.h"
 #include "discovery/file_names.h"
@@ -27,8 +28,8 @@ struct folder_check {
   }
 };
 
-/// An image whose name keeps it out of the package.
-void check_name(const folder_check& check, const std::string& name) {
+/// Tells why an image whose name keeps it out of the package is left out.
+void check_name(const folder_check& check, std::string_view name) {
   if (lower_case_type(name) != dvi_type) {
     return;
   }
@@ -38,11 +39,8 @@ void check_name(const folder_check& check, const std::string& name) {
                       " can be packed: the image is left out"));
     return;
   }
-  std::int32_t index = 0;
-  if (parse_file_index(name, index) != 0) {
-    check.tell(kind_of("bad-index"), name,
-               "the name has _split_, but no index before the extension: the image is left out");
-  }
+  check.tell(kind_of("bad-index"), name,
+             "the name has _split_, but no index before the extension: the image is left out");
 }
 
 /// "0 is missing": why the indices do not fit; empty if each is used.
@@ -56,9 +54,9 @@ std::string index_fault(const std::map<std::int32_t, unsigned>& uses, std::size_
 }
 
 /// The index that is missing among those of the files, which are in order; -1 if there is none.
-std::int32_t missing_index(const std::vector<input_entry>& dvis) {
+std::int32_t missing_index(const input_list& dvis) {
   std::int32_t expected = 0;
-  for (const input_entry& dvi : dvis) {
+  for (const input_entry dvi : dvis) {
     if (dvi.index > expected) {
       return expected;
     }
@@ -67,9 +65,9 @@ std::int32_t missing_index(const std::vector<input_entry>& dvis) {
   return -1;
 }
 
-void check_disorder(const folder_check& check, const std::vector<input_entry>& dvis) {
+void check_disorder(const folder_check& check, const input_list& dvis) {
   std::map<std::int32_t, unsigned> uses;
-  for (const input_entry& dvi : dvis) {
+  for (const input_entry dvi : dvis) {
     ++uses[dvi.index];
   }
   const std::string fault = index_fault(uses, dvis.size());
@@ -80,19 +78,33 @@ void check_disorder(const folder_check& check, const std::vector<input_entry>& d
 }
 
 /// The DVIs are in the order of their indices, and those of one index in the order of the folder.
-void check_repetition(const folder_check& check, std::vector<input_entry> dvis) {
-  std::ranges::sort(dvis, {}, [](const input_entry& dvi) { return std::tie(dvi.index, dvi.name); });
-  for (std::size_t i = 1; i < dvis.size(); ++i) {
-    if (dvis[i].index == dvis[i - 1].index) {
-      check.tell(kind_of("repeated-index"), dvis[i].name,
-                 joined("the index is ", dvis[i].index, ", as that of ",
-                        printable(dvis[i - 1].name), ": the order of the two is not defined"));
+void check_repetition(const folder_check& check, const input_list& dvis) {
+  std::vector<input_entry> ordered;
+  for (const input_entry dvi : dvis) {
+    ordered.push_back(dvi);
+  }
+  std::ranges::sort(ordered, {},
+                    [](const input_entry& dvi) { return std::pair(dvi.index, dvi.name); });
+  for (std::size_t i = 1; i < ordered.size(); ++i) {
+    if (ordered[i].index == ordered[i - 1].index) {
+      check.tell(kind_of("repeated-index"), ordered[i].name,
+                 joined("the index is ", ordered[i].index, ", as that of ",
+                        printable(ordered[i - 1].name), ": the order of the two is not defined"));
     }
   }
 }
 
-void check_order(const folder_check& check, const std::vector<input_entry>& dvis) {
-  if (std::ranges::adjacent_find(dvis, {}, &input_entry::index) != dvis.end()) {
+bool has_repetition(const input_list& dvis) {
+  for (std::size_t i = 1; i < dvis.size(); ++i) {
+    if (dvis[i].index == dvis[i - 1].index) {
+      return true;
+    }
+  }
+  return false;
+}
+
+void check_order(const folder_check& check, const input_list& dvis) {
+  if (has_repetition(dvis)) {
     check_repetition(check, dvis);
   }
   const std::int32_t missing = missing_index(dvis);
@@ -102,34 +114,53 @@ void check_order(const folder_check& check, const std::vector<input_entry>& dvis
   }
 }
 
-void check_pairs(const folder_check& check, const folder_reading& reading,
-                 const std::unordered_set<std::string_view>& names) {
-  for (std::size_t i = 0; i < reading.headers.size(); ++i) {
-    const wanted_header& header = reading.headers[i];
-    if (!header.is_missing) {
+void check_pairs(const folder_check& check, const folder_reading& reading) {
+  for (std::size_t i = 0; i < reading.dvis.size(); ++i) {
+    if (has_header(reading.headers, i)) {
       continue;
     }
-    const std::string marked = marked_header_name(get_file_stem(reading.dvis[i].name));
     const std::string_view hint =
-        names.contains(marked)
+        reading.headers.marked[i]
             ? ", and headers with an underscore count only if every image has one"
             : "";
     check.tell(kind_of("unpaired-image"), reading.dvis[i].name,
-               joined("the header ", printable(header.name), " is missing", hint,
+               joined("the header ", printable(reading.header(i)), " is missing", hint,
                       ": nothing can be packed"));
   }
 }
 
+/// The names in a folder that no image of the package has, in order: with notes all of them,
+/// otherwise those of images.
+std::vector<std::string> other_names(const lint_scope& scope) {
+  std::vector<std::string> others;
+  const bool is_read = read_names(scope.folder, [&](std::string_view name) {
+    std::int32_t index = 0;
+    if ((scope.notes || lower_case_type(name) == dvi_type) &&
+        !is_input_file(name, dvi_type, index)) {
+      others.emplace_back(name);
+    }
+  });
+  if (!is_read) {
+    others.clear();
+  }
+  std::ranges::sort(others);
+  return others;
+}
+
 void note_unused(const folder_check& check, const folder_reading& reading,
                  const std::vector<std::string>& names) {
-  std::unordered_set<std::string_view> used{".", ".."};
+  std::vector<bool> used(names.size());
   for (std::size_t i = 0; i < reading.dvis.size(); ++i) {
-    used.insert(reading.dvis[i].name);
-    used.insert(reading.headers[i].name);
+    const std::string header = reading.header(i);
+    const auto found = std::ranges::lower_bound(names, header);
+    if (found != names.end() && *found == header) {
+      used[static_cast<std::size_t>(found - names.begin())] = true;
+    }
   }
-  for (const std::string& name : names) {
-    if (!used.contains(name) && lower_case_type(name) != dvi_type) {
-      check.tell(kind_of("unused-file"), name, "the file belongs to no image: it is not read");
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const bool is_folder = names[i] == "." || names[i] == "..";
+    if (!used[i] && !is_folder && lower_case_type(names[i]) != dvi_type) {
+      check.tell(kind_of("unused-file"), names[i], "the file belongs to no image: it is not read");
     }
   }
 }
@@ -139,11 +170,9 @@ void note_unused(const folder_check& check, const folder_reading& reading,
 folder_reading read_folder(const lint_scope& scope, const finding_sink& sink) {
   const collected_messages forgotten(false);
   const folder_check check{.scope = scope, .sink = sink};
-  std::vector<std::string> names = list_folder(scope.folder);
-  std::ranges::sort(names);
   folder_reading reading;
   const bool is_ordered = list_input_files(scope.folder, dvi_type, reading.dvis) != 0;
-  reading.headers = find_header_files(scope.folder, reading.dvis);
+  reading.headers = find_headers(scope.folder, reading.dvis);
   if (reading.dvis.empty()) {
     check.tell(kind_of("no-images"), {},
                joined("no file with the extension .", dvi_type, " can be packed"));
@@ -152,12 +181,13 @@ folder_reading read_folder(const lint_scope& scope, const finding_sink& sink) {
   } else {
     check_order(check, reading.dvis);
   }
-  for (const std::string& name : names) {
+  const std::vector<std::string> others = other_names(scope);
+  for (const std::string& name : others) {
     check_name(check, name);
   }
-  check_pairs(check, reading, {names.begin(), names.end()});
+  check_pairs(check, reading);
   if (scope.notes) {
-    note_unused(check, reading, names);
+    note_unused(check, reading, others);
   }
   return reading;
 }

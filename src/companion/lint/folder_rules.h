@@ -1,8 +1,8 @@
 // The names in a folder: which files are packed, and in which order.
 #pragma once
 
+#include <cstddef>
 #include <string>
-#include <vector>
 
 #include "companion/findings.h"
 #include "companion/lint/lint_folder.h"
@@ -10,11 +10,15 @@
 
 namespace morvane::companion {
 
-/// The DVIs of a folder in the order in which they are packed, each with the header at the same
-/// position.
+/// The DVIs of a folder in the order in which they are packed, and which headers they have.
 struct folder_reading {
-  std::vector<input_entry> dvis;
-  std::vector<wanted_header> headers;
+  input_list dvis{};
+  header_presence headers{};
+
+  /// The name of the header of the DVI at a position.
+  [[nodiscard]] std::string header(std::size_t position) const {
+    return header_of(headers, dvis[position]);
+  }
 };
 
 /// Finds what the pack run finds, and tells the sink what is wrong with the names.

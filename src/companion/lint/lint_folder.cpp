@@ -62,7 +62,7 @@ void follow_port(folder_run& run, const read_port& port, dvi_reading& reading) {
          .place = static_cast<std::size_t>(port.name.data() - reading.text.data()),
          .text =
              joined("input ", printable(port.name), " differs from the output of the same name in ",
-                    printable(run.files.headers[output->second.dvi].name), ": ", differing)});
+                    printable(run.files.header(output->second.dvi)), ": ", differing)});
   }
 }
 
@@ -77,7 +77,7 @@ void judge_repetition(folder_run& run, std::uint32_t position, const header_read
         {.kind = kind_of("duplicate-dag-name"),
          .place = static_cast<std::size_t>(reading.dag_name.data() - reading.header.data()),
          .text = joined("the DAG's name ", in_quotes(reading.dag_name), " is that of ",
-                        printable(run.files.headers[known->second].name), " too",
+                        printable(run.files.header(known->second)), " too",
                         run.scope.vproc ? ": nothing can be packed" : ""),
          .level = run.scope.vproc ? severity::error : severity::warning});
   }
@@ -123,9 +123,9 @@ void note_overlap(folder_run& run, std::uint32_t position, const header_reading&
     findings.push_back(
         {.kind = kind_of("images-overlap"),
          .place = static_cast<std::size_t>(reading.dag_name.data() - reading.header.data()),
-         .text = joined("the image, ", dvi.dvi_img_size, " bytes from ", dvi.dvi_img_vaddr,
-                        " on, shares addresses with that of ",
-                        printable(run.files.headers[*partner].name))});
+         .text =
+             joined("the image, ", dvi.dvi_img_size, " bytes from ", dvi.dvi_img_vaddr,
+                    " on, shares addresses with that of ", printable(run.files.header(*partner)))});
   }
 }
 
@@ -176,10 +176,8 @@ void take_over(described_folder& described, dvi_reading& reading) {
 
 void describe_files(described_folder& described, const std::string& folder, folder_reading files) {
   described.inputs.folder = folder;
-  described.inputs.headers.reserve(files.headers.size());
-  for (std::size_t i = 0; i < files.headers.size(); ++i) {
-    described.inputs.headers.push_back(
-        {.name = std::move(files.headers[i].name), .index = files.dvis[i].index});
+  for (std::size_t i = 0; i < files.dvis.size(); ++i) {
+    described.inputs.headers.add({.name = files.header(i), .index = files.dvis[i].index});
   }
   described.inputs.dvis = std::move(files.dvis);
 }
