@@ -18,7 +18,7 @@ constexpr std::size_t least_shared = 8;
 constexpr std::size_t most_text = std::size_t{256} << 10U;  // bytes; a longer header is the last
 
 /// Loads the text of a header. Returns 0 or an errno.
-int load_header(dvi_reading& reading) {
+int load_text(dvi_reading& reading) {
   const readable_file file = open_to_read(reading.header_path);
   if (!file.handle.is_open()) {
     return errno;
@@ -30,6 +30,14 @@ int load_header(dvi_reading& reading) {
   reading.header_state = state_of(file.handle);
   reading.text = read_file(file);
   return 0;
+}
+
+void load_header(const lint_scope& scope, const folder_reading& files, std::uint32_t position,
+                 dvi_reading& reading) {
+  reading.position = position;
+  reading.header_path = join_path(scope.folder, files.header(position));
+  reading.image_path = join_path(scope.folder, files.dvis[position].name);
+  reading.header_error = load_text(reading);
 }
 
 /// The flow of a port, whose record is one of a kind.
@@ -46,8 +54,9 @@ void take_up(described_dvi& described, object_kind kind, std::span<const std::by
   records.insert(records.end(), record.begin(), record.end());
 }
 
-void read_dvi(const lint_scope& scope, const folder_reading& files, bool with_records,
-              dvi_reading& reading) {
+/// Reads the loaded header as the pack run does.
+void read_as_packed(const lint_scope& scope, const folder_reading& files, bool with_records,
+                    dvi_reading& reading) {
   const auto take_record = [&](object_kind kind, std::string_view name,
                                std::span<const std::byte> record) {
     if (with_records) {
@@ -59,6 +68,11 @@ void read_dvi(const lint_scope& scope, const folder_reading& files, bool with_re
   };
   reading.header = read_header(reading.text, scope.vproc, files.dvis[reading.position].index,
                                reading.position, take_record);
+}
+
+void read_dvi(const lint_scope& scope, const folder_reading& files, bool with_records,
+              dvi_reading& reading) {
+  read_as_packed(scope, files, with_records, reading);
   reading.described.dvi = reading.header.dvi;
   reading.described.vproc = reading.header.vproc;
   reading.image = look_at_image(reading.image_path, reading.header.dvi.dvi_img_size);
@@ -87,10 +101,7 @@ std::vector<dvi_reading> load_headers(const lint_scope& scope, const folder_read
       continue;
     }
     dvi_reading& reading = readings.emplace_back();
-    reading.position = i;
-    reading.header_path = join_path(scope.folder, files.header(i));
-    reading.image_path = join_path(scope.folder, files.dvis[i].name);
-    reading.header_error = load_header(reading);
+    load_header(scope, files, i, reading);
     text += reading.text.size();
   }
   return readings;
@@ -106,6 +117,12 @@ void read_dvis(const lint_scope& scope, const folder_reading& files, bool with_r
   auto other = std::async([&] { read_all(scope, files, with_records, second); });
   read_all(scope, files, with_records, readings.first(readings.size() / 2));
   other.get();
+}
+
+void read_once_more(const lint_scope& scope, const folder_reading& files, std::uint32_t position,
+                    dvi_reading& reading) {
+  load_header(scope, files, position, reading);
+  read_as_packed(scope, files, false, reading);
 }
 
 }  // namespace morvane::companion

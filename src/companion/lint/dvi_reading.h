@@ -48,4 +48,9 @@ std::vector<dvi_reading> load_headers(const lint_scope& scope, const folder_read
 void read_dvis(const lint_scope& scope, const folder_reading& files, bool with_records,
                std::span<dvi_reading> readings);
 
+/// Reads the header of an earlier DVI again: its description and its ports, without findings. To
+/// keep them all takes too much memory.
+void read_once_more(const lint_scope& scope, const folder_reading& files, std::uint32_t position,
+                    dvi_reading& reading);
+
 }  // namespace morvane::companion

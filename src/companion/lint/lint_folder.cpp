@@ -6,10 +6,11 @@
 #include <cerrno>
 #include <cstring>
 #include <limits>
-#include <unordered_map>
+#include <optional>
 
 #include "companion/lint/dvi_reading.h"
 #include "companion/lint/dvi_rules.h"
+#include "companion/lint/earlier_names.h"
 #include "companion/lint/folder_rules.h"
 #include "companion/lint/line_index.h"
 #include "companion/lint/macro_names.h"
@@ -23,47 +24,60 @@ namespace morvane::companion {
 
 namespace {
 
-/// An output of a DVI that was read.
-struct left_output {
-  std::uint32_t dvi;
-  port_flow flow;
-};
-
 /// What was read so far.
 struct folder_run {
   const lint_scope& scope;
   const finding_sink& sink;
-  folder_reading files{};
-  std::unordered_map<std::string, std::uint32_t> dag_names{};
-  std::unordered_map<std::string, left_output> outputs{};
+  folder_reading files;
+  earlier_names dag_names{files.dvis.size()};
+  earlier_outputs outputs{files.dvis.size()};
   memory_plan images{};  // with notes
   std::uint64_t package_size = sizeof(pkg_header);
 };
+
+/// In what an input differs from the last output of its name in an earlier DVI, which is read once
+/// more for that.
+std::string differences_from_output(const folder_run& run, const read_port& input,
+                                    std::uint32_t dvi) {
+  dvi_reading earlier;
+  read_once_more(run.scope, run.files, dvi, earlier);
+  std::string differing;
+  for (const read_port& port : earlier.ports) {
+    if (port.kind == object_kind::output && port.name == input.name) {
+      differing = flow_differences(input.flow, port.flow);
+    }
+  }
+  return differing;
+}
 
 /// Compares a port with the outputs of earlier DVIs, or takes it up as an output.
 void follow_port(folder_run& run, const read_port& port, dvi_reading& reading) {
   if (port.kind == object_kind::output) {
     const bool is_last = reading.position + 1 == run.files.dvis.size();  // no input follows
     if (!is_last) {
-      run.outputs.insert_or_assign(std::string(port.name),
-                                   left_output{reading.position, port.flow});
+      run.outputs.add(port.name, port.flow, reading.position);
     }
     return;
   }
-  const auto output =
-      run.outputs.empty() ? run.outputs.end() : run.outputs.find(std::string(port.name));
-  if (output == run.outputs.end()) {
+  const std::optional<std::uint32_t> source = run.outputs.find_other(port.name, port.flow);
+  if (!source) {
     return;
   }
-  const std::string differing = flow_differences(port.flow, output->second.flow);
+  const std::string differing = differences_from_output(run, port, *source);
   if (!differing.empty()) {
     reading.findings.push_back(
         {.kind = kind_of("port-mismatch"),
          .place = static_cast<std::size_t>(port.name.data() - reading.text.data()),
          .text =
              joined("input ", printable(port.name), " differs from the output of the same name in ",
-                    printable(run.files.header(output->second.dvi)), ": ", differing)});
+                    printable(run.files.header(*source)), ": ", differing)});
   }
+}
+
+bool has_dag_name(const folder_run& run, std::uint32_t dvi, std::string_view name) {
+  dvi_reading earlier;
+  read_once_more(run.scope, run.files, dvi, earlier);
+  return earlier.header.dag_name == name;
 }
 
 void judge_repetition(folder_run& run, std::uint32_t position, const header_reading& reading,
@@ -71,13 +85,13 @@ void judge_repetition(folder_run& run, std::uint32_t position, const header_read
   if (reading.dag_name.empty()) {
     return;
   }
-  const auto [known, is_new] = run.dag_names.try_emplace(std::string(reading.dag_name), position);
-  if (!is_new) {
+  const std::optional<std::uint32_t> earlier = run.dag_names.add(reading.dag_name, position);
+  if (earlier && has_dag_name(run, *earlier, reading.dag_name)) {
     findings.push_back(
         {.kind = kind_of("duplicate-dag-name"),
          .place = static_cast<std::size_t>(reading.dag_name.data() - reading.header.data()),
          .text = joined("the DAG's name ", in_quotes(reading.dag_name), " is that of ",
-                        printable(run.files.header(known->second)), " too",
+                        printable(run.files.header(*earlier)), " too",
                         run.scope.vproc ? ": nothing can be packed" : ""),
          .level = run.scope.vproc ? severity::error : severity::warning});
   }
@@ -189,8 +203,7 @@ int lint_folder(const lint_scope& scope, const finding_sink& sink, const dvi_pro
   if (!open_at(AT_FDCWD, scope.folder, O_RDONLY | O_DIRECTORY).is_open()) {
     return errno;
   }
-  folder_run run{.scope = scope, .sink = sink};
-  run.files = read_folder(scope, sink);
+  folder_run run{.scope = scope, .sink = sink, .files = read_folder(scope, sink)};
   const std::size_t count = run.files.dvis.size();
   for (std::size_t next = 0; next < count;) {
     std::vector<dvi_reading> readings =

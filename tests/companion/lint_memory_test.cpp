@@ -1,0 +1,45 @@
+// What morvane lint keeps of a DVI. Measured is the greatest resident memory of the program.
+#include "companion/linted_folder.h"
+#include "companion/outcome.h"
+#include "harness/sanitizer.h"
+
+namespace morvane::test {
+namespace {
+
+/// A folder of DAGs, each with an input from the DAG before it and an output.
+class lint_memory : public linted_folder {
+ protected:
+  void put_dags(int count) const {
+    for (int i = 0; i < count; ++i) {
+      const std::string dag = "net_" + std::to_string(i);
+      const std::string stem = "in/net_split_" + std::to_string(i);
+      const std::string input = "stage_" + std::to_string(i);
+      const std::string output = "stage_" + std::to_string(i + 1);
+      folder.write(stem + ".dvi", "image");
+      folder.write(stem + ".h", "#define " + dag + "_DAG_NAME \"" + dag + "\"\n#define " + dag +
+                                    "_image_size 5\n/* HMB_input " + input + " */\n#define " + dag +
+                                    "_" + input + "_W 3\n/* HMB_output " + output +
+                                    " */\n#define " + dag + "_" + output + "_W 3\n");
+    }
+  }
+};
+
+using LintMemory = lint_memory;
+
+TEST_F(LintMemory, IsAtMost100BytesForEachDag) {
+  if (under_sanitizer || !run_prefix().empty()) {
+    GTEST_SKIP() << "the memory of the sanitizer or of the run prefix would be counted too";
+  }
+  put_dags(500);
+  const run_result few = lint();
+  expect_outcome(few, 0, "", "morvane: in: 0 errors, 0 warnings\n");
+  put_dags(8500);
+  const run_result many = lint();
+  expect_outcome(many, 0, "", "morvane: in: 0 errors, 0 warnings\n");
+  const double bytes = static_cast<double>(many.peak_kib - few.peak_kib) * 1024 / 8000;
+  std::printf("%.0f bytes for each DAG\n", bytes);
+  EXPECT_LE(bytes, 100);
+}
+
+}  // namespace
+}  // namespace morvane::test
