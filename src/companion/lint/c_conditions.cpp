@@ -26,8 +26,11 @@ bool may_be_of_compiler(std::string_view name) {
   return (is_reserved && name != "__cplusplus") || name == "linux" || name == "unix";
 }
 
-/// Whether a macro is defined where the reader is.
+/// Whether a macro is defined where the reader is. Without a name, the next line holds it.
 visibility is_defined(c_reader& reader, std::string_view name) {
+  if (name.empty()) {
+    return visibility::uncertain;
+  }
   const auto known = reader.asked.find(name);
   const visibility now = known == reader.asked.end() ? visibility::left_out : known->second;
   const bool is_outer = now == visibility::left_out && may_be_of_compiler(name) &&
@@ -48,7 +51,15 @@ std::string_view defined_name(std::string_view text) {
   return leading_name(text) == text ? text : std::string_view();
 }
 
+/// Whether the line that was read last goes on in the next one, other than with a comment.
+bool goes_on(const c_reader& reader) {
+  return reader.in_comment || (reader.goes_on && !reader.in_line_comment);
+}
+
 visibility evaluate(c_reader& reader, std::string_view expression) {
+  if (goes_on(reader)) {
+    return visibility::uncertain;
+  }
   bool is_negated = false;
   while (expression.starts_with('!')) {
     is_negated = !is_negated;
@@ -57,7 +68,7 @@ visibility evaluate(c_reader& reader, std::string_view expression) {
   visibility result = visibility::uncertain;
   const c_number number = c_number_of(expression);
   const std::string_view name = defined_name(expression);
-  if (number.is_known) {
+  if (number.is_known && !number.is_too_large) {
     result = branch(number.magnitude != 0);
   } else if (!name.empty()) {
     result = is_defined(reader, name);
@@ -117,11 +128,13 @@ asked_macros macros_of_conditions(std::string_view header) {
   asked_macros names;
   for (std::size_t at = header.find('#'); at != std::string_view::npos; at = header.find('#', at)) {
     ++at;
-    while (at < header.size() && (header[at] == ' ' || header[at] == '\t')) {
+    while (at < header.size() && is_white(header[at])) {
       ++at;
     }
     const std::string_view rest = header.substr(at);
-    if (rest.starts_with("if") || rest.starts_with("elif")) {
+    const bool may_be_condition =
+        rest.starts_with("if") || rest.starts_with("elif") || rest.starts_with("/*");
+    if (may_be_condition) {
       add_names(names, rest.substr(0, rest.find('\n')));
     }
   }
