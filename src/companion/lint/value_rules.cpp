@@ -70,7 +70,7 @@ value_fault number_fault(const macro_row& row, std::string_view taken, std::stri
   const c_number number = c_number_of(c_value);
   const std::size_t digits = decimal_length(word);
   const bool is_whole = digits == word.size();
-  if (has_other_base(word) && is_whole && word == c_value) {
+  if (has_other_base(word) && is_whole && word == c_value && !number.is_too_large) {
     return octal_fault(word, number, end);
   }
   if (digits == 0 || (has_other_base(word) && !is_whole)) {
