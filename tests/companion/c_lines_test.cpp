@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "companion/lint/c_conditions.h"
-#include "companion/lint/c_number.h"
 #include "companion/lint/memory_plan.h"
 
 namespace morvane::test {
@@ -59,26 +58,54 @@ TEST(CLines, AreLeftOutByConditions) {
   EXPECT_EQ(seen_macros("#if !defined(X)\n#define a 1\n#endif\n"), "-\na=1\n-\n");
 }
 
-TEST(CNumber, IsAnIntegerConstant) {
-  for (const char* text :
-       {"40", "40u", "40UL", "0x28", "050", "0b101000", "(40)", "+40", "(+40)"}) {
-    EXPECT_TRUE(has_value(c_number_of(text), 40)) << text;
-  }
-  EXPECT_TRUE(has_value(c_number_of("-5"), -5));
-  EXPECT_TRUE(has_value(c_number_of("4294967295"), 4294967295));
-  for (const char* text : {"", "40 + 1", "40;", "4x", "08", "1.5", "rows", "\"40\"", "(1)+(2)",
-                           "-5u", "99999999999999999999"}) {
-    EXPECT_FALSE(has_value(c_number_of(text), 40)) << text;
-    EXPECT_FALSE(has_value(c_number_of(text), -5)) << text;
-  }
+/// The line of a text that is one line.
+c_line only_line(std::string_view text) {
+  macro_index macros(text);
+  c_reader reader{.header = text, .macros = macros};
+  return read_c_line(reader, text);
 }
 
-TEST(CString, StandsBetweenQuotes) {
-  EXPECT_EQ(c_string_of("\"a/b\""), "a/b");
-  EXPECT_EQ(c_string_of("\"\""), "");
-  for (const char* text : {"a", "\"", "\"a\" \"b\"", "\"a\\n\"", "L\"a\""}) {
-    EXPECT_EQ(c_string_of(text), std::nullopt) << text;
+TEST(CLines, DefineOnlyWithTheWholeWord) {
+  for (const char* text : {"#defines a 1", "#define1", "#define$", "#undefined a", "#def a 1", "#",
+                           "define a 1", "# 1", "/ #define a 1"}) {
+    EXPECT_EQ(only_line(text).kind, directive::none) << text;
   }
+  for (const char* text : {"#define", "#define/* one */a 1", "#/**/ define a", "/* one */#define a",
+                           "\f#\vdefine(a)"}) {
+    EXPECT_EQ(only_line(text).kind, directive::define) << text;
+  }
+  EXPECT_EQ(only_line("#undef").kind, directive::undef);
+}
+
+TEST(CLines, TellAWordThatIsNoName) {
+  EXPECT_EQ(only_line("#define net_in.0_W 40").name, "net_in");
+  EXPECT_EQ(only_line("#define net_in.0_W 40").word, "net_in.0_W");
+  EXPECT_EQ(only_line("#define a:0/* one */ 40").word, "a:0");
+  EXPECT_EQ(only_line("#define a/0// one").word, "a/0");
+  EXPECT_EQ(only_line("#define 0a").word, "0a");
+  EXPECT_EQ(only_line("#define 0a").name, "");
+}
+
+TEST(CLines, TellWhetherAMacroHasParameters) {
+  EXPECT_TRUE(only_line("#define f(x) x").has_parameters);
+  EXPECT_FALSE(only_line("#define f (x)").has_parameters);
+  EXPECT_FALSE(only_line("#define f").has_parameters);
+}
+
+TEST(CLines, GoOnAfterABackslashWithWhiteSpaceBehindIt) {
+  EXPECT_TRUE(only_line("#define a 1 \\").goes_on);
+  EXPECT_TRUE(only_line("#define a 1 \\ \t\r").goes_on);
+  EXPECT_FALSE(only_line("#define a 1 \\n").goes_on);
+  EXPECT_EQ(seen_macros("/* one */ a \\\n#define b 2\n"), "-\n- continued\n");
+}
+
+TEST(CLines, MayHoldACommentThatGoesOn) {
+  EXPECT_EQ(seen_macros("#/* one\n*/define a 1\n#define b 2\n"), "-\n- continued\nb=2\n");
+  EXPECT_EQ(seen_macros("a /* one\n*/ \\\n#define b 2\n"), "-\n- in a comment\n- continued\n");
+  EXPECT_EQ(seen_macros("#define a /* one\n#define b 2 */ \\\n 3\n#define c 3\n"),
+            "a=\n- continued\n- continued\nc=3\n");
+  EXPECT_EQ(seen_macros("#define a 1 // one \\\n#define b 2\n#define c 3\n"),
+            "a=1\n- in a comment\nc=3\n");
 }
 
 TEST(MemoryPlan, NamesAnImageThatSharesAddresses) {
