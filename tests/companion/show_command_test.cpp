@@ -57,6 +57,30 @@ TEST(ShowCommand, ShowsATableOfEveryDvi) {
       "  0    lut      256\n");
 }
 
+TEST(ShowCommand, ShowsADataFormatOfWhichAnyNumberIsGiven) {
+  std::array<port_desc, 5> ports{};
+  ports.fill(port("data", ""));
+  for (port_desc& each : ports) {
+    each.sign = each.datasize = each.expbits = 255;
+    each.expoffset = -1;
+  }
+  ports[1].sign = 1;
+  ports[2].datasize = 16;
+  ports[3].expoffset = 0;
+  ports[4].expbits = 5;
+  std::string package = header(1) + bytes(sound_dvi(0, "net", 5, 0));
+  for (const port_desc& each : ports) {
+    package += bytes(each);
+  }
+  const scratch_folder folder;
+  folder.write("net.bin", package + image());
+  const std::string shown = run_morvane({"show", "net.bin"}, folder.path()).output;
+  for (const char* row : {"input 0  data  0  0  0  16       0  -      ", "0  1,255,-1,255  ",
+                          "0  255,16,-1,255  ", "0  255,255,0,255  ", "0  255,255,-1,5  "}) {
+    EXPECT_NE(shown.find(row), std::string::npos) << row << "is missing in\n" << shown;
+  }
+}
+
 TEST(ShowCommand, LeavesOutTablesWithoutRows) {
   const scratch_folder folder;
   folder.write("net.bin", header(1) + bytes(sound_dvi(0, "net", 0, 0)) + image());
