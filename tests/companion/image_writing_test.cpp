@@ -48,7 +48,7 @@ TEST(ImageWriting, WritesToAFileInAppendMode) {
   EXPECT_EQ(::fcntl(image.descriptor, F_SETFL, O_APPEND), 0);
   EXPECT_EQ(::write(image.descriptor, "before", 6), 6);
   EXPECT_EQ(image.write(nullptr), 0);
-  EXPECT_EQ(image.folder.read("image"), "before" + std::string(written_size, 'A'));
+  EXPECT_EQ(image.folder.read("image"), std::string("before").append(written_size, 'A'));
 }
 
 TEST(ImageWriting, StopsSoonWhenASignalIsWaiting) {
