@@ -1,6 +1,8 @@
 #include "companion/lint/header_reading.h"
 
 #include <algorithm>
+#include <future>
+#include <utility>
 
 #include "headers/dag_descriptions.h"
 #include "headers/port_descriptions.h"
@@ -96,18 +98,43 @@ void mark_uncounted(std::string_view header, kind_reading& reading,
   }
 }
 
+kind_reading& part_of(header_reading& reading, object_kind kind) {
+  return reading.kinds.at(static_cast<std::size_t>(kind));
+}
+
 /// Reads all blocks of a kind.
 template <class Record>
 void read_kind(header_reading& reading, object_kind kind, const block_format& format,
-               const Record& empty, const std::vector<std::size_t>& counted,
-               const record_sink& sink) {
-  kind_reading& result = reading.kinds.at(static_cast<std::size_t>(kind));
+               const Record& empty, const record_sink& sink) {
+  kind_reading& result = part_of(reading, kind);
   recorder told{.header = reading.header, .macros = format.macros, .reading = result};
   record_slot<Record> slot(kind, result, sink);
   note_stop(told, result, read_blocks(reading.header, format, empty, slot, told));
   slot.hand_on();
-  mark_uncounted(reading.header, result, counted);
 }
+
+/// Reads what belongs to the DAG itself. Returns which ports it counts.
+recorder read_dag(header_reading& reading) {
+  const collected_messages forgotten(false);
+  kind_reading& dag = part_of(reading, object_kind::dag);
+  recorder told{.header = reading.header, .macros = dag_macros, .reading = dag};
+  note_stop(told, dag, read_dag_fields(reading.dvi, reading.header, told));
+  reading.dag_name = dag.blocks.empty() ? std::string_view() : dag.blocks[0].name;
+  return told;
+}
+
+void read_vproc(header_reading& reading, const record_sink& sink) {
+  kind_reading& variables = part_of(reading, object_kind::variable);
+  recorder told{.header = reading.header, .macros = variable_macros, .reading = variables};
+  reading.vproc = count_vproc_records(reading.header, told);
+  read_kind(reading, object_kind::variable, variable_blocks, var_desc{}, sink);
+  mark_uncounted(reading.header, variables, told.counted);
+  read_kind(reading, object_kind::smb, smb_blocks, smb_desc{}, sink);
+  mark_uncounted(reading.header, part_of(reading, object_kind::smb), told.counted_other);
+}
+
+/// The bytes of a header that is worth a thread of its own.
+constexpr std::size_t large_header = std::size_t{1} << 20U;
 
 }  // namespace
 
@@ -134,21 +161,18 @@ header_reading read_header(std::string_view header, bool vproc, std::int32_t ind
                            std::size_t position, const record_sink& sink) {
   const collected_messages forgotten(false);
   header_reading reading{.header = header};
-  kind_reading& dag = reading.kinds.at(static_cast<std::size_t>(object_kind::dag));
-  recorder told{.header = header, .macros = dag_macros, .reading = dag};
-  note_stop(told, dag, read_dag_fields(reading.dvi, header, told));
-  reading.dag_name = dag.blocks.empty() ? std::string_view() : dag.blocks[0].name;
+  // Where no thread can be started, get() reads it.
+  const auto policy = header.size() < large_header ? std::launch::deferred
+                                                   : std::launch::async | std::launch::deferred;
+  auto dag = std::async(policy, [&] { return read_dag(reading); });
+  read_kind(reading, object_kind::input, port_blocks(input_ports), empty_port(), sink);
+  read_kind(reading, object_kind::output, port_blocks(output_ports), empty_port(), sink);
+  const recorder told = dag.get();
   complete_dag_description(reading.dvi, index, position);
-  read_kind(reading, object_kind::input, port_blocks(input_ports), empty_port(), told.counted,
-            sink);
-  read_kind(reading, object_kind::output, port_blocks(output_ports), empty_port(),
-            told.counted_other, sink);
+  mark_uncounted(header, part_of(reading, object_kind::input), told.counted);
+  mark_uncounted(header, part_of(reading, object_kind::output), told.counted_other);
   if (vproc) {
-    kind_reading& counts = reading.kinds.at(static_cast<std::size_t>(object_kind::variable));
-    recorder counter{.header = header, .macros = variable_macros, .reading = counts};
-    reading.vproc = count_vproc_records(header, counter);
-    read_kind(reading, object_kind::variable, variable_blocks, var_desc{}, counter.counted, sink);
-    read_kind(reading, object_kind::smb, smb_blocks, smb_desc{}, counter.counted_other, sink);
+    read_vproc(reading, sink);
   }
   return reading;
 }
