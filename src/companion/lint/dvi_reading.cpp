@@ -1,5 +1,7 @@
 #include "companion/lint/dvi_reading.h"
 
+#include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <cstring>
 #include <future>
@@ -15,7 +17,7 @@ namespace {
 /// What is read at the same time: enough to be worth a thread, and little memory.
 constexpr std::size_t most_together = 64;
 constexpr std::size_t least_shared = 8;
-constexpr std::size_t most_text = std::size_t{256} << 10U;  // bytes; a longer header is the last
+constexpr std::size_t most_text = std::size_t{256} << 10U;  // bytes; no header is begun after them
 
 /// Loads the text of a header. Returns 0 or an errno.
 int load_text(dvi_reading& reading) {
@@ -81,42 +83,54 @@ void read_dvi(const lint_scope& scope, const folder_reading& files, bool with_re
   }
 }
 
-void read_all(const lint_scope& scope, const folder_reading& files, bool with_records,
-              std::span<dvi_reading> readings) {
-  for (dvi_reading& reading : readings) {
-    read_dvi(scope, files, with_records, reading);
+/// DVIs that are read at the same time, from a position on.
+struct shared_reading {
+  const lint_scope& scope;
+  const folder_reading& files;
+  bool with_records;
+  std::uint32_t first;
+  std::span<dvi_reading> readings;
+  std::atomic<std::size_t> next{0};
+  std::atomic<std::size_t> text{0};  // bytes of the headers that were read
+};
+
+/// Reads one DVI after the other until all are read, or many bytes.
+void read_share(shared_reading& run) {
+  while (run.text < most_text) {
+    const std::size_t taken = run.next++;
+    if (taken >= run.readings.size()) {
+      return;
+    }
+    const auto position = run.first + static_cast<std::uint32_t>(taken);
+    dvi_reading& reading = run.readings[taken];
+    reading.position = position;
+    if (has_header(run.files.headers, position)) {
+      load_header(run.scope, run.files, position, reading);
+      run.text += reading.text.size();
+      read_dvi(run.scope, run.files, run.with_records, reading);
+    }
   }
 }
 
 }  // namespace
 
-std::vector<dvi_reading> load_headers(const lint_scope& scope, const folder_reading& files,
-                                      std::uint32_t first) {
-  std::vector<dvi_reading> readings;
-  readings.reserve(most_together);  // so that they stay where they are
-  std::size_t text = 0;
-  for (std::uint32_t i = first;
-       i < files.dvis.size() && readings.size() < most_together && text < most_text; ++i) {
-    if (!has_header(files.headers, i)) {
-      continue;
-    }
-    dvi_reading& reading = readings.emplace_back();
-    load_header(scope, files, i, reading);
-    text += reading.text.size();
-  }
-  return readings;
-}
-
-void read_dvis(const lint_scope& scope, const folder_reading& files, bool with_records,
-               std::span<dvi_reading> readings) {
+std::vector<dvi_reading> read_dvis(const lint_scope& scope, const folder_reading& files,
+                                   std::uint32_t first, bool with_records) {
+  std::vector<dvi_reading> readings(std::min(files.dvis.size() - first, most_together));
+  shared_reading run{.scope = scope,
+                     .files = files,
+                     .with_records = with_records,
+                     .first = first,
+                     .readings = readings};
   if (readings.size() < least_shared) {
-    read_all(scope, files, with_records, readings);
-    return;
+    read_share(run);
+  } else {
+    auto other = std::async([&] { read_share(run); });
+    read_share(run);
+    other.get();
   }
-  const auto second = readings.subspan(readings.size() / 2);
-  auto other = std::async([&] { read_all(scope, files, with_records, second); });
-  read_all(scope, files, with_records, readings.first(readings.size() / 2));
-  other.get();
+  readings.resize(std::min(run.next.load(), readings.size()));
+  return readings;
 }
 
 void read_once_more(const lint_scope& scope, const folder_reading& files, std::uint32_t position,

@@ -39,14 +39,11 @@ struct dvi_reading {
   header_findings findings{};
 };
 
-/// Loads the headers from a position on: as many as are read at the same time. Passes over those
-/// that are missing.
-std::vector<dvi_reading> load_headers(const lint_scope& scope, const folder_reading& files,
-                                      std::uint32_t first);
-
-/// Reads the loaded headers, compares them with what C sees, and looks at their images.
-void read_dvis(const lint_scope& scope, const folder_reading& files, bool with_records,
-               std::span<dvi_reading> readings);
+/// Reads the DVIs from a position on, as many as are worth reading at the same time: at least one.
+/// Compares their headers with what C sees, and looks at their images. Of a DVI whose header is
+/// missing only the position is set.
+std::vector<dvi_reading> read_dvis(const lint_scope& scope, const folder_reading& files,
+                                   std::uint32_t first, bool with_records);
 
 /// Reads the header of an earlier DVI again: its description and its ports, without findings. To
 /// keep them all takes too much memory.

@@ -207,16 +207,18 @@ int lint_folder(const lint_scope& scope, const finding_sink& sink, const dvi_pro
   const std::size_t count = run.files.dvis.size();
   for (std::size_t next = 0; next < count;) {
     std::vector<dvi_reading> readings =
-        load_headers(scope, run.files, static_cast<std::uint32_t>(next));
-    read_dvis(scope, run.files, described != nullptr, readings);
+        read_dvis(scope, run.files, static_cast<std::uint32_t>(next), described != nullptr);
     for (dvi_reading& reading : readings) {
       progress(reading.position, count);
+      if (!has_header(run.files.headers, reading.position)) {
+        continue;
+      }
       judge_dvi(run, reading);
       if (described != nullptr) {
         take_over(*described, reading);
       }
     }
-    next = readings.empty() ? count : readings.back().position + 1;
+    next += readings.size();
   }
   if (described != nullptr) {
     describe_files(*described, scope.folder, std::move(run.files));
