@@ -67,7 +67,7 @@ check_asan() { suite asan; }
 check_aarch64() { suite aarch64; }
 check_coverage() { scripts/coverage.sh; }
 check_fuzz() { scripts/fuzz.sh 20; }
-check_package() { scripts/package.sh; }
+check_package() { scripts/package.sh build build-aarch64; }
 check_bench() { scripts/bench.sh --quick; }
 check_proof() { scripts/prove.sh; }
 
@@ -125,9 +125,11 @@ finish_all
 start release
 finish_all
 
-# The slowest first, so that both lanes end together.
-for step in aarch64 asan tidy coverage package proof fuzz alone same_bytes valgrind bench; do
-  [ ${#running[@]} -lt 2 ] || finish
+# The slowest first, so that both lanes end together. The packages are made of the build of the step aarch64, too.
+for step in aarch64 asan proof tidy package coverage fuzz alone same_bytes valgrind bench; do
+  while [ ${#running[@]} -ge 2 ] || [[ $step = package && " ${running[*]} " = *" aarch64 "* ]]; do
+    finish
+  done
   [ $failed = no ] || break
   start $step
 done

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Makes the .deb and .tar.gz packages for this host and for arm64 in dist/, after they passed every check
-# below. Installs what is missing.
+# package.sh [BUILD BUILD_AARCH64]: makes the .deb and .tar.gz packages for this host and for arm64 in dist/,
+# after they passed every check below. Builds the tree twice; two release builds of it that are there already,
+# for this host and for arm64, take the place of the first. Installs what is missing.
 source "$(dirname "$0")/requirements.sh"
 
 require_package
@@ -30,12 +31,12 @@ build() {
   logged cmake --build "$1/build-aarch64" --parallel "$(nproc)" --target shipped
 }
 
-# pack FOLDER: makes the packages of both builds under the current umask, in FOLDER/packages_UMASK.
+# pack FOLDER BUILD ...: makes the packages of builds under the current umask, in FOLDER/packages_UMASK.
 pack() {
   local build packages
   packages=$1/packages_$(umask)
-  for build in build build-aarch64; do
-    (cd "$1/$build" && logged cpack -B "$packages")
+  for build in "${@:2}"; do
+    (cd "$build" && logged cpack -B "$packages")
     rm -rf "$packages/_CPack_Packages"
   done
 }
@@ -43,29 +44,35 @@ pack() {
 # The same tree twice, in surroundings that differ in everything that could find its way into a file.
 one=$scratch/one
 another="$elsewhere/another/ş folder/deeper"
+if [ $# -eq 2 ]; then
+  builds=("$(realpath "$1")" "$(realpath "$2")")
+else
+  builds=("$one"/build{,-aarch64})
+fi
 localedef -i tr_TR -f UTF-8 "$scratch/tr_TR.UTF-8"
 (
   umask 022
   export LC_ALL=C TZ=UTC0
-  build "$one"
-  pack "$one"
+  [ $# -eq 2 ] || build "$one"
+  pack "$one" "${builds[@]}"
 )
 (
   umask 077
   # The programs that bash starts find this locale, bash itself does not.
   export LOCPATH="$scratch" LC_ALL=tr_TR.UTF-8 TZ=NPT-5:45 2>/dev/null
   build "$another"
-  pack "$another"
+  pack "$another" "$another"/build{,-aarch64}
 )
 for mask in 002 027; do
   (
     umask $mask
-    pack "$one"
+    pack "$one" "${builds[@]}"
   )
 done
 
-for binary in build{,-aarch64}/{morvane_gen,libmorvane.so,morvane}; do
-  cmp "$one/$binary" "$another/$binary"
+for binary in morvane_gen libmorvane.so morvane; do
+  cmp "${builds[0]}/$binary" "$another/build/$binary"
+  cmp "${builds[1]}/$binary" "$another/build-aarch64/$binary"
 done
 packages=$one/packages_0022
 for others in "$one/packages_0002" "$one/packages_0027" "$another/packages_0077"; do
