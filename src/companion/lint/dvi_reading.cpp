@@ -15,9 +15,9 @@ namespace morvane::companion {
 namespace {
 
 /// What is read at the same time: enough to be worth a thread, and little memory.
-constexpr std::size_t most_together = 64;
+constexpr std::size_t most_together = 32;
 constexpr std::size_t least_shared = 8;
-constexpr std::size_t most_text = std::size_t{256} << 10U;  // bytes; no header is begun after them
+constexpr std::size_t most_text = std::size_t{128} << 10U;  // bytes; no header is begun after them
 
 /// Loads the text of a header. Returns 0 or an errno.
 int load_text(dvi_reading& reading) {
