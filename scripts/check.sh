@@ -49,12 +49,18 @@ check_tidy() {
     xargs -P "$(nproc)" -n 1 clang-tidy --quiet --checks=-bugprone-suspicious-include -p build-UnifiedSource
 }
 
-# Each source file includes what it needs: it can be compiled alone.
-check_alone() {
-  cmake -B build-alone -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang \
-    -DCMAKE_CXX_FLAGS_DEBUG=-g0 -DBUILD_TESTING=OFF -DMORVANE_WERROR=ON -DCMAKE_UNITY_BUILD=OFF
-  cmake --build build-alone --parallel "$(nproc)" --target morvane_core --target morvane_companion_core
+# compile_sources FOLDER OPTION ...: compiles the sources of both programs with clang.
+compile_sources() {
+  cmake -B "$1" -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang \
+    -DCMAKE_CXX_FLAGS_DEBUG=-g0 -DBUILD_TESTING=OFF -DMORVANE_WERROR=ON "${@:2}"
+  cmake --build "$1" --parallel "$(nproc)" --target morvane_core --target morvane_companion_core
 }
+
+# Each source file includes what it needs: it can be compiled alone.
+check_alone() { compile_sources build-alone -DCMAKE_UNITY_BUILD=OFF; }
+
+# No two files use a name for different things: any of them can be compiled as one.
+check_together() { compile_sources build-together -DCMAKE_UNITY_BUILD_BATCH_SIZE=0; }
 
 # suite PRESET: builds with warnings as errors and runs the tests.
 suite() {
@@ -126,7 +132,7 @@ start release
 finish_all
 
 # The slowest first, so that both lanes end together. The packages are made of the build of the step aarch64, too.
-for step in aarch64 asan proof tidy package coverage fuzz alone same_bytes valgrind bench; do
+for step in aarch64 asan proof tidy package coverage fuzz alone together same_bytes valgrind bench; do
   while [ ${#running[@]} -ge 2 ] || [[ $step = package && " ${running[*]} " = *" aarch64 "* ]]; do
     finish
   done

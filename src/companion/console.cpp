@@ -17,8 +17,6 @@ namespace morvane::companion {
 
 namespace {
 
-constexpr std::size_t most_pending = std::size_t{64} * 1024;
-
 /// Returns 0, or the errno of the failure.
 int write_all(int descriptor, std::string_view text) {
   return write_checked(descriptor, std::as_bytes(std::span(text)));

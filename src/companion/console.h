@@ -1,6 +1,7 @@
 // Results on standard output, every write checked; everything else on standard error.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,9 @@ enum exit_status : int {
   status_findings = 1,  // findings, or differences
   status_failed = 2     // wrong usage, or a file that could not be read or written
 };
+
+/// The bytes that are gathered before they are written.
+inline constexpr std::size_t most_pending = std::size_t{64} * 1024;
 
 /// Standard output with the results that are still to be written, and how to speak to the user.
 struct console {

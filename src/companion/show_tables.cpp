@@ -10,7 +10,7 @@ namespace morvane::companion {
 
 namespace {
 
-constexpr std::string_view indent = "  ";
+constexpr std::string_view dvi_indent = "  ";
 
 std::string package_line(const opened_package& package) {
   if (!has_header(package)) {
@@ -28,14 +28,15 @@ std::string package_line(const opened_package& package) {
 std::string dvi_lines(const opened_package& package, const morvane_view_dvi& dvi,
                       bool with_digests) {
   const auto image = image_of(package.view, dvi);
-  std::string text = joined(
-      "\n", str(record_name{.dvi = dvi.position}), ": ", printable(str(dvi.dag_name)), "\n", indent,
-      "dvi_id ", dvi.dvi_id, ", vproc_id ", dvi.vproc_id, ", dvi_ppv ", dvi.dvi_ppv, "\n", indent,
-      "image: offset ", hexadecimal(static_cast<std::uint64_t>(image.data() - package.view.bytes)),
-      ", ", image.size(), " bytes, address ", hexadecimal(dvi.dvi_img_vaddr), ", DAG binary at ",
-      hexadecimal(dvi.dvi_dag_vaddr), "\n");
+  std::string text =
+      joined("\n", str(record_name{.dvi = dvi.position}), ": ", printable(str(dvi.dag_name)), "\n",
+             dvi_indent, "dvi_id ", dvi.dvi_id, ", vproc_id ", dvi.vproc_id, ", dvi_ppv ",
+             dvi.dvi_ppv, "\n", dvi_indent, "image: offset ",
+             hexadecimal(static_cast<std::uint64_t>(image.data() - package.view.bytes)), ", ",
+             image.size(), " bytes, address ", hexadecimal(dvi.dvi_img_vaddr), ", DAG binary at ",
+             hexadecimal(dvi.dvi_dag_vaddr), "\n");
   if (with_digests) {
-    append_pieces(text, indent, "xxh3_128: ", xxh3_128(package.bytes, image), "\n");
+    append_pieces(text, dvi_indent, "xxh3_128: ", xxh3_128(package.bytes, image), "\n");
   }
   return text;
 }
@@ -56,7 +57,7 @@ std::string port_table(const morvane_view& view, const morvane_view_dvi& dvi) {
             port.D, port.H, port.W, port.dram_format, data_format(port), port.port_size,
             port.port_byte_offset);
   });
-  return str(table, indent);
+  return str(table, dvi_indent);
 }
 
 std::string variable_table(const morvane_view& view, const morvane_view_dvi& dvi) {
@@ -65,7 +66,7 @@ std::string variable_table(const morvane_view& view, const morvane_view_dvi& dvi
   for_each_variable(view, dvi, [&](const morvane_view_var& variable, const record_name& name) {
     add_row(table, name.index, printable(str(variable.var)), variable.boffset, variable.bsize);
   });
-  return str(table, indent);
+  return str(table, dvi_indent);
 }
 
 std::string smb_table(const morvane_view& view, const morvane_view_dvi& dvi) {
@@ -74,7 +75,7 @@ std::string smb_table(const morvane_view& view, const morvane_view_dvi& dvi) {
   for_each_smb(view, dvi, [&](const morvane_view_smb_block& smb, const record_name& name) {
     add_row(table, name.index, printable(str(smb.smb_name)), smb.vbase_byte_offset);
   });
-  return str(table, indent);
+  return str(table, dvi_indent);
 }
 
 }  // namespace

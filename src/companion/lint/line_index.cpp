@@ -6,7 +6,7 @@ namespace morvane::companion {
 
 namespace {
 
-constexpr std::size_t step = 4096;
+constexpr std::size_t bytes_counted = 4096;  // at a time
 
 std::uint32_t ended_lines(std::string_view text) {
   return static_cast<std::uint32_t>(std::ranges::count(text, '\n'));
@@ -15,14 +15,16 @@ std::uint32_t ended_lines(std::string_view text) {
 }  // namespace
 
 std::uint32_t line_index::line(std::size_t place) {
-  while (before_.size() <= place / step) {
-    const std::size_t begin = before_.size() * step;
+  while (before_.size() <= place / bytes_counted) {
+    const std::size_t begin = before_.size() * bytes_counted;
     const std::uint32_t lines =
-        before_.empty() ? 0 : before_.back() + ended_lines(header_.substr(begin - step, step));
+        before_.empty()
+            ? 0
+            : before_.back() + ended_lines(header_.substr(begin - bytes_counted, bytes_counted));
     before_.push_back(lines);
   }
-  const std::size_t begin = place / step * step;
-  return before_[place / step] + ended_lines(header_.substr(begin, place - begin)) + 1;
+  const std::size_t begin = place / bytes_counted * bytes_counted;
+  return before_[place / bytes_counted] + ended_lines(header_.substr(begin, place - begin)) + 1;
 }
 
 finding_place line_index::position(std::size_t place) {

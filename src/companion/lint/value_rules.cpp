@@ -27,7 +27,7 @@ long packed_number(const macro_row& row, std::string_view word) {
   return load_number(record, row);
 }
 
-std::string_view width_of(const macro_row& row) {
+std::string_view integer_width(const macro_row& row) {
   switch (row.kind) {
     case macro_kind::word:
       return "32 bits without a sign";
@@ -82,7 +82,7 @@ value_fault number_fault(const macro_row& row, std::string_view taken, std::stri
   }
   if (number.is_known || word == c_value) {
     return {kind_of("out-of-range"),
-            joined(printable(word), " does not fit into ", width_of(row), end)};
+            joined(printable(word), " does not fit into ", integer_width(row), end)};
   }
   if (c_value.starts_with('"')) {
     return {kind_of("quoted-number"),

@@ -45,7 +45,6 @@ bool append_noticing(std::string& page, const Piece& piece) {
 /// Adds the pieces to the page.
 template <class... Pieces>
 void write(page_output& out, const Pieces&... pieces) {
-  constexpr std::size_t most_pending = std::size_t{64} * 1024;
   ((out.has_shortened = append_noticing(out.pending, pieces) || out.has_shortened), ...);
   if (out.pending.size() >= most_pending) {
     flush(out);

@@ -10,7 +10,7 @@ namespace morvane::companion {
 
 namespace {
 
-constexpr std::uint32_t colours = 6;
+constexpr std::uint32_t wire_colours = 6;
 
 // Tenths of a pixel from left to right, hundredths of a row from top to bottom. A row may be as
 // high as its text needs, so the picture is stretched to it.
@@ -21,15 +21,15 @@ constexpr std::uint32_t arrow_width = 180;
 constexpr std::uint32_t input_height = 42;
 constexpr std::uint32_t output_height = 62;
 
-std::uint32_t width_of(const wiring& plan) {
+std::uint32_t wiring_width(const wiring& plan) {
   return plan.tracks <= narrow_tracks ? narrow_width : wide_width;
 }
 
 std::uint32_t place_of(const wiring& plan, const wire& one) {
   constexpr std::uint32_t widest_pitch = 110;
-  const std::uint32_t room = width_of(plan) - arrow_width - 30;
+  const std::uint32_t room = wiring_width(plan) - arrow_width - 30;
   const std::uint32_t pitch = std::min(widest_pitch, room / std::max(plan.tracks, 1U));
-  return width_of(plan) - arrow_width - one.track * pitch;
+  return wiring_width(plan) - arrow_width - one.track * pitch;
 }
 
 void append_arrow(std::string& page, std::uint32_t from, std::uint32_t width) {
@@ -47,15 +47,15 @@ void append_path(std::string& page, std::string_view kind, std::string_view line
 
 /// The lines of one row: of each colour, and of ends at which the ports differ.
 struct row_lines {
-  std::array<std::string, colours> wires{};
+  std::array<std::string, wire_colours> wires{};
   std::string differing{};
 };
 
 void add_wire(row_lines& lines, const wiring& plan, std::uint32_t number, std::uint32_t row) {
   const wire& one = plan.wires[number];
-  std::string& line = lines.wires.at(number % colours);
+  std::string& line = lines.wires.at(number % wire_colours);
   const std::uint32_t x = place_of(plan, one);
-  const std::uint32_t width = width_of(plan);
+  const std::uint32_t width = wiring_width(plan);
   const bool is_last = one.ends.back().row == row;
   if (one.begin == row) {
     append_pieces(line, "M", width, " ", output_height, "H", x, "V102");
@@ -123,7 +123,7 @@ std::string_view width_class(const wiring& plan) {
 
 void append_wires(std::string& page, const wiring& plan, std::uint32_t row,
                   const outside_ports& outside) {
-  const std::uint32_t width = width_of(plan);
+  const std::uint32_t width = wiring_width(plan);
   row_lines lines;
   for (const std::uint32_t number : plan.at_row[row]) {
     add_wire(lines, plan, number, row);
@@ -140,8 +140,9 @@ void append_wires(std::string& page, const wiring& plan, std::uint32_t row,
   }
   append_pieces(page, "<svg viewBox=\"0 0 ", width,
                 " 100\" preserveAspectRatio=\"none\" aria-hidden=\"true\">");
-  for (std::uint32_t colour = 0; colour < colours; ++colour) {
-    constexpr std::array<std::string_view, colours> classes{"c0", "c1", "c2", "c3", "c4", "c5"};
+  for (std::uint32_t colour = 0; colour < wire_colours; ++colour) {
+    constexpr std::array<std::string_view, wire_colours> classes{"c0", "c1", "c2",
+                                                                 "c3", "c4", "c5"};
     append_path(page, classes.at(colour), lines.wires.at(colour));
   }
   append_path(page, "differs", lines.differing);
