@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <functional>
 #include <tuple>
+#include <utility>
+#include <vector>
 
 #include "companion/lint/value_rules.h"
 #include "companion/printable_text.h"
@@ -38,21 +40,28 @@ void judge_changes(comparison& header, definitions all) {
   }
 }
 
-/// The last definition of a macro in a block; null if the block has none.
-const own_definition* last_in(definitions all, object_kind kind, std::uint32_t block) {
-  const own_definition* last = nullptr;
-  for (const own_definition& definition : all) {
-    if (definition.kind == kind && definition.block == block) {
-      last = &definition;
-    }
-  }
-  return last;
+std::pair<object_kind, std::uint32_t> block_of(const own_definition& definition) {
+  return {definition.kind, definition.block};
 }
 
-/// A block that holds another value than the last definition.
-void judge_block(comparison& header, definitions all, object_kind kind, std::uint32_t index) {
-  const own_definition& last = all.back();
-  const own_definition* const own = last_in(all, kind, index);
+/// The definitions of a macro, block by block; those of a block in the order of the header.
+std::vector<own_definition> by_block(definitions all) {
+  std::vector<own_definition> ordered(all.begin(), all.end());
+  std::ranges::stable_sort(ordered, {}, block_of);
+  return ordered;
+}
+
+/// The last definition of a macro in a block; null if the block has none.
+const own_definition* last_in(definitions ordered, object_kind kind, std::uint32_t block) {
+  const std::pair wanted(kind, block);
+  const auto behind = std::ranges::upper_bound(ordered, wanted, {}, block_of);
+  return behind != ordered.begin() && block_of(behind[-1]) == wanted ? &behind[-1] : nullptr;
+}
+
+/// A block that holds another value than the last definition of all.
+void judge_block(comparison& header, const own_definition& last, definitions ordered,
+                 object_kind kind, std::uint32_t index) {
+  const own_definition* const own = last_in(ordered, kind, index);
   const described_block& block = header.reading.of(kind).blocks[index];
   if (own == nullptr) {
     if (!is_default(*last.row, last.c_value, empty_record(kind))) {
@@ -120,9 +129,10 @@ void judge_repeated(comparison& header) {
     }
     const definitions same = definitions(all).subspan(begin, end - begin);
     judge_changes(header, same);
+    const std::vector<own_definition> ordered = by_block(same);
     header.names.for_each(family_of(first.kind), name_of(header, first),
                           [&](const block_names::entry& block) {
-                            judge_block(header, same, block.kind, block.index);
+                            judge_block(header, same.back(), ordered, block.kind, block.index);
                           });
   }
 }
