@@ -1,6 +1,7 @@
 #include "companion/lint/missing_blocks.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <utility>
 
@@ -14,11 +15,19 @@ namespace {
 // meant, such as net_frames_W.
 constexpr int enough_macros = 3;
 
+/// What the names of macros may begin with: the longer one first, as it may begin with the other.
+std::array<std::string_view, 2> longest_first(const macro_prefixes& prefixes) {
+  if (prefixes.alias.size() > prefixes.dag_name.size()) {
+    return {prefixes.alias, prefixes.dag_name};
+  }
+  return {prefixes.dag_name, prefixes.alias};
+}
+
 /// The macro's row among those of a port, and the name before it. Null for other macros.
 macro_parts port_parts(const comparison& header, std::string_view macro) {
   const auto* const row = std::ranges::find_if(
       port_macros, [&](const macro_row& each) { return macro.ends_with(each.suffix); });
-  for (const std::string_view prefix : {header.prefixes.dag_name, header.prefixes.alias}) {
+  for (const std::string_view prefix : longest_first(header.prefixes)) {
     const std::size_t begin = prefix.size() + 1;
     if (row != port_macros.end() && !prefix.empty() && macro.size() > begin + row->suffix.size() &&
         macro.starts_with(prefix) && macro[prefix.size()] == '_') {
