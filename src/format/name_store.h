@@ -10,31 +10,35 @@
 namespace morvane {
 
 /// Names without NULs, one behind the other in blocks. A name stays where it is, also when the
-/// store is moved: a store that grows copies nothing.
+/// store grows or is moved.
 class name_store {
  public:
   /// Adds a name. Returns it as it is kept: with a NUL behind it.
   const char* add(std::string_view name) {
     const std::size_t wanted = name.size() + 1;
-    if (wanted > left_) {
-      left_ = std::max(wanted, block_size);
-      blocks_.push_back(std::make_unique<char[]>(left_));  // NOLINT(*-avoid-c-arrays): raw bytes
-      next_ = blocks_.back().get();
+    if (blocks_.empty() || blocks_.back().left < wanted) {
+      const std::size_t size = std::max(wanted, block_size);
+      // NOLINTNEXTLINE(*-avoid-c-arrays): raw bytes
+      blocks_.push_back({.bytes = std::make_unique<char[]>(size), .size = size, .left = size});
     }
-    char* const kept = next_;
+    block& last = blocks_.back();
+    char* const kept = last.bytes.get() + (last.size - last.left);
     name.copy(kept, name.size());
     kept[name.size()] = '\0';
-    next_ += wanted;
-    left_ -= wanted;
+    last.left -= wanted;
     return kept;
   }
 
  private:
   static constexpr std::size_t block_size = std::size_t{16} << 10U;  // bytes
 
-  std::vector<std::unique_ptr<char[]>> blocks_{};  // NOLINT(*-avoid-c-arrays): raw bytes
-  char* next_ = nullptr;                           // the free part of the last block
-  std::size_t left_ = 0;
+  struct block {
+    std::unique_ptr<char[]> bytes;  // NOLINT(*-avoid-c-arrays): raw bytes
+    std::size_t size;
+    std::size_t left;  // bytes at the end that are free
+  };
+
+  std::vector<block> blocks_{};
 };
 
 }  // namespace morvane

@@ -14,12 +14,12 @@ thread_local collected_messages* collector = nullptr;
 
 }  // namespace
 
-collected_messages::collected_messages(bool keeps_them) : keeps(keeps_them), outer_(collector) {
+collected_messages::collected_messages(bool keeps_them) : keeps(keeps_them), outer(collector) {
   collector = this;
 }
 
 collected_messages::~collected_messages() {
-  collector = outer_;
+  collector = outer;
 }
 
 void print_text(std::string_view text) {

@@ -52,9 +52,7 @@ class collected_messages {
 
   const bool keeps;
   std::string text{};
-
- private:
-  collected_messages* const outer_;
+  collected_messages* const outer;  // that counts again afterwards; null if there is none
 };
 
 /// Prints the pieces, texts and numbers, as one line.

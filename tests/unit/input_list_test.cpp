@@ -39,6 +39,11 @@ TEST(InputList, KeepsItsNamesWhenItIsMoved) {
   EXPECT_EQ(moved[1].name.data(), name.data());
   EXPECT_EQ(moved[0].name, "a.dvi");
   EXPECT_EQ(moved[2].name, "c.dvi");
+
+  files = {};
+  files.add({.name = "d.dvi"});
+  EXPECT_EQ(files[0].name, "d.dvi");
+  EXPECT_EQ(moved[2].name, "c.dvi");
 }
 
 TEST(InputList, SortsByIndex) {
