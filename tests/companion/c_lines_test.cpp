@@ -99,6 +99,32 @@ TEST(CLines, GoOnAfterABackslashWithWhiteSpaceBehindIt) {
   EXPECT_EQ(seen_macros("/* one */ a \\\n#define b 2\n"), "-\n- continued\n");
 }
 
+/// The first of the lines of a header.
+c_line first_line(std::string_view header) {
+  macro_index macros(header);
+  c_reader reader{.header = header, .macros = macros};
+  return read_c_line(reader, header.substr(0, header.find('\n')));
+}
+
+TEST(CLines, GoOnBehindACommentThatEndsBelow) {
+  EXPECT_TRUE(first_line("#define a 1 /* b\n*/ + 2\n").goes_on);
+  EXPECT_TRUE(first_line("#define a 1 /* b\nc\nd */ + 2").goes_on);
+  EXPECT_TRUE(first_line("#define a 1 /* b\n*/ /* c\n*/ 2\n").goes_on);
+  EXPECT_FALSE(first_line("#define a 1 /* b\n*/\n2\n").goes_on);
+  EXPECT_FALSE(first_line("#define a 1 /* b\n*/ // 2\n").goes_on);
+  EXPECT_FALSE(first_line("#define a 1 /* b\n*/ /* c */ \n").goes_on);
+  EXPECT_FALSE(first_line("#define a 1 /* b\nc").goes_on);
+  EXPECT_FALSE(first_line("#define a 1 /* b */\n*/ 2\n").goes_on);
+}
+
+TEST(CLines, HaveNamesThatABackslashDivides) {
+  EXPECT_EQ(first_line("#define ab_\\\n0c 1\n").name_rest, "0c");
+  EXPECT_EQ(first_line("#define ab\\ \nc(x) 1\n").name_rest, "c");
+  EXPECT_EQ(first_line("#define ab \\\nc 1\n").name_rest, "");
+  EXPECT_EQ(first_line("#define ab\\\n c 1\n").name_rest, "");
+  EXPECT_EQ(first_line("#define ab\\").name_rest, "");
+}
+
 TEST(CLines, MayHoldACommentThatGoesOn) {
   EXPECT_EQ(seen_macros("#/* one\n*/define a 1\n#define b 2\n"), "-\n- continued\nb=2\n");
   EXPECT_EQ(seen_macros("a /* one\n*/ \\\n#define b 2\n"), "-\n- in a comment\n- continued\n");

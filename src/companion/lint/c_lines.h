@@ -26,12 +26,13 @@ enum class directive { none, define, undef };
 struct c_line {
   visibility seen = visibility::seen;
   directive kind = directive::none;
-  std::string_view name{};      // of the macro
-  std::string_view word{};      // the name with all that follows it without white space
-  std::string_view value{};     // what replaces the macro, without comments
-  bool has_parameters = false;  // NAME(...)
-  bool goes_on = false;         // on the next line
-  std::size_t condition = 0;    // the place of the condition, in the header
+  std::string_view name{};       // of the macro
+  std::string_view name_rest{};  // what the next line adds to the name, behind a backslash
+  std::string_view word{};       // the name with all that follows it without white space
+  std::string_view value{};      // what replaces the macro, without comments
+  bool has_parameters = false;   // NAME(...)
+  bool goes_on = false;          // on a later line
+  std::size_t condition = 0;     // the place of the condition, in the header
 };
 
 /// A condition that is open.

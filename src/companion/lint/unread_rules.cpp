@@ -175,8 +175,29 @@ bool is_of_dag(const comparison& header, std::string_view name) {
          name[dag.size()] == '_';
 }
 
+/// A macro of the header whose name goes on in the next line. Returns whether it is one.
+bool judge_divided_name(comparison& header, const c_line& line, std::size_t place) {
+  if (line.name_rest.empty()) {
+    return false;
+  }
+  const std::string name = joined(line.name, line.name_rest);
+  for (const macro_family family :
+       {macro_family::dag, macro_family::port, macro_family::variable, macro_family::smb}) {
+    if (parts_of(name, family, header.prefixes, header.names).row != nullptr) {
+      tell(
+          header, kind_of("continued-line"), place,
+          joined("the name ", printable(name), " goes on in the next line: the macro is not read"));
+      return true;
+    }
+  }
+  return false;
+}
+
 void judge_definition(comparison& header, const c_line& line, std::string_view text) {
   const std::size_t place = header.place_of(line.name);
+  if (judge_divided_name(header, line, place)) {
+    return;
+  }
   if (line.name.ends_with(dag_name_macro)) {
     if (!header.reading.dag_name.empty() && text.data() <= header.reading.dag_name.data() &&
         header.reading.dag_name.data() < text.data() + text.size()) {
