@@ -175,22 +175,30 @@ bool is_of_dag(const comparison& header, std::string_view name) {
          name[dag.size()] == '_';
 }
 
+/// What a macro belongs to; without a row if that is nothing that the header introduces.
+macro_parts known_parts(const comparison& header, std::string_view name) {
+  for (const macro_family family :
+       {macro_family::dag, macro_family::port, macro_family::variable, macro_family::smb}) {
+    const macro_parts parts = parts_of(name, family, header.prefixes, header.names);
+    if (parts.row != nullptr) {
+      return parts;
+    }
+  }
+  return {};
+}
+
 /// A macro of the header whose name goes on in the next line. Returns whether it is one.
 bool judge_divided_name(comparison& header, const c_line& line, std::size_t place) {
   if (line.name_rest.empty()) {
     return false;
   }
   const std::string name = joined(line.name, line.name_rest);
-  for (const macro_family family :
-       {macro_family::dag, macro_family::port, macro_family::variable, macro_family::smb}) {
-    if (parts_of(name, family, header.prefixes, header.names).row != nullptr) {
-      tell(
-          header, kind_of("continued-line"), place,
-          joined("the name ", printable(name), " goes on in the next line: the macro is not read"));
-      return true;
-    }
+  const bool is_known = known_parts(header, name).row != nullptr;
+  if (is_known) {
+    tell(header, kind_of("continued-line"), place,
+         joined("the name ", printable(name), " goes on in the next line: the macro is not read"));
   }
-  return false;
+  return is_known;
 }
 
 void judge_definition(comparison& header, const c_line& line, std::string_view text) {
@@ -206,14 +214,10 @@ void judge_definition(comparison& header, const c_line& line, std::string_view t
     judge_dag_name(header, line, place);
     return;
   }
-  for (const macro_family family :
-       {macro_family::dag, macro_family::port, macro_family::variable, macro_family::smb}) {
-    const macro_parts parts = parts_of(line.name, family, header.prefixes, header.names);
-    if (parts.row == nullptr) {
-      continue;
-    }
+  if (const macro_parts parts = known_parts(header, line.name); parts.row != nullptr) {
     const unread_macro macro{.line = line, .text = text, .place = place, .parts = parts};
-    family == macro_family::dag ? judge_dag_macro(header, macro) : judge_known_block(header, macro);
+    parts.family == macro_family::dag ? judge_dag_macro(header, macro)
+                                      : judge_known_block(header, macro);
     return;
   }
   if (judge_wrong_name(header, line, place)) {
@@ -230,14 +234,8 @@ void judge_definition(comparison& header, const c_line& line, std::string_view t
 
 /// A later definition makes the removal harmless.
 void judge_undefinition(comparison& header, const c_line& line) {
-  const std::size_t place = header.place_of(line.name);
-  for (const macro_family family :
-       {macro_family::dag, macro_family::port, macro_family::variable, macro_family::smb}) {
-    const macro_parts parts = parts_of(line.name, family, header.prefixes, header.names);
-    if (parts.row != nullptr) {
-      header.undefined.insert_or_assign(line.name, place);
-      return;
-    }
+  if (known_parts(header, line.name).row != nullptr) {
+    header.undefined.insert_or_assign(line.name, header.place_of(line.name));
   }
 }
 
