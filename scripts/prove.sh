@@ -14,9 +14,9 @@ source=src/view/package_view.c
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
-# why3 keeps what it finds out about the provers in the home folder.
+# why3 keeps what it finds out about the prover in the home folder.
 export HOME=$scratch
-why3 config detect >"$scratch/provers" 2>&1
+why3 config detect >"$scratch/prover" 2>&1
 
 # A text of a package points at its bytes. The proof has no cast from one type of bytes to another, so char
 # is unsigned there, as it is on ARM.
@@ -26,7 +26,7 @@ cat >"$scratch/unsigned_char.h" <<'END'
 #define char unsigned char
 END
 
-# A prover gives a goal up after a number of steps, so that a busy machine proves what others prove. No goal
+# The prover gives a goal up after a number of steps, so that a busy machine proves what others prove. No goal
 # takes half as many. The seconds are far more than those steps take.
 steps=1500000
 seconds=3600
@@ -35,7 +35,7 @@ seconds=3600
 proof() {
   frama-c -machdep "$1" -cpp-extra-args="-include $scratch/unsigned_char.h -I src/view/include -I src/format/include" \
     -wp -wp-rte -warn-unsigned-overflow -warn-unsigned-downcast -warn-signed-downcast \
-    -wp-prover z3,cvc4 -wp-warn-key pedantic-assigns=inactive -wp-steps $steps -wp-timeout $seconds \
+    -wp-prover cvc4 -wp-warn-key pedantic-assigns=inactive -wp-steps $steps -wp-timeout $seconds \
     -wp-par "$(nproc)" "${@:3}" "$2"
 }
 

@@ -63,7 +63,7 @@ require_package() {
 }
 
 require_proof() {
-  require frama-c-base frama-c why3 why3 z3 z3 cvc4 cvc4
+  require frama-c-base frama-c why3 why3 cvc4 cvc4
 }
 
 # The machines that the reader for loaders is compiled for, and the emulators of those that run it.
