@@ -40,11 +40,11 @@ check_same_bytes() {
   cmp build-core/libmorvane.so build/libmorvane.so
 }
 
-# clang-tidy spends its time in the headers that the sources share, so it gets several sources as one. Its checks that
+# clang-tidy spends its time in the headers that the sources share, so it gets many sources as one. Its checks that
 # follow paths look into those only when the path of what includes them has the word UnifiedSource.
 check_tidy() {
   cmake -B build-UnifiedSource -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang \
-    -DBUILD_TESTING=OFF
+    -DCMAKE_UNITY_BUILD_BATCH_SIZE=32 -DBUILD_TESTING=OFF
   find build-UnifiedSource -name 'unity_*.cxx' |
     xargs -P "$(nproc)" -n 1 clang-tidy --quiet --checks=-bugprone-suspicious-include -p build-UnifiedSource
 }
