@@ -26,7 +26,8 @@ std::pair<int, int> run_twice_at_once(const std::vector<std::string>& arguments,
 TEST(ParallelRuns, TwoInspectionsIntoOneParseFolderEnd) {
   const scratch_folder folder;
   folder.write("a.bin", sample_package());
-  for (int i = 0; i < 50; ++i) {
+  const unsigned pairs = cases_to_run(50, 10);
+  for (unsigned i = 0; i < pairs; ++i) {
     EXPECT_EQ(run_twice_at_once({"-f", "a.bin", "-v", "-c"}, folder.path()), std::pair(1, 1));
   }
   // A later run alone makes everything anew.
@@ -41,7 +42,8 @@ TEST(ParallelRuns, TwoPackRunsIntoOnePackageGiveThePackage) {
   const std::vector<std::string> pack = {"-d", "in", "-f", "a.bin", "-c"};
   EXPECT_EQ(run_tool(pack, folder.path()).status, 0);
   const std::string package = folder.read("a.bin");
-  for (int i = 0; i < 50; ++i) {
+  const unsigned pairs = cases_to_run(50, 10);
+  for (unsigned i = 0; i < pairs; ++i) {
     EXPECT_EQ(run_twice_at_once(pack, folder.path()), std::pair(0, 0));
     EXPECT_TRUE(folder.read("a.bin") == package);
   }
