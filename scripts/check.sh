@@ -3,12 +3,18 @@
 # What a step prints stays in build-check/, and is shown when it fails. Installs what is missing.
 source "$(dirname "$0")/requirements.sh"
 
-require_fuzz
-require_package
-require_proof
-require_view_targets
-require clang-format clang-format clang-tidy clang-tidy cppcheck cppcheck valgrind valgrind gcovr gcovr \
-  qemu-user qemu-aarch64 googletest /usr/src/googletest/CMakeLists.txt git git
+require_build
+require libgtest-dev /usr/include/gtest/gtest.h clang-format clang-format cppcheck cppcheck git git
+
+# What only later steps need. It is installed while the first build runs.
+require_the_rest() {
+  require_fuzz
+  require_package
+  require_proof
+  require_view_targets
+  require clang-tidy clang-tidy valgrind valgrind gcovr gcovr \
+    qemu-user qemu-aarch64 googletest /usr/src/googletest/CMakeLists.txt
+}
 
 sources() {
   git ls-files -co --exclude-standard -- "$@"
@@ -131,6 +137,7 @@ start format
 start cppcheck
 finish_all
 start release
+require_the_rest
 finish_all
 
 # The slowest first, so that both lanes end together. The packages are made of the build of the step aarch64, too.
