@@ -1,4 +1,7 @@
 // What morvane lint keeps of a DVI. Measured is the greatest resident memory of the program.
+#include <algorithm>
+#include <climits>
+
 #include "companion/linted_folder.h"
 #include "companion/outcome.h"
 #include "harness/sanitizer.h"
@@ -22,6 +25,17 @@ class lint_memory : public linted_folder {
                                     " */\n#define " + dag + "_" + output + "_W 3\n");
     }
   }
+
+  /// The memory of a run. How its two threads meet adds up to 500 KiB, so the least of some counts.
+  [[nodiscard]] long least_kib() const {
+    long kib = LONG_MAX;
+    for (int i = 0; i < 5; ++i) {
+      const run_result run = lint();
+      expect_outcome(run, 0, "", "morvane: in: 0 errors, 0 warnings\n");
+      kib = std::min(kib, run.peak_kib);
+    }
+    return kib;
+  }
 };
 
 using LintMemory = lint_memory;
@@ -30,13 +44,11 @@ TEST_F(LintMemory, IsAtMost100BytesForEachDag) {
   if (under_sanitizer || !run_prefix().empty()) {
     GTEST_SKIP() << "the memory of the sanitizer or of the run prefix would be counted too";
   }
-  put_dags(500);
-  const run_result few = lint();
-  expect_outcome(few, 0, "", "morvane: in: 0 errors, 0 warnings\n");
-  put_dags(8500);
-  const run_result many = lint();
-  expect_outcome(many, 0, "", "morvane: in: 0 errors, 0 warnings\n");
-  const double bytes = static_cast<double>(many.peak_kib - few.peak_kib) * 1024 / 8000;
+  put_dags(3000);
+  const long few = least_kib();
+  put_dags(11000);
+  const long many = least_kib();
+  const double bytes = static_cast<double>(many - few) * 1024 / 8000;
   std::printf("%.0f bytes for each DAG\n", bytes);
   EXPECT_LE(bytes, 100);
 }
