@@ -11,7 +11,6 @@ require_the_rest() {
   require_fuzz
   require_package
   require_proof
-  require_view_targets
   require clang-tidy clang-tidy valgrind valgrind gcovr gcovr \
     qemu-user qemu-aarch64 googletest /usr/src/googletest/CMakeLists.txt
 }
