@@ -39,8 +39,8 @@ proof() {
     -wp-par "$(nproc)" "${@:3}" "$2"
 }
 
-# How the line of a goal that was not proved begins.
-not_proved='^\[wp\] \[(Failed|Timeout|Unknown|Stepout)\]'
+# How the line of a goal that was not proved begins: with the prover, the goal's name and not the word Valid.
+not_proved='^\[wp\] \[[^]]*\] Goal typed_([A-Za-z0-9_]+) : [^V]'
 
 # goals LOG: "PROVED / ALL"
 goals() {
@@ -97,7 +97,7 @@ mutation() {
   wait $process 2>/dev/null || :
   mutations=$((mutations + 1))
   if grep -q -E "$not_proved" "$scratch/log"; then
-    echo "$1: $2 -> $3: $(sed -n -E "s/$not_proved Goal typed_([a-z0-9_]+).*/\2/p" "$scratch/log" | head -n 1)"
+    echo "$1: $2 -> $3: $(sed -n -E "s/$not_proved.*/\1/p" "$scratch/log" | head -n 1)"
   elif all_proved "$scratch/log"; then
     echo "not noticed: $1: $2 -> $3"
     unnoticed=$((unnoticed + 1))
