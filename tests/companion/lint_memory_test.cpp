@@ -5,6 +5,7 @@
 #include "companion/linted_folder.h"
 #include "companion/outcome.h"
 #include "harness/sanitizer.h"
+#include "trust/test_size.h"
 
 namespace morvane::test {
 namespace {
@@ -41,8 +42,8 @@ class lint_memory : public linted_folder {
 using LintMemory = lint_memory;
 
 TEST_F(LintMemory, IsAtMost100BytesForEachDag) {
-  if (under_sanitizer || !run_prefix().empty()) {
-    GTEST_SKIP() << "the memory of the sanitizer or of the run prefix would be counted too";
+  if (under_sanitizer || few_cases()) {
+    GTEST_SKIP() << "a sanitizer, a run prefix and counted lines need memory and time of their own";
   }
   put_dags(3000);
   const long few = least_kib();
