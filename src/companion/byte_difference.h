@@ -14,7 +14,7 @@ namespace morvane::companion {
 struct byte_difference {
   std::uint64_t old_size;  // bytes
   std::uint64_t new_size;
-  std::uint64_t first;  // offset of the first byte that differs, from the begin of the stretches
+  std::uint64_t first;  // offset of the first byte that differs, from the start of the stretches
   std::uint64_t count;  // bytes that differ
 };
 

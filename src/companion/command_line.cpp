@@ -84,7 +84,8 @@ command_runner declare_lint(CLI::App& app) {
   app.add_flag("--vproc", options->scope.vproc, "Read vproc records too, as pack --vproc does");
   app.add_flag("--notes", options->scope.notes, "Also tell what is harmless but good to know");
   app.add_flag("--werror", options->warnings_are_errors, "Take warnings for errors");
-  add_text(app, "--ignore", options->ignored, "Leave out the findings with these codes")
+  add_text(app, "--ignore", options->ignored,
+           "Leave out the findings with these codes, separated by commas")
       ->delimiter(',')
       ->allow_extra_args(false)
       ->check([](const std::string& code) {
@@ -92,7 +93,7 @@ command_runner declare_lint(CLI::App& app) {
             std::ranges::find(finding_kinds, code, &finding_kind::code) != finding_kinds.end();
         return is_code ? std::string() : "there is no code " + code;
       })
-      ->type_name("CODE");
+      ->option_text("CODE,...");
   add_format(app, options->format);
   return [options](console& streams) { return run_lint(*options, streams); };
 }
@@ -173,7 +174,8 @@ void add_command(CLI::App& program, const command& row, console& streams, comman
   CLI::App* const app = program.add_subcommand(row.name, row.description);
   app->group("Commands");
   app->footer(std::string("Example:\n  ") + row.example);
-  app->add_flag("-q,--quiet", streams.quiet, "Print nothing but errors");
+  app->add_flag("-q,--quiet", streams.quiet,
+                "Print no warnings, summaries, differences or progress");
   const command_runner runner = row.declare(*app);
   app->callback([runner, &chosen] { chosen = runner; });
 }
@@ -217,14 +219,15 @@ int end_parsing(const CLI::App& program, const CLI::ParseError& end, console& st
 int run_command_line(const std::vector<std::string>& arguments) {
   console streams{.colour = has_colours()};
   command_runner chosen;
-  CLI::App program("Lints, packs, checks, shows, compares and extracts packages of morvane_gen.",
-                   "morvane");
+  CLI::App program(
+      "Lints the compiler's output, and packs, checks, shows, compares and extracts packages.",
+      "morvane");
   program.set_version_flag("--version", "morvane " + version_text(version_word, revision_hash()));
   program.require_subcommand(1);
   program.get_formatter()->label("SUBCOMMAND", "COMMAND");
   program.get_formatter()->label("Positionals", "Arguments");
   program.footer(
-      "Exit status: 0 fine, 1 findings or differences, 2 wrong usage or a file that "
+      "Exit status: 0 fine, 1 errors or differences, 2 wrong usage or a file that "
       "cannot be read or written.\nmorvane COMMAND --help tells more.");
   for (const command& row : commands) {
     add_command(program, row, streams, chosen);

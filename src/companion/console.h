@@ -25,7 +25,7 @@ inline constexpr std::size_t most_pending = std::size_t{64} * 1024;
 /// Standard output with the results that are still to be written, and how to speak to the user.
 struct console {
   std::string pending{};
-  bool quiet = false;                // nothing but errors
+  bool quiet = false;                // no warnings, summaries, differences or progress
   bool warnings_are_errors = false;  // also for that
   bool colour = false;               // severities in colour
   progress_line progress{};

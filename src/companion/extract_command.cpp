@@ -69,7 +69,7 @@ int extract_to_output(const opened_package& package, const std::vector<morvane_v
                       console& streams) {
   if (selected.size() != 1) {
     print_message(joined("standard output takes one image, not ", selected.size(),
-                         "; name one that morvane extract --list tells"));
+                         "; give one of the names that morvane extract --list prints"));
     return status_failed;
   }
   const auto image = image_of(package.view, selected.front());

@@ -96,7 +96,7 @@ inline constexpr std::array finding_kinds{
     finding_kind{"wrong-name", severity::warning,
                  "A macro has a name that is nearly one that is read."},
     finding_kind{"two-macros-on-a-line", severity::warning,
-                 "A line holds more than one thing to read, and only one of them counts."},
+                 "A line holds more than one macro or port."},
     finding_kind{"defined-twice", severity::warning,
                  "A macro is defined more than once, with different values."},
     finding_kind{

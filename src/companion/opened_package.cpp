@@ -17,8 +17,9 @@ int open_package(const std::string& path, opened_package& package) {
 void warn_of_damage(const opened_package& package, std::string_view participle, console& streams) {
   if (is_damaged(package) && !streams.quiet) {
     flush_results(streams);
-    print_message(joined(printable(package.path), ": the package is damaged; ", participle,
-                         " is what comes before the damage, and morvane check tells more"));
+    print_message(joined(printable(package.path),
+                         ": the package is damaged; only what comes before the damage is ",
+                         participle, ", and morvane check tells more"));
   }
 }
 

@@ -58,7 +58,8 @@ bool is_input(const std::string& path, const report_options& options) {
 /// Writes the page to a file that takes the place of an older one when it is complete.
 int write_file(const report_options& options, const report_inputs& inputs, console& streams) {
   if (is_input(options.output, options)) {
-    print_message(joined(printable(options.output), ": is one of the packages to read"));
+    print_message(joined(printable(options.output),
+                         ": the page must not replace a package that it is made from"));
     return status_failed;
   }
   const held_signals signals;

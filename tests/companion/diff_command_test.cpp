@@ -12,8 +12,8 @@ std::string damage_warning(std::string_view package) {
   std::string warning = "morvane: ";
   warning += package;
   return warning +=
-         ": the package is damaged; compared is what comes before the damage, and morvane check "
-         "tells more\n";
+         ": the package is damaged; only what comes before the damage is compared, and morvane "
+         "check tells more\n";
 }
 
 /// The sound package with the byte 1 of the first image changed.

@@ -155,8 +155,8 @@ TEST(ExtractCommand, RefusesToWriteSeveralImagesToStandardOutput) {
   folder.write("net.bin", two_images());
   folder.write("twice.bin", package_of({"net", "net"}, {"AAAA", "BBBB"}));
   const std::string_view refusal =
-      "morvane: standard output takes one image, not 2; name one that morvane extract --list "
-      "tells\n";
+      "morvane: standard output takes one image, not 2; give one of the names that morvane extract "
+      "--list prints\n";
   expect_outcome(run_morvane({"extract", "-o", "-", "net.bin"}, folder.path()), 2, "", refusal);
   expect_outcome(run_morvane({"extract", "-o", "-", "twice.bin", "net"}, folder.path()), 2, "",
                  refusal);
@@ -166,8 +166,8 @@ TEST(ExtractCommand, WritesImagesThatComeBeforeTheDamage) {
   const scratch_folder folder;
   folder.write("net.bin", two_images().substr(0, two_images().size() - 1));
   const std::string_view warning =
-      "morvane: net.bin: the package is damaged; extracted is what comes before the damage, and "
-      "morvane check tells more\n";
+      "morvane: net.bin: the package is damaged; only what comes before the damage is extracted, "
+      "and morvane check tells more\n";
   expect_outcome(run_morvane({"extract", "net.bin"}, folder.path()), 1, "first.dvi: 4 bytes\n",
                  warning);
   expect_outcome(run_morvane({"extract", "-o", "-", "net.bin", "first"}, folder.path()), 1, "AAAA",

@@ -54,8 +54,8 @@ TEST_F(LintHeaders, FindsAnImageThatIsTooShort) {
                "#define net_DAG_NAME \"net\"\n"
                "#define net_image_size 5\n");
   expect_findings(1,
-                  "in/net.h:2:24: error: the image has 4 bytes, but 5 are to be packed: nothing is "
-                  "[image-too-short]\n");
+                  "in/net.h:2:24: error: the image has 4 bytes, but the header says 5: nothing can "
+                  "be packed [image-too-short]\n");
 }
 
 TEST_F(LintHeaders, FindsWhatADeviceGivesAsAnImage) {
@@ -67,8 +67,8 @@ TEST_F(LintHeaders, FindsWhatADeviceGivesAsAnImage) {
   std::filesystem::remove(folder.path("in/net.dvi"));
   std::filesystem::create_symlink("/dev/null", folder.path("in/net.dvi"));
   expect_findings(1,
-                  "in/net.h:2:24: error: the image has 0 bytes, but 5 are to be packed: nothing is "
-                  "[image-too-short]\n");
+                  "in/net.h:2:24: error: the image has 0 bytes, but the header says 5: nothing can "
+                  "be packed [image-too-short]\n");
 }
 
 TEST_F(LintHeaders, FindsAHeaderThatIsADevice) {
@@ -84,9 +84,10 @@ TEST_F(LintHeaders, FindsAnImageThatIsTooLong) {
   folder.write("in/net.h",
                "#define net_DAG_NAME \"net\"\n"
                "#define net_image_size 5\n");
-  expect_findings(0,
-                  "in/net.h:2:24: warning: the image has 11 bytes, but 5 are packed; left out at "
-                  "its end: 6 bytes [image-too-long]\n");
+  expect_findings(
+      0,
+      "in/net.h:2:24: warning: the image has 11 bytes, but the header says 5; left out at "
+      "its end: 6 bytes [image-too-long]\n");
 }
 
 TEST_F(LintHeaders, FindsAnImageSizeOf31Bits) {
@@ -96,7 +97,7 @@ TEST_F(LintHeaders, FindsAnImageSizeOf31Bits) {
                "#define net_image_size 2147483648\n");
   expect_findings(1,
                   "in/net.h:2:24: error: an image of 2147483648 bytes is too large, at most "
-                  "2147483647 can be packed: nothing is [negative-image-size]\n");
+                  "2147483647 fit: nothing can be packed [negative-image-size]\n");
 }
 
 TEST_F(LintHeaders, FindsAHeaderWithoutAnImageSize) {

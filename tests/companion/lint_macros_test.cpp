@@ -118,7 +118,7 @@ TEST_F(LintMacros, FindsTwoMacrosOnALine) {
                "#define net_data_H 49 /* net_data_W 40 */\n");
   expect_findings(
       0,
-      "in/net.h:4:37: warning: net_data_W behind net_data_H is read as well, which becomes "
+      "in/net.h:4:37: warning: what comes after net_data_H is read as net_data_W, which becomes "
       "40 [two-macros-on-a-line]\n");
 }
 

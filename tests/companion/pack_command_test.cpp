@@ -179,8 +179,8 @@ TEST_F(Pack, RefusesAnInputThatIsNoFile) {
 TEST_F(Pack, RefusesAShortImage) {
   folder.write("in/net.dvi", "imag");
   expect_refused({}, 1,
-                 "in/net.h:2:24: error: the image has 4 bytes, but 5 are to be packed: nothing is "
-                 "[image-too-short]\n",
+                 "in/net.h:2:24: error: the image has 4 bytes, but the header says 5: nothing can "
+                 "be packed [image-too-short]\n",
                  "morvane: in: 1 error, 0 warnings: nothing is packed\n");
 }
 

@@ -224,8 +224,8 @@ TEST(ReportCommand, WarnsThatTheNetworkForGraphvizEndsAtADamage) {
   folder.write("net.bin", header(1));
   const std::string network = "digraph package {\n  node [shape=box]\n}\n";
   expect_outcome(run_morvane({"report", "--dot", "net.bin"}, folder.path()), 0, network,
-                 "morvane: net.bin: the package is damaged; shown is what comes before the damage, "
-                 "and morvane check tells more\n");
+                 "morvane: net.bin: the package is damaged; only what comes before the damage is "
+                 "shown, and morvane check tells more\n");
   expect_outcome(run_morvane({"report", "--dot", "-q", "net.bin"}, folder.path()), 0, network);
 }
 
@@ -282,12 +282,13 @@ TEST(ReportCommand, NeverReplacesAPackageThatItReads) {
   std::filesystem::create_symlink("net.bin", folder.path() + "/link.bin");
   const std::map<std::string, std::string> files = folder.files();
   expect_outcome(run_morvane({"report", "net.bin", "-o", "./net.bin"}, folder.path()), 2, "",
-                 "morvane: ./net.bin: is one of the packages to read\n");
+                 "morvane: ./net.bin: the page must not replace a package that it is made from\n");
   expect_outcome(run_morvane({"report", "--dot", "net.bin", "-o", "link.bin"}, folder.path()), 2,
-                 "", "morvane: link.bin: is one of the packages to read\n");
+                 "",
+                 "morvane: link.bin: the page must not replace a package that it is made from\n");
   expect_outcome(
       run_morvane({"report", "net.bin", "--against", "old.bin", "-o", "old.bin"}, folder.path()), 2,
-      "", "morvane: old.bin: is one of the packages to read\n");
+      "", "morvane: old.bin: the page must not replace a package that it is made from\n");
   EXPECT_EQ(folder.files(), files);
 }
 

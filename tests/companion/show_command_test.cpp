@@ -147,8 +147,8 @@ TEST(ShowCommand, ShowsWhatComesBeforeADamageAndEndsWithStatus1) {
   const scratch_folder folder;
   folder.write("net.bin", sound_package().substr(0, 0x12A3));
   const std::string warning =
-      "morvane: net.bin: the package is damaged; shown is what comes before the damage, and "
-      "morvane check tells more\n";
+      "morvane: net.bin: the package is damaged; only what comes before the damage is shown, "
+      "and morvane check tells more\n";
   const run_result tables = run_morvane({"show", "net.bin"}, folder.path());
   EXPECT_EQ(tables.status, 1);
   EXPECT_TRUE(tables.output.starts_with(

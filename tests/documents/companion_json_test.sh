@@ -20,7 +20,7 @@ head -c $((size / 2)) vproc.bin >cut.bin
 head -c $((size - 1)) vproc.bin >smbs_cut.bin
 cat vproc.bin <(printf x) >longer.bin
 printf '\6\0\1\2\0\0\0\0\0\0\0\0' >no_dvis.bin
-# Not UTF-8, a quote, a control character and a backslash at the begin of the first DAG name.
+# Not UTF-8, a quote, a control character and a backslash at the start of the first DAG name.
 cp vproc.bin hostile.bin
 printf '\377"\1\\' | dd of=hostile.bin bs=1 seek=40 conv=notrunc status=none
 odd=$(printf 'a b%%:\377.bin')

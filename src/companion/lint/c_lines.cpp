@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::literals;
 
-/// Editors put it at the begin of a file, and compilers skip it.
+/// Editors put it at the start of a file, and compilers skip it.
 constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 
 bool ends_in_backslash(std::string_view line) {
@@ -54,7 +54,7 @@ bool leave_comment(c_reader& reader, std::string_view& line) {
   return true;
 }
 
-/// Removes white space and whole comments from the begin of a text.
+/// Removes white space and whole comments from the start of a text.
 void skip_to_text(std::string_view& text) {
   for (;;) {
     while (!text.empty() && is_white(text.front())) {

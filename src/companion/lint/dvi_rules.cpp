@@ -71,17 +71,18 @@ void judge_image(const header_reading& reading, const image_file& image,
   if (size > std::uint32_t{std::numeric_limits<std::int32_t>::max()}) {
     add(kind_of("negative-image-size"),
         joined("an image of ", bytes(size), " is too large, at most ",
-               std::numeric_limits<std::int32_t>::max(), " can be packed: nothing is"));
+               std::numeric_limits<std::int32_t>::max(), " fit: nothing can be packed"));
   } else if (image.size < size) {
-    add(kind_of("image-too-short"), joined("the image has ", bytes(image.size), ", but ", size,
-                                           " are to be packed: nothing is"));
+    add(kind_of("image-too-short"),
+        joined("the image has ", bytes(image.size), ", but the header says ", size,
+               ": nothing can be packed"));
   } else if (!is_given) {
     add(kind_of("no-image-size"), joined("the header has no macro for the size of the image: all ",
                                          bytes(image.size), " are left out of the package"));
   } else if (image.size > size) {
     add(kind_of("image-too-long"),
-        joined("the image has ", bytes(image.size), ", but ", size,
-               " are packed; left out at its end: ", bytes(image.size - size)));
+        joined("the image has ", bytes(image.size), ", but the header says ", size,
+               "; left out at its end: ", bytes(image.size - size)));
   }
 }
 

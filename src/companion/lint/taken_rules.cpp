@@ -54,7 +54,7 @@ stray_source stray_define(comparison& header, const line_value& value, const c_l
   const auto name_end = static_cast<std::size_t>(line.name.data() - text.data()) + line.name.size();
   if (key_end > name_end) {
     return {kind_of("two-macros-on-a-line"),
-            joined(printable(macro), " behind ", printable(line.name), " is read as well")};
+            joined("what comes after ", printable(line.name), " is read as ", printable(macro))};
   }
   const std::string_view rest = text.substr(key_end, name_end - key_end);
   const bool is_longer = !rest.empty();

@@ -17,7 +17,7 @@
  *     }
  *
  * What a function hands out points into the package, so the package must stay as it is for as long
- * as the view, or anything taken from it, is in use. Offsets are counted from the begin of the
+ * as the view, or anything taken from it, is in use. Offsets are counted from the start of the
  * package. All offsets, widths and sizes are in bytes.
  *
  * Fields have the names that they have in package_format.h; numbers of one byte are widened.
@@ -68,13 +68,13 @@ const char* morvane_view_status_text(int status);
 /* Where opening stopped, and the two numbers that do not fit together. */
 struct morvane_view_damage {
   int status;       /* what opening returned */
-  uint32_t dvi;     /* position of the DVI that the damage belongs to; 0 for the whole package's */
+  uint32_t dvi;     /* position of the DVI that the damage belongs to; 0 if it belongs to none */
   size_t offset;    /* where the damaged part begins; the size field when a size disagrees */
   uint64_t claimed; /* bytes that the part is said to have; 0 when bytes are left over */
   uint64_t present; /* bytes left from offset on; the bytes counted when a size disagrees */
 };
 
-/* An opened package. The functions below read it, and so may you. */
+/* An opened package. You may read its members. */
 struct morvane_view {
   const uint8_t* bytes; /* the package */
   size_t size;
@@ -167,8 +167,8 @@ struct morvane_view_smb_block {
  * last byte, and reads no port, image, variable or SMB. A package without a byte after its last DVI
  * block has no vproc section; otherwise the section must fill the rest exactly.
  *
- * Returns the first damage, and describes it in damage, which may be NULL. The view is set in any
- * case: of a damaged package it reaches the DVIs and the vprocs before the damage. */
+ * Returns the first damage, and describes it in damage, which may be NULL. The view is always set:
+ * of a damaged package it reaches the DVIs and the vprocs before the damage. */
 int morvane_view_open(struct morvane_view* view, const uint8_t* bytes, size_t size,
                       struct morvane_view_damage* damage);
 
@@ -184,8 +184,8 @@ int morvane_view_first(const struct morvane_view* view, struct morvane_view_dvi*
  * Takes the same time for every package. */
 int morvane_view_next(const struct morvane_view* view, struct morvane_view_dvi* dvi);
 
-/* The first DVI whose dag_name is a C string. MORVANE_VIEW_NOT_FOUND when there is none. dvi is set
- * in any case. */
+/* The first DVI whose dag_name is a C string. MORVANE_VIEW_NOT_FOUND when there is none. dvi is
+ * always set, also after an error. */
 int morvane_view_find(const struct morvane_view* view, const char* dag_name,
                       struct morvane_view_dvi* dvi);
 
