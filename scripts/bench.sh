@@ -144,8 +144,7 @@ make_images() {
   images=(images/net_split_{0,1,2,3}.dvi)
 }
 
-# pack FOLDER PACKAGE [OPTION ...]: packs and checks that the size that is told is the file's and the
-# one that the folder asks for.
+# pack FOLDER PACKAGE SIZE [OPTION ...]: packs, and checks that the printed size and the size of the file are SIZE.
 pack() {
   "$tool" -d "$1" -f "$2" "${@:4}" >report
   printf 'Save to file %s with file size %d.\n\n' "$2" "$3" | cmp -s - report || fail "packing $1: $(head -1 report)"

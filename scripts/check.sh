@@ -46,7 +46,7 @@ check_same_bytes() {
 }
 
 # clang-tidy spends its time in the headers that the sources share, so it gets many sources as one. Its checks that
-# follow paths look into those only when the path of what includes them has the word UnifiedSource.
+# follow paths look into these sources only if the path of the file that includes them has the word UnifiedSource.
 check_tidy() {
   cmake -B build-UnifiedSource -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang \
     -DCMAKE_UNITY_BUILD_BATCH_SIZE=32 -DBUILD_TESTING=OFF

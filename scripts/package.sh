@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # package.sh [BUILD BUILD_AARCH64]: makes the .deb and .tar.gz packages for this host and for arm64 in dist/,
-# after they passed every check below. Builds the tree twice; two release builds of it that are there already,
-# for this host and for arm64, take the place of the first. Installs what is missing.
+# after they passed every check below. Builds the tree twice, for both. BUILD and BUILD_AARCH64 are finished release
+# builds for this host and for arm64: with them it builds only once. Installs what is missing.
 source "$(dirname "$0")/requirements.sh"
 
 require_package

@@ -47,8 +47,8 @@ goals() {
   sed -n 's/^\[wp\] Proved goals: *//p' "$1"
 }
 
-# doubts LOG: the tool's warnings that a contract or a line of C is not understood, or taken for granted. Only
-# of the literals, which are texts of signed characters there, nothing has to be understood.
+# doubts LOG: the tool's warnings that a contract or a line of C is not understood, or taken for granted. Warnings
+# about string literals, which have signed characters there, do not matter.
 doubts() {
   awk '/Warning:/ { warning = $0; if (/Warning: *$/) { getline; warning = warning $0 }
     if (warning !~ /source: sint8\*/) print warning }' "$1"
