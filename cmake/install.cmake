@@ -1,7 +1,10 @@
 # What is installed, and where.
 
-set(CMAKE_INSTALL_DOCDIR share/doc/morvane-gen CACHE PATH "Where the documents go")
-if(CMAKE_LIBRARY_ARCHITECTURE)
+# GNUInstallDirs gives a folder from the command line its type. Given here, a relative one would become absolute.
+if(NOT DEFINED CMAKE_INSTALL_DOCDIR)
+  set(CMAKE_INSTALL_DOCDIR share/doc/morvane-gen CACHE PATH "Where the documents go")
+endif()
+if(CMAKE_LIBRARY_ARCHITECTURE AND NOT DEFINED CMAKE_INSTALL_LIBDIR)
   set(CMAKE_INSTALL_LIBDIR lib/${CMAKE_LIBRARY_ARCHITECTURE} CACHE PATH "Where libraries go")
 endif()
 include(GNUInstallDirs)

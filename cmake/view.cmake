@@ -27,6 +27,13 @@ function(install_view)
   write_basic_package_version_file(${PROJECT_BINARY_DIR}/morvane_viewConfigVersion.cmake
                                    VERSION ${view_version} COMPATIBILITY SameMajorVersion)
   file(RELATIVE_PATH prefix_from_libdir "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+  # The file finds its prefix from where it lies, unless that is an absolute folder; absolute folders stay as they are.
+  set(prefix "\${pcfiledir}/${prefix_from_libdir}")
+  if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
+    set(prefix "${CMAKE_INSTALL_PREFIX}")
+  endif()
+  cmake_path(APPEND includedir_from_prefix "\${prefix}" "${CMAKE_INSTALL_INCLUDEDIR}")
+  cmake_path(APPEND libdir_from_prefix "\${prefix}" "${CMAKE_INSTALL_LIBDIR}")
   configure_file(packaging/morvane-view.pc.in ${PROJECT_BINARY_DIR}/morvane-view.pc @ONLY)
 
   install(TARGETS morvane_view EXPORT morvane_view ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
