@@ -1,4 +1,4 @@
-# Runs over the finished packages and packs them again. What cpack writes depends on the time, on the order
+# Runs over the finished .deb and .tar.gz packages and packs them again. What cpack writes depends on the time, on the order
 # of the files on the disk, on the size of a folder there, on the umask and on the user.
 
 # run WORD ...: a command that must succeed.
@@ -68,7 +68,7 @@ foreach(package ${CPACK_PACKAGE_FILES})
   file(REMOVE_RECURSE ${folder})
   if(CPACK_GENERATOR STREQUAL "DEB")
     normalise_debian(${package} ${folder})
-  else()
+  elseif(CPACK_GENERATOR STREQUAL "TGZ")
     normalise_archive(${package} ${folder})
   endif()
 endforeach()

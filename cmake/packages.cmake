@@ -3,9 +3,11 @@
 set(CPACK_GENERATOR DEB TGZ)
 set(CPACK_PACKAGE_NAME morvane-gen)
 set(CPACK_PACKAGE_CONTACT "morvane_gen maintainers <maintainers@morvane.example>")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "packs compiled DAG images into one package file")
-set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-    "morvane_gen packs the output folder of a neural-network graph compiler into
+# Each Debian package has a synopsis of its own: the first line of its description.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
+set(CPACK_DEBIAN_UNSPECIFIED_DESCRIPTION
+    "packs compiled DAG images into one package file
+morvane_gen packs the output folder of a neural-network graph compiler into
 one binary package that a loader on an AArch64 Linux board reads. It also
 inspects such a package: it prints a report, extracts the images and
 regenerates the headers.
@@ -29,7 +31,7 @@ set(CPACK_STRIP_FILES ON)
 if(CMAKE_CROSSCOMPILING)
   # dpkg-shlibdeps knows the libraries of the host only.
   set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE arm64)
-  set(CPACK_DEBIAN_PACKAGE_DEPENDS "libc6 (>= 2.34), libgcc-s1 (>= 3.0), libstdc++6 (>= 11)")
+  set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_DEPENDS "libc6 (>= 2.34), libgcc-s1 (>= 3.0), libstdc++6 (>= 11)")
 else()
   set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
   set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
@@ -43,7 +45,6 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL Unspecified view)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_DEBIAN_UNSPECIFIED_PACKAGE_NAME morvane-gen)
-set(CPACK_COMPONENT_UNSPECIFIED_DESCRIPTION "${CPACK_DEBIAN_PACKAGE_DESCRIPTION}")
 set(CPACK_DEBIAN_VIEW_PACKAGE_NAME libmorvane-view-dev)
 set(CPACK_DEBIAN_VIEW_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_VIEW_PACKAGE_SHLIBDEPS OFF)
@@ -55,5 +56,10 @@ A proof shows that no package makes it read outside of the package.")
 
 # A package has the same bytes on every machine.
 set(CPACK_POST_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/normalise_package.cmake)
+
+# What "make package_source" makes: the tree without what is built in it.
+set(CPACK_SOURCE_GENERATOR TGZ)
+string(REGEX REPLACE "([][+.*()^$?|\\])" "\\\\\\1" tree "${PROJECT_SOURCE_DIR}")
+set(CPACK_SOURCE_IGNORE_FILES "^${tree}/([.]git|build(-[^/]*)?|dist)/")
 
 include(CPack)

@@ -89,6 +89,11 @@ for package in "$packages"/*.deb; do
   ! grep '^Homepage:' "$scratch/fields" || fail "$package has a homepage"
 done
 
+for package in "$packages"/libmorvane-view-dev_*.deb; do
+  [ -z "$(dpkg-deb --field "$package" Depends)" ] || fail "$package depends on something"
+  dpkg-deb --field "$package" Description | head -n 1 | grep -q '^reader of ' || fail "$package has a wrong synopsis"
+done
+
 # An empty root gets the package and the system libraries that it names, nothing else: not even /proc.
 root="$scratch/root"
 mkdir "$root"
