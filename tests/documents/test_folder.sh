@@ -23,6 +23,17 @@ scratch=$(mktemp -d "${TMPDIR:-/tmp}/ş folder.XXXXXX")
 trap 'rm -rf "$scratch"' EXIT
 cd "$scratch"
 
+# copy_tree FROM TO: copies a source tree without its builds. The copy can be written, also when the tree cannot.
+copy_tree() {
+  mkdir "$2"
+  tar -C "$1" --exclude='./build*' --exclude=./dist --exclude=./.git --mode=u+w -cf - . | tar -C "$2" -xf -
+}
+
+# copy_sample FROM TO: copies a folder of files, with the permissions of new ones.
+copy_sample() {
+  cp -r --no-preserve=mode "$1" "$2"
+}
+
 # same WHAT EXPECTED ACTUAL: two files must not differ.
 same() {
   diff -u --label "expected: $1" "$2" --label "found: $1" "$3" || fail "$1"

@@ -19,6 +19,7 @@ lib/ARCHITECTURE/pkgconfig/morvane-view.pc
 share/bash-completion/completions/morvane
 share/bash-completion/completions/morvane_gen
 share/cmake/morvane/morvaneConfig.cmake
+share/cmake/morvane/morvaneConfigVersion.cmake
 share/man/man1/morvane.1.gz
 share/man/man1/morvane_gen.1.gz
 share/zsh/site-functions/_morvane
@@ -35,4 +36,18 @@ same "installed files" expected found
 
 prefix/bin/morvane_gen --version >version || [ $? -eq 1 ]
 grep -q '^version 2\.1\.6' version || fail "the installed tool does not start"
+
+# A project finds morvane by its version, and again after the installation was moved.
+if [ -e "$BUILD/morvane" ]; then
+  mkdir consumer
+  printf 'cmake_minimum_required(VERSION 3.25)\nproject(consumer NONE)\nfind_package(morvane 2.1 REQUIRED)\n' \
+    >consumer/CMakeLists.txt
+  for prefix in prefix moved; do
+    [ -e $prefix ] || mv prefix $prefix
+    cmake -S consumer -B consumer/build -DCMAKE_PREFIX_PATH="$scratch/$prefix" >log 2>&1 || fail "$(<log)"
+    grep -q "^MORVANE_PROGRAM:FILEPATH=$scratch/$prefix/bin/morvane\$" consumer/build/CMakeCache.txt ||
+      fail "found $(grep '^MORVANE_PROGRAM:' consumer/build/CMakeCache.txt)"
+  done
+  mv moved prefix
+fi
 zcat prefix/share/man/man1/morvane_gen.1.gz | cmp - "$SOURCE/docs/morvane_gen.1"

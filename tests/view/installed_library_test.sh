@@ -34,18 +34,14 @@ copies_compile() {
 
 install_library "$scratch/host"
 copies_compile host
-cp -r host/share/doc/libmorvane-view-dev/examples/loader with_cmake
+copy_sample host/share/doc/libmorvane-view-dev/examples/loader with_cmake
 cmake -S with_cmake -B with_cmake/build -DCMAKE_PREFIX_PATH="$scratch/host" >log 2>&1 || fail "$(<log)"
 cmake --build with_cmake/build >log 2>&1 || fail "$(<log)"
 loads with_cmake/build/loader
 
-cp -r "$SOURCE/examples/loader" with_make
-# What pkg-config prints goes through the shell, so there is no blank in this path.
-plain=$(mktemp -d /tmp/morvane_view.XXXXXX)
-trap 'rm -rf "$scratch" "$plain"' EXIT
-ln -s "$scratch/host" "$plain/host"
+copy_sample "$SOURCE/examples/loader" with_make
 export PKG_CONFIG_PATH
-PKG_CONFIG_PATH=$(echo "$plain"/host/lib/*/pkgconfig)
+PKG_CONFIG_PATH=$(echo "$scratch"/host/lib/*/pkgconfig)
 make -C with_make CFLAGS='-std=c99 -pedantic -Wall -Wextra -Werror' >log 2>&1 || fail "$(<log)"
 loads with_make/loader
 
