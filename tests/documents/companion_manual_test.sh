@@ -21,7 +21,7 @@ while read -r command; do
 done <commands
 
 # The commands of the examples, in one shell, in a copy of the sample folder.
-cp -r "$SOURCE/examples/wake_word" out
+copy_sample "$SOURCE/examples/wake_word" out
 sed -n '/^EXAMPLES/,/^[A-Z]/s/^ *\$ //p' page >examples
 [ "$(wc -l <examples)" -ge 3 ] || fail "too few examples"
 while read -r example; do

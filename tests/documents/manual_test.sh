@@ -16,7 +16,7 @@ while read -r option; do
 done <options
 
 # Runs the commands of the examples in a copy of the sample folder.
-cp -r "$SOURCE/examples/wake_word" out
+copy_sample "$SOURCE/examples/wake_word" out
 sed -n '/^EXAMPLES/,/^[A-Z]/s/^ *\$ //p' page >commands
 [ "$(wc -l <commands)" -ge 3 ] || fail "too few examples"
 while read -r command; do

@@ -28,8 +28,7 @@ for document in "$tree"/*.md "$tree"/docs/*.md; do
     continue
   fi
   rm -rf copy
-  mkdir copy
-  tar -C "$tree" --exclude='./build*' --exclude=./dist --exclude=./.git -cf - . | tar -C copy -xf -
+  copy_tree "$tree" copy
   (cd copy && run_commands ../commands) >printed </dev/null
   same "$name" shown printed
 done

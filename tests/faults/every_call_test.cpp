@@ -29,7 +29,7 @@ struct outcome {
 class sample {
  public:
   sample() {
-    fs::copy(source_folder() + "/examples/wake_word", folder.path("in"));
+    copy_sample(folder);
     run_tool({"-d", "in", "-f", "sound.bin", "-c"}, folder.path());
   }
 

@@ -25,7 +25,7 @@ class SafePack : public testing::Test {
     if (!fs::exists(morvane_path())) {
       GTEST_SKIP() << "morvane is not built";
     }
-    fs::copy(source_folder() + "/examples/wake_word", folder.path("in"));
+    copy_sample(folder);
     ASSERT_EQ(run_tool({"-d", "in", "-f", "expected", "-c"}, folder.path()).status, 0);
     new_bytes = folder.read("expected");
     fs::remove(folder.path("expected"));

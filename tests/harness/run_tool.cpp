@@ -8,6 +8,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -143,6 +144,16 @@ std::string library_path() {
 }
 std::string source_folder() {
   return MORVANE_SOURCE_FOLDER;
+}
+
+void copy_sample(const scratch_folder& folder) {
+  namespace fs = std::filesystem;
+  folder.make_folder("in");
+  for (const auto& file : fs::directory_iterator(source_folder() + "/examples/wake_word")) {
+    const std::string copy = folder.path("in/" + file.path().filename().string());
+    fs::copy_file(file, copy);
+    fs::permissions(copy, fs::perms::owner_write, fs::perm_options::add);
+  }
 }
 
 }  // namespace morvane::test

@@ -8,6 +8,8 @@
 
 namespace morvane::test {
 
+class scratch_folder;
+
 /// The result of a run of a program.
 struct run_result {
   int status = -1;          // the exit status, or 128 + the signal that ended it
@@ -47,5 +49,9 @@ std::string tool_path();
 std::string morvane_path();
 std::string library_path();
 std::string source_folder();
+
+/// Copies the sample folder of the source tree to the folder "in" of a scratch folder. The copies
+/// can be written, also when the source tree cannot.
+void copy_sample(const scratch_folder& folder);
 
 }  // namespace morvane::test

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <filesystem>
-
 #include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
 #include "trust/sample_package.h"
@@ -38,7 +36,7 @@ TEST(ParallelRuns, TwoInspectionsIntoOneParseFolderEnd) {
 
 TEST(ParallelRuns, TwoPackRunsIntoOnePackageGiveThePackage) {
   const scratch_folder folder;
-  std::filesystem::copy(source_folder() + "/examples/wake_word", folder.path("in"));
+  copy_sample(folder);
   const std::vector<std::string> pack = {"-d", "in", "-f", "a.bin", "-c"};
   EXPECT_EQ(run_tool(pack, folder.path()).status, 0);
   const std::string package = folder.read("a.bin");
