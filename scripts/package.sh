@@ -90,8 +90,9 @@ for package in "$packages"/*.deb; do
 done
 
 for package in "$packages"/libmorvane-view-dev_*.deb; do
-  [ -z "$(dpkg-deb --field "$package" Depends)" ] || fail "$package depends on something"
-  dpkg-deb --field "$package" Description | head -n 1 | grep -q '^reader of ' || fail "$package has a wrong synopsis"
+  dpkg-deb --field "$package" >"$scratch/fields"
+  ! grep '^Depends:' "$scratch/fields" || fail "$package depends on something"
+  grep -q '^Description: reader of ' "$scratch/fields" || fail "$package has a wrong synopsis"
 done
 
 # An empty root gets the package and the system libraries that it names, nothing else: not even /proc.
