@@ -151,7 +151,7 @@ command_runner declare_extract(CLI::App& app) {
            "output")
       ->type_name("FOLDER");
   app.add_flag("--force", options->force, "Replace existing files");
-  app.add_flag("--list", options->list, "Print the names of the images, and extract nothing");
+  app.add_flag("--list", options->list, "Print the names of the images that can be extracted");
   return [options](console& streams) { return run_extract(*options, streams); };
 }
 

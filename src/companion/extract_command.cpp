@@ -49,10 +49,17 @@ int extract_to_folder(const opened_package& package, const std::vector<morvane_v
   if (!folder.is_open()) {
     return report_file_error(options.folder, errno);
   }
+  const auto package_file = identity_at(package.path);
   int status = status_fine;
   for (const morvane_view_dvi& dvi : selected) {
     const std::string name = image_name(str(dvi.dag_name));
     const std::string path = options.folder == "." ? name : join_path(options.folder, name);
+    if (options.force && package_file && identity_at(path) == package_file) {
+      print_message(
+          joined(printable(path), ": the image must not replace the package that it comes from"));
+      status = status_failed;
+      continue;
+    }
     streams.progress = begin_progress(path, dvi.dvi_img_size, streams.quiet);
     const int error = write_file(package, dvi, folder, name, options, streams.progress);
     hide_progress(streams.progress);

@@ -7,7 +7,9 @@ namespace morvane::companion {
 
 namespace {
 
-constexpr std::array ending_signals{SIGHUP, SIGINT, SIGQUIT, SIGTERM};
+// What terminals, users, timers and job systems send.
+constexpr std::array ending_signals{SIGHUP,  SIGINT,  SIGQUIT, SIGTERM,   SIGALRM,
+                                    SIGUSR1, SIGUSR2, SIGXCPU, SIGVTALRM, SIGPROF};
 
 /// One that is ignored, as nohup does, ends nothing, but would wait all the same.
 bool is_ignored(int signal) {

@@ -5,7 +5,8 @@
 
 namespace morvane::companion {
 
-/// Holds back SIGHUP, SIGINT, SIGQUIT and SIGTERM. One that came in the meantime ends the program
+/// Holds back SIGHUP, SIGINT, SIGQUIT, SIGTERM, and the signals of timers and job systems: SIGALRM,
+/// SIGUSR1, SIGUSR2, SIGXCPU, SIGVTALRM and SIGPROF. One that came in the meantime ends the program
 /// at the end of the scope: what is declared after this object is cleaned up before.
 class held_signals {
  public:

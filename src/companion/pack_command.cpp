@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <string_view>
 #include <vector>
 
@@ -83,13 +84,38 @@ int check_inputs(packing& run) {
                                  other->error);
 }
 
-int create_package(packing& run) {
-  const auto existing = identity_at(run.options.package);
+/// Whether a path leads to one of the inputs, under whatever name.
+bool is_packed_file(const packing& run, const std::string& path) {
+  const auto existing = identity_at(path);
   const file_states& inputs = run.described.before;
-  if (existing && std::ranges::find(inputs, *existing, &file_state::identity) != inputs.end()) {
-    print_message(joined(printable(run.options.package), ": is one of the files to pack"));
+  return existing && std::ranges::find(inputs, *existing, &file_state::identity) != inputs.end();
+}
+
+/// Whether two paths name the same file, which may not exist yet.
+bool is_same_file(const std::string& one, const std::string& other) {
+  namespace fs = std::filesystem;
+  const auto existing = identity_at(one);
+  return fs::path(one).lexically_normal() == fs::path(other).lexically_normal() ||
+         (existing && existing == identity_at(other));
+}
+
+/// No output may take the place of an input or of the other output.
+int check_outputs(packing& run) {
+  for (const std::string& path : {run.options.package, run.options.depfile}) {
+    if (is_packed_file(run, path)) {
+      print_message(joined(printable(path), ": is one of the files to pack"));
+      return status_failed;
+    }
+  }
+  if (is_same_file(run.options.package, run.options.depfile)) {
+    print_message(
+        joined(printable(run.options.depfile), ": the dependency file cannot be the package"));
     return status_failed;
   }
+  return status_fine;
+}
+
+int create_package(packing& run) {
   const int error = run.package.create(run.options.package);
   return error == 0 ? status_fine : report_file_error(run.options.package, error);
 }
@@ -199,7 +225,7 @@ int run_pack(const pack_options& options, console& streams) try {
   streams.warnings_are_errors = options.warnings_are_errors;
   packing run(options, streams);
   for (const auto step :
-       {lint_inputs, check_inputs, create_package, write_package, verify_package}) {
+       {lint_inputs, check_inputs, check_outputs, create_package, write_package, verify_package}) {
     if (const int status = step(run); status != status_fine) {
       return status;
     }

@@ -54,7 +54,8 @@ refused() {
   mkdir -p refused
   { cat refused.txt; echo "morvane_add_package(${*:2})"; } >refused/CMakeLists.txt
   ! cmake -S refused -B refused/build -Dmorvane_DIR="$SOURCE/cmake" >log 2>&1 || fail "taken: ${*:2}"
-  tr -s ' \n' ' ' <log | grep -qF "$1" || fail "$(<log)"
+  tr -s ' \n' ' ' <log >message
+  grep -qF "$1" message || fail "$(<log)"
 }
 
 refused "morvane_add_package: unknown arguments OFF" TARGET net FOLDER out PACKAGE net.bin VPROC OFF

@@ -90,7 +90,8 @@ TEST(EmergingFile, IsNotMadeBesideAHundredFilesLeftBehind) {
 }
 
 TEST(EmergingFile, IsRemovedBeforeASignalEndsTheProgram) {
-  for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
+  for (const int signal :
+       {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGALRM, SIGUSR1, SIGUSR2, SIGXCPU, SIGVTALRM, SIGPROF}) {
     const scratch_folder folder;
     const file_handle handle = open_folder(folder.path());
     EXPECT_EQ(ending_of([&] {
@@ -108,7 +109,8 @@ TEST(EmergingFile, IsRemovedBeforeASignalEndsTheProgram) {
 TEST(HeldSignals, TellWhetherOneIsWaiting) {
   const held_signals signals;
   EXPECT_FALSE(signals.is_waiting());
-  for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
+  for (const int signal :
+       {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGALRM, SIGUSR1, SIGUSR2, SIGXCPU, SIGVTALRM, SIGPROF}) {
     sigset_t one{};
     ::sigemptyset(&one);
     ::sigaddset(&one, signal);

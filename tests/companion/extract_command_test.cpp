@@ -150,6 +150,16 @@ TEST(ExtractCommand, WritesOneImageToStandardOutput) {
   EXPECT_EQ(folder.files().size(), 2U);
 }
 
+TEST(ExtractCommand, RefusesToReplaceThePackage) {
+  const scratch_folder folder;
+  const std::string package = package_of({"net", "first"}, {"BBBB", "AAAA"});
+  folder.write("net.dvi", package);
+  expect_outcome(run_morvane({"extract", "--force", "net.dvi"}, folder.path()), 2,
+                 "first.dvi: 4 bytes\n",
+                 "morvane: net.dvi: the image must not replace the package that it comes from\n");
+  EXPECT_EQ(folder.files(), (file_contents{{"first.dvi", "AAAA"}, {"net.dvi", package}}));
+}
+
 TEST(ExtractCommand, RefusesToWriteSeveralImagesToStandardOutput) {
   const scratch_folder folder;
   folder.write("net.bin", two_images());

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <filesystem>
+#include <map>
 
 #include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
@@ -198,6 +199,28 @@ TEST_F(Pack, RefusesToReplaceAnInput) {
     const run_result run = run_morvane({"pack", "in", "-o", package}, folder.path());
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.diagnostics, "morvane: " + package + ": is one of the files to pack\n");
+  }
+  EXPECT_EQ(folder.files(), before);
+}
+
+TEST_F(Pack, RefusesADependencyFileThatIsAnInputOrThePackage) {
+  folder.write("net.bin", "older");
+  std::filesystem::create_symlink("in/net.h", folder.path("link"));
+  std::filesystem::create_symlink("net.bin", folder.path("package"));
+  const auto before = folder.files();
+  for (const std::string depfile : {"in/net.dvi", "in/net.h", "link"}) {
+    const run_result run =
+        run_morvane({"pack", "in", "-o", "net.bin", "--depfile", depfile}, folder.path());
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.diagnostics, "morvane: " + depfile + ": is one of the files to pack\n");
+  }
+  for (const auto& [package, depfile] : std::map<std::string, std::string>{
+           {"net.bin", "package"}, {"new.bin", "./new.bin"}, {"./net.bin", "net.bin"}}) {
+    const run_result run =
+        run_morvane({"pack", "in", "-o", package, "--depfile", depfile}, folder.path());
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.diagnostics,
+              "morvane: " + depfile + ": the dependency file cannot be the package\n");
   }
   EXPECT_EQ(folder.files(), before);
 }
