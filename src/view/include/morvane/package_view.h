@@ -82,7 +82,7 @@ struct morvane_view {
   uint32_t HASH;
   uint32_t dvi_num;
   uint32_t sound_dvis; /* DVIs, from the first on, whose blocks are whole: dvi_num without damage */
-  size_t vproc_table;  /* offset of the vproc table; 0 when there is no vproc section */
+  size_t vproc_table;  /* offset of the vproc table; 0 without a whole one behind whole DVIs */
   uint32_t sound_vprocs; /* vprocs, from the first on, whose blocks are whole */
 };
 
@@ -172,20 +172,21 @@ struct morvane_view_smb_block {
 int morvane_view_open(struct morvane_view* view, const uint8_t* bytes, size_t size,
                       struct morvane_view_damage* damage);
 
-/* MORVANE_VIEW_NO_VPROC when the package has no vproc section. One that was written with the
- * section and cut exactly before it has none either: ask, if you need it. */
+/* MORVANE_VIEW_NO_VPROC when the package has no vproc section, or when damage hides it. One that
+ * was written with the section and cut exactly before it has none either: ask, if you need it. */
 int morvane_view_need_vproc(const struct morvane_view* view);
 
-/* The first DVI. MORVANE_VIEW_OUT_OF_RANGE when there is none. Takes the same time for every
- * package. */
+/* The first DVI. MORVANE_VIEW_OUT_OF_RANGE when there is none, MORVANE_VIEW_DVI_TABLE_CUT when the
+ * package ends before it. Takes the same time for every package. */
 int morvane_view_first(const struct morvane_view* view, struct morvane_view_dvi* dvi);
 
 /* Steps from a DVI to the next one. MORVANE_VIEW_OUT_OF_RANGE after the last, where dvi stays.
  * Takes the same time for every package. */
 int morvane_view_next(const struct morvane_view* view, struct morvane_view_dvi* dvi);
 
-/* The first DVI whose dag_name is a C string. MORVANE_VIEW_NOT_FOUND when there is none. dvi is
- * always set, also after an error. */
+/* The first DVI whose dag_name is a C string. MORVANE_VIEW_NOT_FOUND when there is none,
+ * MORVANE_VIEW_DVI_TABLE_CUT when the package ends before its first DVI. After an error dvi may
+ * have changed. */
 int morvane_view_find(const struct morvane_view* view, const char* dag_name,
                       struct morvane_view_dvi* dvi);
 
