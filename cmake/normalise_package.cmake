@@ -1,5 +1,5 @@
-# Runs over the finished .deb and .tar.gz packages and packs them again. What cpack writes depends on the time, on the order
-# of the files on the disk, on the size of a folder there, on the umask and on the user.
+# Runs over the finished .deb and .tar.gz packages and packs them again. What cpack writes depends on the time, on
+# the order of the files on the disk, on the size of a folder there, on the umask and on the user.
 
 # run WORD ...: a command that must succeed.
 function(run)

@@ -27,7 +27,8 @@ function(install_view)
   write_basic_package_version_file(${PROJECT_BINARY_DIR}/morvane_viewConfigVersion.cmake
                                    VERSION ${view_version} COMPATIBILITY SameMajorVersion)
   file(RELATIVE_PATH prefix_from_libdir "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
-  # The file finds its prefix from where it lies, unless that is an absolute folder; absolute folders stay as they are.
+  # The file finds its prefix from where it lies, unless that is an absolute folder. Absolute folders stay as they
+  # are.
   set(prefix "\${pcfiledir}/${prefix_from_libdir}")
   if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
     set(prefix "${CMAKE_INSTALL_PREFIX}")
