@@ -25,7 +25,7 @@ parse_folder make_parse_folder(std::string_view parsedir, const file_identity& p
 /// returns a closed handle.
 file_handle create_image(const parse_folder& folder, std::string_view dag_name);
 
-/// Deletes the header of a DAG, if there is one.
+/// Deletes the header of a DAG, if there is one, or an empty folder in its place.
 void remove_header(const parse_folder& folder, std::string_view dag_name);
 
 /// Appends lines to the header of a DAG. The first call for a name creates the header. The name

@@ -33,6 +33,17 @@ file_handle empty_existing(const file_handle& folder, const std::string& name,
   return usable ? std::move(file) : file_handle();
 }
 
+bool remove_entry(const file_handle& folder, const std::string& name, const file_identity& kept,
+                  bool with_folders) {
+  struct stat status {};
+  if (::fstatat(folder.descriptor(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0 ||
+      identity_in(status) == kept) {
+    return false;
+  }
+  const int flags = with_folders && S_ISDIR(status.st_mode) ? AT_REMOVEDIR : 0;
+  return ::unlinkat(folder.descriptor(), name.c_str(), flags) == 0;
+}
+
 }  // namespace
 
 file_handle open_folder(const std::string& path) {
@@ -61,9 +72,12 @@ file_handle reopen_file(const file_handle& folder, const std::string& name,
 }
 
 bool remove_file(const file_handle& folder, const std::string& name, const file_identity& kept) {
-  struct stat status {};
-  return ::fstatat(folder.descriptor(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
-         identity_in(status) != kept && ::unlinkat(folder.descriptor(), name.c_str(), 0) == 0;
+  return remove_entry(folder, name, kept, false);
+}
+
+bool remove_file_or_folder(const file_handle& folder, const std::string& name,
+                           const file_identity& kept) {
+  return remove_entry(folder, name, kept, true);
 }
 
 }  // namespace morvane

@@ -32,4 +32,8 @@ file_handle reopen_file(const file_handle& folder, const std::string& name,
 /// Removes a file from a folder. Returns whether it did. Folders and the kept file are not removed.
 bool remove_file(const file_handle& folder, const std::string& name, const file_identity& kept);
 
+/// Removes an empty folder too, as remove(3) does.
+bool remove_file_or_folder(const file_handle& folder, const std::string& name,
+                           const file_identity& kept);
+
 }  // namespace morvane
