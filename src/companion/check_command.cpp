@@ -30,10 +30,9 @@ int check_one(const std::string& path, const check_options& options, check_outpu
       },
       [&](std::uint64_t done) { show_progress(progress, done); });
   hide_progress(progress);
-  const bool is_sound =
-      counts.errors == 0 && (counts.warnings == 0 || !options.warnings_are_errors);
-  end_package(output, path, summary, is_sound);
-  return is_sound ? status_fine : status_findings;
+  const int status = status_of(counts, options.warnings_are_errors);
+  end_package(output, path, summary, status == status_fine);
+  return status;
 }
 
 }  // namespace

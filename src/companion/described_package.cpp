@@ -1,11 +1,13 @@
 #include "companion/described_package.h"
 
 #include "format/records.h"
+#include "io/message.h"
 
 namespace morvane::companion {
 
-int append_described(package_writer& package, const pack_inputs& inputs,
-                     const described_dvis& described, bool vproc) {
+std::string append_described(package_writer& package, const pack_inputs& inputs,
+                             const described_dvis& described, bool vproc) {
+  const collected_messages forgotten(false);
   append_header(package, described.size());
   for (const described_dvi& one : described) {
     append_bytes(package, bytes_of(one.dvi));
@@ -15,7 +17,7 @@ int append_described(package_writer& package, const pack_inputs& inputs,
     const std::string path = join_path(inputs.folder, inputs.dvis[i].name);
     if (read_file_bytes(package, path, static_cast<std::int32_t>(described[i].dvi.dvi_img_size)) !=
         0) {
-      return -1;
+      return path;
     }
   }
   if (vproc) {
@@ -26,7 +28,7 @@ int append_described(package_writer& package, const pack_inputs& inputs,
       append_bytes(package, one.vproc_records);
     }
   }
-  return 0;
+  return {};
 }
 
 }  // namespace morvane::companion

@@ -39,8 +39,4 @@ std::string xxh3_128(const package_bytes& package, std::span<const std::uint8_t>
   return hexadecimal_text(XXH3_128bits_digest(state.get()));
 }
 
-std::uint64_t xxh3_64(std::span<const std::byte> bytes) {
-  return XXH3_64bits(bytes.data(), bytes.size());
-}
-
 }  // namespace morvane::companion

@@ -1,7 +1,6 @@
 // Digests: XXH3.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -13,8 +12,5 @@ namespace morvane::companion {
 /// The digest of a part of a package's bytes: 32 hexadecimal digits, as `xxhsum -H2` prints them.
 /// Gives back the memory of the bytes as it goes on.
 std::string xxh3_128(const package_bytes& package, std::span<const std::uint8_t> bytes);
-
-/// The digest of bytes in memory, with 64 bits.
-std::uint64_t xxh3_64(std::span<const std::byte> bytes);
 
 }  // namespace morvane::companion

@@ -39,6 +39,7 @@ std::optional<finding_format> finding_format_named(std::string_view name) {
 }
 
 void count(const finding& found, finding_counts& counts) {
+  counts.unreadable += found.kind == kind_of("unreadable-file") ? 1 : 0;
   switch (level_of(found)) {
     case severity::error:
       ++counts.errors;
@@ -49,6 +50,14 @@ void count(const finding& found, finding_counts& counts) {
     default:
       ++counts.notes;
   }
+}
+
+int status_of(const finding_counts& counts, bool warnings_are_errors) {
+  if (counts.unreadable != 0) {
+    return status_failed;
+  }
+  const bool is_clean = counts.errors == 0 && (counts.warnings == 0 || !warnings_are_errors);
+  return is_clean ? status_fine : status_findings;
 }
 
 std::string finding_line(const finding& found, bool colour) {

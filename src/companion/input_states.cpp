@@ -1,6 +1,9 @@
 #include "companion/input_states.h"
 
 #include <cerrno>
+#include <cstring>
+
+#include "companion/printable_text.h"
 
 namespace morvane::companion {
 
@@ -15,19 +18,31 @@ bool is_same(const file_state& a, const file_state& b) {
          is_same_time(a.changed, b.changed) && a.error == b.error;
 }
 
+int type_error(const struct stat& status) {
+  return S_ISREG(status.st_mode) ? 0 : S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
+}
+
 file_state state_in(const struct stat& status) {
   return {.identity = identity_in(status),
           .size = status.st_size,
           .modified = status.st_mtim,
           .changed = status.st_ctim,
-          .error = S_ISREG(status.st_mode) ? 0 : EINVAL};
+          .error = type_error(status)};
 }
 
 }  // namespace
 
-file_state state_of(const file_handle& file) {
-  struct stat status {};
-  return ::fstat(file.descriptor(), &status) == 0 ? state_in(status) : file_state{.error = errno};
+readable_file open_input(const std::string& path, file_state& state) {
+  readable_file file = open_to_read(path);
+  const std::optional<struct stat> status = status_of(file.handle);
+  state = status ? state_in(*status) : file_state{.error = errno};
+  return file;
+}
+
+std::string unreadable_text(std::string_view what, int error) {
+  // NOLINTNEXTLINE(concurrency-mt-unsafe): one thread
+  const std::string_view reason = error == EINVAL ? "it is no regular file" : std::strerror(error);
+  return joined("the ", what, " cannot be read: ", reason);
 }
 
 std::vector<std::string> input_paths(const pack_inputs& inputs) {

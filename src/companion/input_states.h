@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "driver/pack_sections.h"
@@ -19,12 +20,15 @@ struct file_state {
   off_t size = 0;
   timespec modified{};
   timespec changed{};
-  int error =
-      0;  // the errno of a file that cannot be looked at; EINVAL for what is no regular file
+  int error = 0;  // why the file cannot be packed, an errno
 };
 
-/// The state of an open file.
-file_state state_of(const file_handle& file);
+/// Opens a file to pack and sets its state. Only a regular file can be packed: the error of a
+/// folder is EISDIR, that of a device or a pipe EINVAL.
+readable_file open_input(const std::string& path, file_state& state);
+
+/// "the file cannot be read: Permission denied", for the error of a file, or a folder, to pack.
+std::string unreadable_text(std::string_view what, int error);
 
 /// The states of files in the order of their paths.
 using file_states = std::vector<file_state>;

@@ -16,7 +16,6 @@
 #include "companion/input_states.h"
 #include "companion/lint/lint_folder.h"
 #include "companion/lint/lint_output.h"
-#include "companion/pack_messages.h"
 #include "companion/pack_verification.h"
 #include "companion/printable_text.h"
 #include "companion/replacement_file.h"
@@ -49,6 +48,34 @@ void check_signals(const packing& run) {
   }
 }
 
+int report_changed(std::string_view path) {
+  print_message(joined(printable(path), ": was changed while it was packed"));
+  return status_failed;
+}
+
+/// Ends a run after what it found.
+int report_unpacked(packing& run, const finding_counts& counts) {
+  flush_results(run.streams);
+  print_message(joined(printable(run.options.folder), ": ", counts_text(counts, false),
+                       ": nothing is packed"));
+  return status_of(counts, run.options.warnings_are_errors);
+}
+
+/// An image that the linter could open, and that cannot be read as a whole now.
+int report_lost_image(packing& run, const std::string& path, int error) {
+  if (error == 0) {
+    return report_changed(path);
+  }
+  const finding found{.kind = kind_of("unreadable-file"),
+                      .file = path,
+                      .place = whole_file,
+                      .text = unreadable_text("file", error)};
+  finding_counts counts;
+  count(found, counts);
+  write_finding_line(run.streams, found);
+  return report_unpacked(run, counts);
+}
+
 /// Writes what the linter finds. With errors nothing is packed.
 int lint_inputs(packing& run) {
   finding_counts counts;
@@ -63,25 +90,11 @@ int lint_inputs(packing& run) {
   if (error != 0) {
     return report_file_error(run.options.folder, error);
   }
-  if (counts.errors != 0 || (counts.warnings != 0 && run.options.warnings_are_errors)) {
-    flush_results(run.streams);
-    print_message(joined(printable(run.options.folder), ": ", counts_text(counts, false),
-                         ": nothing is packed"));
-    return status_findings;
+  if (status_of(counts, run.options.warnings_are_errors) != status_fine) {
+    return report_unpacked(run, counts);
   }
   run.paths = input_paths(run.described.inputs);
   return status_fine;
-}
-
-/// Only a regular file can be compared with the package.
-int check_inputs(packing& run) {
-  const file_states& before = run.described.before;
-  const auto other =
-      std::ranges::find_if(before, [](const file_state& one) { return one.error != 0; });
-  return other == before.end()
-             ? status_fine
-             : report_file_error(run.paths[static_cast<std::size_t>(other - before.begin())],
-                                 other->error);
 }
 
 /// Whether a path leads to one of the inputs, under whatever name.
@@ -136,33 +149,19 @@ std::uint64_t expected_size(const packing& run) {
   return size;
 }
 
-/// The first input that cannot be opened now; empty when all can be.
-std::string unreadable_input(const packing& run, int& error) {
-  for (const std::string& path : run.paths) {
-    if (!open_to_read(path).handle.is_open()) {
-      error = errno;
-      return path;
-    }
-  }
-  return {};
-}
-
 int write_package(packing& run) {
   package_writer writer{.file = file_handle(::dup(run.package.descriptor())),
                         .watch = {.tell = see_progress, .state = &run}};
   run.streams.progress = begin_progress(run.options.package, expected_size(run), run.streams.quiet);
-  const int status = run_step([&] {
-    return append_described(writer, run.described.inputs, run.described.dvis, run.options.vproc);
-  });
+  const std::string lost =
+      append_described(writer, run.described.inputs, run.described.dvis, run.options.vproc);
   flush_package(writer);
   hide_progress(run.streams.progress);
   if (writer.write_error != 0) {
     return report_file_error(run.package.path(), writer.write_error);
   }
-  if (status != status_fine) {
-    int error = 0;
-    const std::string path = unreadable_input(run, error);
-    return path.empty() ? status : report_file_error(path, error);
+  if (!lost.empty()) {
+    return report_lost_image(run, lost, writer.read_error);
   }
   const int error = run.options.sync ? sync_file(run.package.descriptor()) : 0;
   return error == 0 ? status_fine : report_file_error(run.package.path(), error);
@@ -177,12 +176,11 @@ int verify_package(packing& run) {
   const input_comparison comparison =
       compare_with_inputs(package, run.described.inputs, run.described.dvis);
   if (comparison.error != 0) {
-    return report_file_error(comparison.path, comparison.error);
+    return report_lost_image(run, comparison.path, comparison.error);
   }
   const std::string changed = changed_file(run.paths, run.described.before);
   if (!changed.empty()) {
-    print_message(joined(printable(changed), ": was changed while it was packed"));
-    return status_failed;
+    return report_changed(changed);
   }
   if (!is_sound(package, run.options.package, run.options.vproc, run.streams, run.summary)) {
     return status_findings;
@@ -225,7 +223,7 @@ int run_pack(const pack_options& options, console& streams) try {
   streams.warnings_are_errors = options.warnings_are_errors;
   packing run(options, streams);
   for (const auto step :
-       {lint_inputs, check_inputs, check_outputs, create_package, write_package, verify_package}) {
+       {lint_inputs, check_outputs, create_package, write_package, verify_package}) {
     if (const int status = step(run); status != status_fine) {
       return status;
     }

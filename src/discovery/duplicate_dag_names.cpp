@@ -15,7 +15,7 @@ int check_duplicate_dag_names(const std::string& folder, const input_list& heade
   std::unordered_map<std::string, std::size_t> positions;
   for (const input_entry header : headers) {
     const std::string path = join_path(folder, header.name);
-    const std::string text = read_file(path);
+    const std::string text = read_file(path).text;
     line_reader lines{text};
     std::string_view name;
     if (!next_value(lines, dag_name_macro, name)) {

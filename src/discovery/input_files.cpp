@@ -53,78 +53,69 @@ void mark_dvis(const input_list& dvis, const position_index& stems, std::string_
   });
 }
 
-/// The folder's files of the wanted type; none, and no message, if the folder cannot be read to its
-/// end.
-input_list read_input_files(const std::string& folder, std::string_view wanted_type) {
+/// Those of the names that are of the wanted type.
+input_list select_files(const folder_names& folder, std::string_view wanted_type) {
   input_list files;
-  std::string messages;
-  {
-    collected_messages collected;
-    const bool is_read = read_names(folder, [&](std::string_view name) {
-      std::int32_t index = 0;
-      if (is_input_file(name, wanted_type, index)) {
-        files.add({.name = name, .index = index});
-      }
-    });
-    if (!is_read) {
-      return {};
+  for (const char* const name : folder.names) {
+    std::int32_t index = 0;
+    if (is_input_file(name, wanted_type, index)) {
+      files.add({.name = name, .index = index});
     }
-    messages = std::move(collected.text);
   }
-  print_text(messages);
   return files;
-}
-
-header_presence no_headers(std::size_t dvis) {
-  return {.marked = std::vector<bool>(dvis), .plain = std::vector<bool>(dvis)};
 }
 
 }  // namespace
 
-bool read_names(const std::string& folder, const std::function<void(std::string_view)>& take) {
+folder_names read_names(const std::string& folder) {
   const auto close = [](DIR* open_folder) { ::closedir(open_folder); };
   const std::unique_ptr<DIR, decltype(close)> entries(::opendir(folder.c_str()), close);
   if (!entries) {
-    return false;
+    return {.error = errno};
   }
+  folder_names found;
   errno = 0;
   while (const dirent* entry = ::readdir(entries.get())) {
-    take(entry->d_name);
+    found.names.push_back(found.store.add(entry->d_name));
     errno = 0;
   }
-  return errno == 0;
+  return errno == 0 ? std::move(found) : folder_names{.error = errno};
 }
 
 bool is_input_file(std::string_view name, std::string_view wanted_type, std::int32_t& index) {
   return get_file_type(name, false) == wanted_type && parse_file_index(name, index) == 0;
 }
 
-std::int32_t list_input_files(const std::string& folder, std::string_view wanted_type,
-                              input_list& files) {
-  files = read_input_files(folder, wanted_type);
+bool order_input_files(const folder_names& folder, std::string_view wanted_type,
+                       input_list& files) {
+  files = select_files(folder, wanted_type);
   if (!in_order(files)) {
     print_line("error: files in input folder are disordered.");
-    return 0;
+    return false;
   }
   files.sort_by_index();
-  return static_cast<std::int32_t>(files.size());
+  return true;
 }
 
-header_presence find_headers(const std::string& folder, const input_list& dvis) {
-  header_presence headers = no_headers(dvis.size());
+std::int32_t list_input_files(const std::string& folder, std::string_view wanted_type,
+                              input_list& files) {
+  const bool is_ordered = order_input_files(read_names(folder), wanted_type, files);
+  return is_ordered ? static_cast<std::int32_t>(files.size()) : 0;
+}
+
+header_presence find_headers(const folder_names& folder, const input_list& dvis) {
+  header_presence headers{.marked = std::vector<bool>(dvis.size()),
+                          .plain = std::vector<bool>(dvis.size())};
   const position_index stems = index_stems(dvis);
-  const bool is_read = read_names(folder, [&](std::string_view name) {
+  for (std::string_view name : folder.names) {
     if (!name.ends_with(header_ending)) {
-      return;
+      continue;
     }
     name.remove_suffix(header_ending.size());
     mark_dvis(dvis, stems, name, headers.plain);
     if (name.starts_with(header_mark)) {
       mark_dvis(dvis, stems, name.substr(header_mark.size()), headers.marked);
     }
-  });
-  if (!is_read) {
-    headers = no_headers(dvis.size());
   }
   headers.all_marked = std::ranges::find(headers.marked, false) == headers.marked.end();
   return headers;
@@ -141,7 +132,7 @@ bool has_header(const header_presence& headers, std::size_t position) {
 
 std::int32_t pair_header_files(const std::string& folder, const input_list& dvis,
                                input_list& headers) {
-  const header_presence present = find_headers(folder, dvis);
+  const header_presence present = find_headers(read_names(folder), dvis);
   for (std::size_t i = 0; i < dvis.size(); ++i) {
     const std::string name = header_of(present, dvis[i]);
     if (!has_header(present, i)) {

@@ -2,27 +2,36 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "format/input_list.h"
+#include "format/name_store.h"
 
 namespace morvane {
 
-/// Calls take for the name of every entry of a folder, in the order of the folder. Returns whether
-/// the folder could be opened and read to its end; if not, what was taken does not count.
-bool read_names(const std::string& folder, const std::function<void(std::string_view)>& take);
+/// The names of all entries of a folder, in the order of the folder; none, and an errno, if it
+/// could not be opened or read to its end.
+struct folder_names {
+  name_store store{};
+  std::vector<const char*> names{};
+  int error = 0;
+};
+folder_names read_names(const std::string& folder);
 
 /// Whether a pack run that looks for files of the wanted type takes the file; sets its index.
 /// Prints a message if only the name keeps it out.
 bool is_input_file(std::string_view name, std::string_view wanted_type, std::int32_t& index);
 
-/// Fills the list with the folder's files of the wanted type, sorts it by index and returns its
-/// length. A file with a bad name is left out, with a message. Returns 0 if the folder cannot be
-/// opened. If the greatest index does not match the number of files, prints "error: files in input
-/// folder are disordered.", leaves the list unsorted and returns 0.
+/// Fills the list with those of the names that are of the wanted type, sorted by index. A file with
+/// a bad name is left out, with a message. Returns true; if the greatest index does not match the
+/// number of files, prints "error: files in input folder are disordered.", leaves the list unsorted
+/// and returns false.
+bool order_input_files(const folder_names& folder, std::string_view wanted_type, input_list& files);
+
+/// Fills the list in the same way with the files of a folder. Returns its length; 0 if the files
+/// are disordered or the folder cannot be read.
 std::int32_t list_input_files(const std::string& folder, std::string_view wanted_type,
                               input_list& files);
 
@@ -33,7 +42,7 @@ struct header_presence {
   std::vector<bool> plain{};   // whether there is stem + ".h"
 };
 
-header_presence find_headers(const std::string& folder, const input_list& dvis);
+header_presence find_headers(const folder_names& folder, const input_list& dvis);
 
 /// The name of a DVI's header: with an underscore if every DVI has such a header.
 std::string header_of(const header_presence& headers, const input_entry& dvi);

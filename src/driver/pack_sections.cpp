@@ -33,7 +33,7 @@ void append_records_or_warn(package_writer& package, const std::vector<Record>& 
 }
 
 int append_ports(package_writer& package, const std::string& header_path, const dvi_desc& dvi) {
-  const std::string header = read_file(header_path);
+  const std::string header = read_file(header_path).text;
   std::vector<port_desc> inputs;
   std::vector<port_desc> outputs;
   inputs.reserve(dvi.input_num);
@@ -72,7 +72,7 @@ int append_vproc_section(package_writer& package, const pack_inputs& inputs, std
   size += declared_size(vprocs);
   for (std::size_t i = 0; i < inputs.headers.size(); ++i) {
     const std::string header_path = join_path(inputs.folder, inputs.headers[i].name);
-    const std::string header = read_file(header_path);
+    const std::string header = read_file(header_path).text;
     std::vector<var_desc> variables;
     std::vector<smb_desc> smbs;
     if (parse_vproc_variables(variables, header) != 0 ||

@@ -65,10 +65,11 @@ std::size_t copy_bytes(package_writer& package, const file_handle& file, std::si
   while (copied < count) {
     std::span<std::byte> space = free_space(package);
     space = space.first(std::min(space.size(), count - copied));
-    const std::size_t got = read_bytes(file, space);
-    package.waiting += got;
-    copied += got;
-    if (got < space.size()) {
+    const bytes_read got = read_bytes(file, space);
+    package.waiting += got.count;
+    copied += got.count;
+    package.read_error = got.error;
+    if (got.count < space.size()) {
       break;
     }
   }
@@ -90,6 +91,7 @@ void append_bytes(package_writer& package, std::span<const std::byte> bytes) {
 int read_file_bytes(package_writer& package, const std::string& path, std::int32_t count) {
   const readable_file file = open_to_read(path);
   if (!file.handle.is_open()) {
+    package.read_error = errno;
     return report_open_failure(path);
   }
   // A negative count is more than any file holds. The size of a short file is known before a byte

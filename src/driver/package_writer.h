@@ -24,6 +24,7 @@ struct package_writer {
   std::size_t waiting = 0;    // bytes in the buffer
   std::uint64_t written = 0;  // bytes in the file
   int write_error = 0;        // errno of the first write that failed
+  int read_error = 0;         // errno of a file to append that could not be opened or read
   write_watch watch{};
 };
 

@@ -37,7 +37,7 @@ int parse_dag_descriptions(std::vector<dvi_desc>& dvis, const std::string& folde
                            const input_list& headers) {
   for (std::size_t position = 0; position < headers.size(); ++position) {
     dvi_desc dvi{};
-    const std::string header = read_file(join_path(folder, headers[position].name));
+    const std::string header = read_file(join_path(folder, headers[position].name)).text;
     if (parse_dag_description(dvi, header, headers[position].index, position) != 0) {
       return -1;
     }

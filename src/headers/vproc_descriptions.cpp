@@ -12,7 +12,7 @@ vproc_desc count_vproc_records(std::string_view header) {
 int parse_vproc_description(std::vector<vproc_desc>& vprocs, const std::string& folder,
                             const input_list& headers) {
   for (const input_entry header : headers) {
-    vprocs.push_back(count_vproc_records(read_file(join_path(folder, header.name))));
+    vprocs.push_back(count_vproc_records(read_file(join_path(folder, header.name)).text));
   }
   return 0;
 }

@@ -16,7 +16,7 @@ void refill(package_reader& package) {
   std::ranges::copy(left, package.buffer.begin());
   package.begin = 0;
   package.end = left.size();
-  package.end += read_bytes(package.file, std::span(package.buffer).subspan(package.end));
+  package.end += read_bytes(package.file, std::span(package.buffer).subspan(package.end)).count;
 }
 
 /// Takes up to count bytes from the package, none at its end. They are valid until the next call.

@@ -23,17 +23,16 @@ auto uninterrupted(Call call) {
 }
 
 /// Fills the bytes with what calls of read give, each for the rest, until a call gives nothing or
-/// fails. Returns how many bytes were filled.
+/// fails.
 template <class Read>
-std::size_t filled_by(std::span<std::byte> bytes, Read read) {
-  std::size_t filled = 0;
-  while (filled < bytes.size()) {
-    const ssize_t got = uninterrupted([&] { return read(bytes.subspan(filled), filled); });
-    if (got <= 0) {
-      break;
-    }
-    filled += static_cast<std::size_t>(got);
+bytes_read filled_by(std::span<std::byte> bytes, Read read) {
+  bytes_read filled;
+  ssize_t got = 1;
+  while (got > 0 && filled.count < bytes.size()) {
+    got = uninterrupted([&] { return read(bytes.subspan(filled.count), filled.count); });
+    filled.count += got > 0 ? static_cast<std::size_t>(got) : 0;
   }
+  filled.error = got < 0 ? errno : 0;
   return filled;
 }
 
@@ -123,13 +122,13 @@ bool empty_file(const file_handle& file) {
          (uninterrupted([&] { return ::ftruncate(file.descriptor(), 0); }) == 0 || errno == EINVAL);
 }
 
-std::size_t read_bytes(const file_handle& file, std::span<std::byte> bytes) {
+bytes_read read_bytes(const file_handle& file, std::span<std::byte> bytes) {
   return filled_by(bytes, [&](std::span<std::byte> rest, std::size_t /*filled*/) {
     return ::read(file.descriptor(), rest.data(), rest.size());
   });
 }
 
-std::size_t read_bytes_at(const file_handle& file, off_t offset, std::span<std::byte> bytes) {
+bytes_read read_bytes_at(const file_handle& file, off_t offset, std::span<std::byte> bytes) {
   return filled_by(bytes, [&](std::span<std::byte> rest, std::size_t filled) {
     return ::pread(file.descriptor(), rest.data(), rest.size(),
                    offset + static_cast<off_t>(filled));
@@ -173,22 +172,26 @@ std::size_t copy_file_bytes(const file_handle& from, off_t* offset, int to, std:
   return copied;
 }
 
-std::string read_file(const std::string& path) {
+file_content read_file(const std::string& path) {
   const readable_file file = open_to_read(path);
-  return file.handle.is_open() ? read_file(file) : std::string();
+  return file.handle.is_open() ? read_file(file) : file_content{.error = errno};
 }
 
-std::string read_file(const readable_file& file) {
-  std::string text;
+file_content read_file(const readable_file& file) {
+  file_content content;
+  std::string& text = content.text;
   // What has no size of its own, or says 0 as the files of the kernel do, is read until it ends.
   const std::size_t step = file.size > 0 ? static_cast<std::size_t>(file.size) : chunk_size;
   std::size_t filled = 0;
   do {
     text.resize(filled + step);
-    filled += read_bytes(file.handle, std::as_writable_bytes(std::span(text).subspan(filled)));
+    const bytes_read got =
+        read_bytes(file.handle, std::as_writable_bytes(std::span(text).subspan(filled)));
+    filled += got.count;
+    content.error = got.error;
   } while (filled == text.size() && file.size <= 0);
   text.resize(filled);
-  return text;
+  return content;
 }
 
 std::string join_path(std::string_view folder, std::string_view name) {

@@ -86,12 +86,18 @@ writable_file open_to_write(const std::string& path);
 /// is empty now.
 bool empty_file(const file_handle& file);
 
-/// Reads until the bytes are filled or the file ends. A read error counts as the end. Returns the
-/// number of bytes read.
-std::size_t read_bytes(const file_handle& file, std::span<std::byte> bytes);
+/// How many bytes were read, and the errno of the failure that ended them early; 0 if there was
+/// none.
+struct bytes_read {
+  std::size_t count = 0;
+  int error = 0;
+};
+
+/// Reads until the bytes are filled, the file ends or a read fails.
+bytes_read read_bytes(const file_handle& file, std::span<std::byte> bytes);
 
 /// Reads in the same way from an offset on. Does not move the position of the file.
-std::size_t read_bytes_at(const file_handle& file, off_t offset, std::span<std::byte> bytes);
+bytes_read read_bytes_at(const file_handle& file, off_t offset, std::span<std::byte> bytes);
 
 /// Writes all bytes. Waits while a stream in non-blocking mode is full. Returns the number of bytes
 /// written, which is smaller after an error; errno then holds the reason.
@@ -104,11 +110,18 @@ std::size_t write_bytes(const file_handle& file, std::span<const std::byte> byte
 /// and devices, which the system does not copy: the caller reads and writes the rest.
 std::size_t copy_file_bytes(const file_handle& from, off_t* offset, int to, std::size_t count);
 
-/// What an open file holds, from its position to its end.
-std::string read_file(const readable_file& file);
+/// What was read of a file, and the errno of what kept the rest from being read; 0 for a whole
+/// file.
+struct file_content {
+  std::string text{};
+  int error = 0;
+};
 
-/// The whole content of a file; empty for a folder or a file that cannot be opened.
-std::string read_file(const std::string& path);
+/// What an open file holds, from its position to its end.
+file_content read_file(const readable_file& file);
+
+/// The content of the file at a path; nothing of a folder or a file that cannot be opened.
+file_content read_file(const std::string& path);
 
 /// FOLDER/NAME. The slash is always added.
 std::string join_path(std::string_view folder, std::string_view name);

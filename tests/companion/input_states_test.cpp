@@ -15,7 +15,13 @@ namespace {
 namespace fs = std::filesystem;
 using companion::changed_file;
 using companion::file_states;
-using companion::state_of;
+using companion::open_input;
+
+companion::file_state state_at(const std::string& path) {
+  companion::file_state state;
+  open_input(path, state);
+  return state;
+}
 
 class InputStates : public testing::Test {
  protected:
@@ -27,7 +33,7 @@ class InputStates : public testing::Test {
   [[nodiscard]] file_states states() const {
     file_states all;
     for (const std::string& path : paths) {
-      all.push_back(state_of(open_to_read(path).handle));
+      all.push_back(state_at(path));
     }
     return all;
   }
@@ -77,9 +83,10 @@ TEST_F(InputStates, ShowAMissingFile) {
 
 TEST_F(InputStates, HaveAnErrorForWhatIsNoRegularFile) {
   folder.make_folder("folder");
-  EXPECT_EQ(state_of(open_to_read(folder.path("folder")).handle).error, EINVAL);
-  EXPECT_EQ(state_of(open_to_read(folder.path("missing")).handle).error, EBADF);
-  EXPECT_EQ(state_of(open_to_read(paths[0]).handle).error, 0);
+  EXPECT_EQ(state_at(folder.path("folder")).error, EISDIR);
+  EXPECT_EQ(state_at("/dev/null").error, EINVAL);
+  EXPECT_EQ(state_at(folder.path("missing")).error, ENOENT);
+  EXPECT_EQ(state_at(paths[0]).error, 0);
 }
 
 }  // namespace

@@ -58,25 +58,27 @@ TEST_F(LintHeaders, FindsAnImageThatIsTooShort) {
                   "be packed [image-too-short]\n");
 }
 
-TEST_F(LintHeaders, FindsWhatADeviceGivesAsAnImage) {
+TEST_F(LintHeaders, FindsAnImageThatIsADeviceOrAFolder) {
   folder.write("in/net.h",
                "#define net_DAG_NAME \"net\"\n"
                "#define net_image_size 5\n");
   std::filesystem::create_symlink("/dev/zero", folder.path("in/net.dvi"));
-  expect_findings(0, "");
+  expect_findings(2,
+                  "in/net.dvi:1:1: error: the file cannot be read: it is no regular file "
+                  "[unreadable-file]\n");
   std::filesystem::remove(folder.path("in/net.dvi"));
-  std::filesystem::create_symlink("/dev/null", folder.path("in/net.dvi"));
-  expect_findings(1,
-                  "in/net.h:2:24: error: the image has 0 bytes, but the header says 5: nothing can "
-                  "be packed [image-too-short]\n");
+  folder.make_folder("in/net.dvi");
+  expect_findings(2,
+                  "in/net.dvi:1:1: error: the file cannot be read: Is a directory "
+                  "[unreadable-file]\n");
 }
 
 TEST_F(LintHeaders, FindsAHeaderThatIsADevice) {
   folder.write("in/net.dvi", "image");
   std::filesystem::create_symlink("/dev/null", folder.path("in/net.h"));
-  expect_findings(1,
-                  "in/net.h:1:1: error: the file cannot be read: Invalid argument, so the DAG gets "
-                  "no name and no image [unreadable-file]\n");
+  expect_findings(2,
+                  "in/net.h:1:1: error: the file cannot be read: it is no regular file, so the DAG "
+                  "gets no name and no image [unreadable-file]\n");
 }
 
 TEST_F(LintHeaders, FindsAnImageThatIsTooLong) {

@@ -96,6 +96,7 @@ void mistake_names(mistaken_folder& folder, random_numbers& random) {
       return;
     case 3:
       folder.link = name;
+      folder.target = one_in(random, 2) ? "nowhere" : "/dev/null";
       return;
     case 4:
       folder.folder = name;

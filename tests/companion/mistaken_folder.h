@@ -12,7 +12,8 @@ using random_numbers = std::mt19937_64;
 /// What a folder is made of.
 struct mistaken_folder {
   std::map<std::string, std::string> files;  // by their names
-  std::string link{};                        // the name of a link that leads nowhere, if any
+  std::string link{};                        // the name of a link, if any,
+  std::string target{};                      // to nowhere or to a device
   std::string folder{};                      // the name of a folder, if any
 };
 

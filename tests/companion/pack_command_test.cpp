@@ -171,7 +171,7 @@ TEST_F(Pack, RefusesAMissingHeader) {
 TEST_F(Pack, RefusesAnInputThatIsNoFile) {
   fs::remove(folder.path("in/net.h"));
   folder.make_folder("in/net.h");
-  expect_refused({}, 1,
+  expect_refused({}, 2,
                  "in/net.h:1:1: error: the file cannot be read: Is a directory, so the DAG gets no "
                  "name and no image [unreadable-file]\n",
                  "morvane: in: 1 error, 0 warnings: nothing is packed\n");

@@ -7,16 +7,16 @@
 
 namespace morvane::test {
 
-silence::silence() : output_(::dup(STDOUT_FILENO)) {
+silence::silence(int stream) : stream_(stream), output_(::dup(stream)) {
   std::fflush(stdout);
   const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
-  ::dup2(nowhere, STDOUT_FILENO);
+  ::dup2(nowhere, stream_);
   ::close(nowhere);
 }
 
 silence::~silence() {
   std::fflush(stdout);
-  ::dup2(output_, STDOUT_FILENO);
+  ::dup2(output_, stream_);
   ::close(output_);
 }
 

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <filesystem>
 #include <thread>
 #include <utility>
@@ -25,7 +26,7 @@ std::span<const std::byte> bytes(std::string_view text) {
 TEST(ReadFile, GivesEveryByte) {
   const scratch_folder folder;
   folder.write("a", std::string("one\r\n\0\xFF", 7));
-  EXPECT_EQ(read_file(folder.path("a")), std::string("one\r\n\0\xFF", 7));
+  EXPECT_EQ(read_file(folder.path("a")).text, std::string("one\r\n\0\xFF", 7));
 }
 
 TEST(ReadFile, GivesAFileThatIsLargerThanAChunk) {
@@ -33,27 +34,31 @@ TEST(ReadFile, GivesAFileThatIsLargerThanAChunk) {
   std::string content(3 * 256 * 1024 + 5, 'a');
   content.back() = 'z';
   folder.write("large", content);
-  EXPECT_EQ(read_file(folder.path("large")), content);
+  EXPECT_EQ(read_file(folder.path("large")).text, content);
 }
 
 TEST(ReadFile, GivesAFileThatDoesNotTellItsSize) {
-  EXPECT_NE(read_file("/proc/self/status").find("Name:"), std::string::npos);
+  EXPECT_NE(read_file("/proc/self/status").text.find("Name:"), std::string::npos);
 }
 
-TEST(ReadFile, GivesNothingOfAMissingFile) {
+TEST(ReadFile, GivesTheReasonForAMissingFile) {
   const scratch_folder folder;
-  EXPECT_EQ(read_file(folder.path("missing")), "");
+  const file_content content = read_file(folder.path("missing"));
+  EXPECT_EQ(content.text, "");
+  EXPECT_EQ(content.error, ENOENT);
 }
 
-TEST(ReadFile, GivesNothingOfAFolder) {
+TEST(ReadFile, GivesTheReasonForAFolder) {
   const scratch_folder folder;
-  EXPECT_EQ(read_file(folder.path()), "");
+  const file_content content = read_file(folder.path());
+  EXPECT_EQ(content.text, "");
+  EXPECT_EQ(content.error, EISDIR);
 }
 
 TEST(ReadFile, DoesNotWaitForAWriterToAPipe) {
   const scratch_folder folder;
   ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
-  EXPECT_EQ(read_file(folder.path("pipe")), "");
+  EXPECT_EQ(read_file(folder.path("pipe")).text, "");
 }
 
 TEST(ReadBytes, FillsUpToTheEndOfTheFile) {
@@ -61,9 +66,9 @@ TEST(ReadBytes, FillsUpToTheEndOfTheFile) {
   folder.write("a", "12345");
   const file_handle file = open_to_read(folder.path("a")).handle;
   std::string text(8, '-');
-  EXPECT_EQ(read_bytes(file, std::as_writable_bytes(std::span(text).first(2))), 2U);
+  EXPECT_EQ(read_bytes(file, std::as_writable_bytes(std::span(text).first(2))).count, 2U);
   EXPECT_EQ(text, "12------");
-  EXPECT_EQ(read_bytes(file, std::as_writable_bytes(std::span(text))), 3U);
+  EXPECT_EQ(read_bytes(file, std::as_writable_bytes(std::span(text))).count, 3U);
   EXPECT_EQ(text, "345-----");
 }
 
@@ -148,7 +153,7 @@ TEST(WriteBytes, WaitsForAReaderInNonBlockingMode) {
   std::string part(65536, '-');
   pollfd waiting{.fd = reader.descriptor(), .events = POLLIN, .revents = 0};
   while (::poll(&waiting, 1, 10000) > 0) {
-    const std::size_t got = read_bytes(reader, std::as_writable_bytes(std::span(part)));
+    const std::size_t got = read_bytes(reader, std::as_writable_bytes(std::span(part))).count;
     if (got == 0) {
       break;
     }

@@ -186,7 +186,7 @@ TEST_F(PackageWriter, CopiesAFileIntoAPipe) {
     const file_handle pipe(ends[0]);
     std::array<std::byte, 4096> part{};
     for (std::size_t got = 1; got > 0;) {
-      got = read_bytes(pipe, part);
+      got = read_bytes(pipe, part).count;
       received.append(reinterpret_cast<const char*>(part.data()), got);
     }
   });

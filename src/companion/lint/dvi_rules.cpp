@@ -1,13 +1,10 @@
 #include "companion/lint/dvi_rules.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <limits>
-#include <vector>
 
 #include "companion/overlaps.h"
 #include "companion/printable_text.h"
-#include "io/file.h"
 
 namespace morvane::companion {
 
@@ -28,40 +25,14 @@ std::string bytes(std::uint64_t count) {
   return joined(count, count == 1 ? " byte" : " bytes");
 }
 
-/// How many bytes a device gives, but not more than are wanted.
-std::uint64_t readable_bytes(const file_handle& device, std::uint64_t wanted) {
-  std::vector<std::byte> buffer(std::min<std::uint64_t>(wanted, chunk_size));
-  std::uint64_t count = 0;
-  std::size_t got = buffer.size();
-  while (count < wanted && got == buffer.size()) {
-    got = read_bytes(device, buffer);
-    count += got;
-  }
-  return std::min(count, wanted);
-}
-
 }  // namespace
 
-image_file look_at_image(const std::string& path, std::uint32_t wanted) {
-  const readable_file file = open_to_read(path);
-  if (!file.handle.is_open()) {
-    return {.error = errno};
-  }
-  const file_state state = state_of(file.handle);
-  if (file.size >= 0) {
-    return {.size = static_cast<std::uint64_t>(file.size), .state = state};
-  }
-  // Nothing of a folder can be read, and from a pipe it would be lost.
-  const auto status = status_of(file.handle);
-  const bool is_device = status && (S_ISCHR(status->st_mode) || S_ISBLK(status->st_mode));
-  return {.size = is_device ? readable_bytes(file.handle, wanted) : 0, .state = state};
-}
-
-void judge_image(const header_reading& reading, const image_file& image,
+void judge_image(const header_reading& reading, const file_state& image,
                  header_findings& findings) {
   bool is_given = false;
   const std::size_t place = place_of_field(reading, offsetof(dvi_desc, dvi_img_size), is_given);
   const std::uint32_t size = reading.dvi.dvi_img_size;
+  const auto present = static_cast<std::uint64_t>(image.size);
   const auto add = [&](const finding_kind* kind, std::string text) {
     findings.push_back({.kind = kind, .place = place, .text = std::move(text)});
   };
@@ -72,17 +43,17 @@ void judge_image(const header_reading& reading, const image_file& image,
     add(kind_of("negative-image-size"),
         joined("an image of ", bytes(size), " is too large, at most ",
                std::numeric_limits<std::int32_t>::max(), " fit: nothing can be packed"));
-  } else if (image.size < size) {
+  } else if (present < size) {
     add(kind_of("image-too-short"),
-        joined("the image has ", bytes(image.size), ", but the header says ", size,
+        joined("the image has ", bytes(present), ", but the header says ", size,
                ": nothing can be packed"));
   } else if (!is_given) {
     add(kind_of("no-image-size"), joined("the header has no macro for the size of the image: all ",
-                                         bytes(image.size), " are left out of the package"));
-  } else if (image.size > size) {
+                                         bytes(present), " are left out of the package"));
+  } else if (present > size) {
     add(kind_of("image-too-long"),
-        joined("the image has ", bytes(image.size), ", but the header says ", size,
-               "; left out at its end: ", bytes(image.size - size)));
+        joined("the image has ", bytes(present), ", but the header says ", size,
+               "; left out at its end: ", bytes(present - size)));
   }
 }
 

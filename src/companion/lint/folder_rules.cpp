@@ -131,17 +131,14 @@ void check_pairs(const folder_check& check, const folder_reading& reading) {
 
 /// The names in a folder that no image of the package has, in order: with notes all of them,
 /// otherwise those of images.
-std::vector<std::string> other_names(const lint_scope& scope) {
+std::vector<std::string> other_names(const lint_scope& scope, const folder_names& folder) {
   std::vector<std::string> others;
-  const bool is_read = read_names(scope.folder, [&](std::string_view name) {
+  for (const char* const name : folder.names) {
     std::int32_t index = 0;
     if ((scope.notes || lower_case_type(name) == dvi_type) &&
         !is_input_file(name, dvi_type, index)) {
       others.emplace_back(name);
     }
-  });
-  if (!is_read) {
-    others.clear();
   }
   std::ranges::sort(others);
   return others;
@@ -167,12 +164,13 @@ void note_unused(const folder_check& check, const folder_reading& reading,
 
 }  // namespace
 
-folder_reading read_folder(const lint_scope& scope, const finding_sink& sink) {
+folder_reading check_names(const lint_scope& scope, const folder_names& names,
+                           const finding_sink& sink) {
   const collected_messages forgotten(false);
   const folder_check check{.scope = scope, .sink = sink};
   folder_reading reading;
-  const bool is_ordered = list_input_files(scope.folder, dvi_type, reading.dvis) != 0;
-  reading.headers = find_headers(scope.folder, reading.dvis);
+  const bool is_ordered = order_input_files(names, dvi_type, reading.dvis);
+  reading.headers = find_headers(names, reading.dvis);
   if (reading.dvis.empty()) {
     check.tell(kind_of("no-images"), {},
                joined("no file with the extension .", dvi_type, " can be packed"));
@@ -181,7 +179,7 @@ folder_reading read_folder(const lint_scope& scope, const finding_sink& sink) {
   } else {
     check_order(check, reading.dvis);
   }
-  const std::vector<std::string> others = other_names(scope);
+  const std::vector<std::string> others = other_names(scope, names);
   for (const std::string& name : others) {
     check_name(check, name);
   }

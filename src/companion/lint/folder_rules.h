@@ -21,7 +21,9 @@ struct folder_reading {
   }
 };
 
-/// Finds what the pack run finds, and tells the sink what is wrong with the names.
-folder_reading read_folder(const lint_scope& scope, const finding_sink& sink);
+/// Finds among the names of a folder what the pack run finds, and tells the sink what is wrong with
+/// them.
+folder_reading check_names(const lint_scope& scope, const folder_names& names,
+                           const finding_sink& sink);
 
 }  // namespace morvane::companion

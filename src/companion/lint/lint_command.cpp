@@ -29,9 +29,7 @@ int run_lint(const lint_options& options, console& streams) {
     return end_failed_lint(output, error);
   }
   end_lint(output, counts);
-  const bool is_clean =
-      counts.errors == 0 && (counts.warnings == 0 || !options.warnings_are_errors);
-  return is_clean ? status_fine : status_findings;
+  return status_of(counts, options.warnings_are_errors);
 }
 
 }  // namespace morvane::companion

@@ -4,13 +4,13 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <limits>
 #include <optional>
+#include <string>
+#include <unordered_map>
 
 #include "companion/lint/dvi_reading.h"
 #include "companion/lint/dvi_rules.h"
-#include "companion/lint/earlier_names.h"
 #include "companion/lint/folder_rules.h"
 #include "companion/lint/line_index.h"
 #include "companion/lint/macro_names.h"
@@ -18,66 +18,55 @@
 #include "companion/overlaps.h"
 #include "companion/port_flow.h"
 #include "companion/printable_text.h"
-#include "io/file.h"
 
 namespace morvane::companion {
 
 namespace {
 
-/// What was read so far.
+/// The last output of a name.
+struct earlier_output {
+  port_flow flow;
+  std::uint32_t dvi;
+};
+
+/// What was read so far. The maps are by name.
 struct folder_run {
   const lint_scope& scope;
   const finding_sink& sink;
   folder_reading files;
-  earlier_names dag_names{files.dvis.size()};
-  earlier_outputs outputs{files.dvis.size()};
+  std::unordered_map<std::string, std::uint32_t> dags{};  // the first DVI of each name
+  std::unordered_map<std::string, earlier_output> outputs{};
   memory_plan images{};  // with notes
   std::uint64_t package_size = sizeof(pkg_header);
 };
 
-/// In what an input differs from the last output of its name in an earlier DVI, which is read once
-/// more for that.
-std::string differences_from_output(const folder_run& run, const read_port& input,
-                                    std::uint32_t dvi) {
-  dvi_reading earlier;
-  read_once_more(run.scope, run.files, dvi, earlier);
-  std::string differing;
-  for (const read_port& port : earlier.ports) {
-    if (port.kind == object_kind::output && port.name == input.name) {
-      differing = flow_differences(input.flow, port.flow);
-    }
-  }
-  return differing;
-}
-
-/// Compares a port with the outputs of earlier DVIs, or takes it up as an output.
-void follow_port(folder_run& run, const read_port& port, dvi_reading& reading) {
-  if (port.kind == object_kind::output) {
-    const bool is_last = reading.position + 1 == run.files.dvis.size();  // no input follows
-    if (!is_last) {
-      run.outputs.add(port.name, port.flow, reading.position);
-    }
+/// Compares an input with the output of its name in an earlier DVI.
+void follow_input(const folder_run& run, const read_port& input, dvi_reading& reading) {
+  const auto output = run.outputs.find(std::string(input.name));
+  if (output == run.outputs.end()) {
     return;
   }
-  const std::optional<std::uint32_t> source = run.outputs.find_other(port.name, port.flow);
-  if (!source) {
-    return;
-  }
-  const std::string differing = differences_from_output(run, port, *source);
+  const std::string differing = flow_differences(input.flow, output->second.flow);
   if (!differing.empty()) {
     reading.findings.push_back(
         {.kind = kind_of("port-mismatch"),
-         .place = static_cast<std::size_t>(port.name.data() - reading.text.data()),
-         .text =
-             joined("input ", printable(port.name), " differs from the output of the same name in ",
-                    printable(run.files.header(*source)), ": ", differing)});
+         .place = static_cast<std::size_t>(input.name.data() - reading.header.header.data()),
+         .text = joined("input ", printable(input.name),
+                        " differs from the output of the same name in ",
+                        printable(run.files.header(output->second.dvi)), ": ", differing)});
   }
 }
 
-bool has_dag_name(const folder_run& run, std::uint32_t dvi, std::string_view name) {
-  dvi_reading earlier;
-  read_once_more(run.scope, run.files, dvi, earlier);
-  return earlier.header.dag_name == name;
+/// Compares the inputs with the outputs of earlier DVIs, then takes up the outputs.
+void follow_ports(folder_run& run, dvi_reading& reading) {
+  for (const read_port& port : reading.ports) {
+    if (port.kind == object_kind::output) {
+      run.outputs.insert_or_assign(std::string(port.name),
+                                   earlier_output{.flow = port.flow, .dvi = reading.position});
+    } else {
+      follow_input(run, port, reading);
+    }
+  }
 }
 
 void judge_repetition(folder_run& run, std::uint32_t position, const header_reading& reading,
@@ -85,13 +74,13 @@ void judge_repetition(folder_run& run, std::uint32_t position, const header_read
   if (reading.dag_name.empty()) {
     return;
   }
-  const std::optional<std::uint32_t> earlier = run.dag_names.add(reading.dag_name, position);
-  if (earlier && has_dag_name(run, *earlier, reading.dag_name)) {
+  const auto [first, is_new] = run.dags.try_emplace(std::string(reading.dag_name), position);
+  if (!is_new) {
     findings.push_back(
         {.kind = kind_of("duplicate-dag-name"),
          .place = static_cast<std::size_t>(reading.dag_name.data() - reading.header.data()),
          .text = joined("the DAG's name ", in_quotes(reading.dag_name), " is that of ",
-                        printable(run.files.header(*earlier)), " too",
+                        printable(run.files.header(first->second)), " too",
                         run.scope.vproc ? ": nothing can be packed" : ""),
          .level = run.scope.vproc ? severity::error : severity::warning});
   }
@@ -114,15 +103,14 @@ void tell_all(const folder_run& run, std::string_view path, std::string_view hea
   }
 }
 
-void tell_unreadable(const folder_run& run, const std::string& path, int error,
-                     std::string_view effect) {
+void tell_unreadable(const finding_sink& sink, std::string_view what, std::string_view path,
+                     int error, std::string_view effect = "") {
   const bool is_missing = error == ENOENT || error == ELOOP;
-  run.sink(
+  sink(
       {.kind = is_missing && effect.empty() ? kind_of("image-missing") : kind_of("unreadable-file"),
        .file = path,
        .place = whole_file,
-       // NOLINTNEXTLINE(concurrency-mt-unsafe): one thread
-       .text = joined("the file cannot be read: ", std::strerror(error), effect)});
+       .text = joined(unreadable_text(what, error), effect)});
 }
 
 /// With notes: tells whether the image shares addresses with one before it.
@@ -159,33 +147,48 @@ void add_package_size(folder_run& run, const header_reading& reading) {
 }
 
 /// Looks at a DVI together with those before it, and tells what was found.
-void judge_dvi(folder_run& run, dvi_reading& reading) {
-  if (reading.header_error != 0) {
-    tell_unreadable(run, reading.header_path, reading.header_error,
+void judge_dvi(folder_run& run, const header_file& header, const file_state& image,
+               dvi_reading& reading) {
+  if (header.state.error != 0) {
+    tell_unreadable(run.sink, "file", header.path, header.state.error,
                     ", so the DAG gets no name and no image");
   } else {
     header_findings& findings = reading.findings;
-    for (const read_port& port : reading.ports) {
-      follow_port(run, port, reading);
-    }
+    follow_ports(run, reading);
     judge_repetition(run, reading.position, reading.header, findings);
     if (!reading.header.of(object_kind::dag).is_stopped) {
-      judge_image(reading.header, reading.image, findings);
+      judge_image(reading.header, image, findings);
       judge_block(reading.header, run.scope.notes, findings);
     }
     note_overlap(run, reading.position, reading.header, findings);
-    tell_all(run, reading.header_path, reading.text, std::move(findings));
+    tell_all(run, header.path, header.text, std::move(findings));
   }
-  if (reading.image.error != 0) {
-    tell_unreadable(run, reading.image_path, reading.image.error, "");
+  if (image.error != 0) {
+    const std::string path = join_path(run.scope.folder, run.files.dvis[reading.position].name);
+    tell_unreadable(run.sink, "file", path, image.error);
   }
   add_package_size(run, reading.header);
 }
 
-void take_over(described_folder& described, dvi_reading& reading) {
-  described.dvis.push_back(std::move(reading.described));
-  described.before.push_back(reading.image.state);
-  described.before.push_back(reading.header_state);
+file_state look_at_image(const std::string& path) {
+  file_state state;
+  open_input(path, state);
+  return state;
+}
+
+/// Reads a DVI and looks at it. Adds it to the description, unless that is null.
+void lint_dvi(folder_run& run, std::uint32_t position, described_folder* described) {
+  const std::string& folder = run.scope.folder;
+  const input_entry dvi = run.files.dvis[position];
+  const header_file header = load_header(join_path(folder, run.files.header(position)));
+  const file_state image = look_at_image(join_path(folder, dvi.name));
+  dvi_reading reading = read_dvi(run.scope, header, dvi.index, position, described != nullptr);
+  judge_dvi(run, header, image, reading);
+  if (described != nullptr) {
+    described->dvis.push_back(std::move(reading.described));
+    described->before.push_back(image);
+    described->before.push_back(header.state);
+  }
 }
 
 void describe_files(described_folder& described, const std::string& folder, folder_reading files) {
@@ -203,22 +206,18 @@ int lint_folder(const lint_scope& scope, const finding_sink& sink, const dvi_pro
   if (!open_at(AT_FDCWD, scope.folder, O_RDONLY | O_DIRECTORY).is_open()) {
     return errno;
   }
-  folder_run run{.scope = scope, .sink = sink, .files = read_folder(scope, sink)};
+  const folder_names names = read_names(scope.folder);
+  if (names.error != 0) {
+    tell_unreadable(sink, "folder", scope.folder, names.error);
+    return 0;
+  }
+  folder_run run{.scope = scope, .sink = sink, .files = check_names(scope, names, sink)};
   const std::size_t count = run.files.dvis.size();
-  for (std::size_t next = 0; next < count;) {
-    std::vector<dvi_reading> readings =
-        read_dvis(scope, run.files, static_cast<std::uint32_t>(next), described != nullptr);
-    for (dvi_reading& reading : readings) {
-      progress(reading.position, count);
-      if (!has_header(run.files.headers, reading.position)) {
-        continue;
-      }
-      judge_dvi(run, reading);
-      if (described != nullptr) {
-        take_over(*described, reading);
-      }
+  for (std::uint32_t position = 0; position < count; ++position) {
+    progress(position, count);
+    if (has_header(run.files.headers, position)) {
+      lint_dvi(run, position, described);
     }
-    next += readings.size();
   }
   if (described != nullptr) {
     describe_files(*described, scope.folder, std::move(run.files));
