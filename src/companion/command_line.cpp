@@ -11,6 +11,7 @@
 #include "companion/console.h"
 #include "companion/diff_command.h"
 #include "companion/extract_command.h"
+#include "companion/guarded_arguments.h"
 #include "companion/lint/lint_command.h"
 #include "companion/pack_command.h"
 #include "companion/printable_text.h"
@@ -34,30 +35,29 @@ struct command {
   command_runner (*declare)(CLI::App& app);
 };
 
-// CLI11 takes an argument in brackets, of those that may be given several times, for a list. A NUL
-// behind it, which no argument holds, keeps it whole.
-std::string guarded(const std::string& argument) {
-  const bool is_bracketed = argument.starts_with('[') && argument.ends_with(']');
-  return is_bracketed ? argument + '\0' : argument;
+std::string mistake_in_value(const std::string& value) {
+  return value.empty() ? "the name is empty" : "";
 }
 
-std::string unguarded(const std::string& argument) {
-  return argument.substr(0, argument.find('\0'));
+/// Makes an argument or option take its value as it is. All of them are names, of files or other
+/// things, and an empty one would not differ from none.
+CLI::Option* as_text(CLI::Option* option) {
+  return option->transform(unguarded)->check(mistake_in_value)->type_name("");
 }
 
-/// An argument or option whose value is taken as it is.
 template <class Value>
 CLI::Option* add_text(CLI::App& app, const std::string& name, Value& value,
                       const std::string& description) {
-  return app.add_option(name, value, description)->transform(unguarded)->type_name("");
+  return as_text(app.add_option(name, value, description));
 }
 
 void add_format(CLI::App& app, finding_format& format) {
-  app.add_option_function<std::string>(
-         "--format", [&format](const std::string& name) { format = *finding_format_named(name); },
-         "How to write: text, json, or sarif for review tools")
+  as_text(app.add_option_function<std::string>(
+              "--format",
+              [&format](const std::string& name) { format = *finding_format_named(name); },
+              "How to write: text, json, or sarif for review tools"))
       ->check([](const std::string& name) {
-        return finding_format_named(name) ? "" : "there is no such format";
+        return finding_format_named(name) ? std::string() : "there is no format " + name;
       })
       ->type_name("FORMAT");
 }
@@ -180,33 +180,58 @@ void add_command(CLI::App& program, const command& row, console& streams, comman
   app->callback([runner, &chosen] { chosen = runner; });
 }
 
-/// What is wrong with the command line. What is unknown is named before what is missing.
-std::string usage_mistake(const CLI::App& program, const CLI::ParseError& error) {
-  const bool has_command = !program.get_subcommands().empty();
-  const std::vector<std::string> unknown = program.remaining(true);
-  if (!unknown.empty()) {
-    const std::string_view kind = unknown.front().starts_with('-') ? "option"
-                                  : has_command                    ? "argument"
-                                                                   : "command";
-    return joined("unknown ", kind, " ", printable(unguarded(unknown.front())));
-  }
-  return has_command ? printable(error.what()) : "a command is missing";
+bool is_missing(const CLI::Option& option) {
+  return option.get_required() && option.count() == 0;
 }
 
-int report_usage_error(const CLI::App& program, const CLI::ParseError& error) {
-  std::string command;
-  for (const CLI::App* const chosen : program.get_subcommands()) {
-    command = joined(" ", chosen->get_name());
+bool is_repeated(const CLI::Option& option) {
+  const int most = option.get_items_expected_max();
+  return most != 0 && option.count() > static_cast<std::size_t>(most);
+}
+
+/// What is wrong with how often an option or argument is given; empty when nothing is.
+std::string mistake_in(const CLI::Option& option) {
+  if (is_missing(option)) {
+    return option.get_name() + " is missing";
   }
-  print_message(joined(usage_mistake(program, error), "; try morvane", command, " --help"));
+  if (is_repeated(option)) {
+    return option.get_name() + " is given more than once";
+  }
+  for (const CLI::Option* const other : option.get_excludes()) {
+    if (option.count() != 0 && other->count() != 0) {
+      return joined(option.get_name(), " and ", other->get_name(), " exclude each other");
+    }
+  }
+  return {};
+}
+
+/// What is wrong with the command line that CLI11 refused. Its own words are not for users, except
+/// those that the checks of the values above gave it.
+std::string mistake_in(const CLI::App& program, const CLI::App* command, const CLI::Error& error) {
+  const std::vector<std::string> left_over = program.remaining(true);
+  if (!left_over.empty()) {
+    return joined("unknown argument ", in_quotes(unguarded(left_over.front())));
+  }
+  if (command == nullptr) {
+    return "a command is missing";
+  }
+  for (const CLI::Option* const option : command->get_options()) {
+    const std::string mistake = mistake_in(*option);
+    if (!mistake.empty()) {
+      return mistake;
+    }
+  }
+  return printable(error.what());
+}
+
+int report_mistake(const CLI::App* command, std::string_view mistake) {
+  const std::string name = command == nullptr ? "" : joined(" ", command->get_name());
+  print_message(joined(mistake, "; try morvane", name, " --help"));
   return status_failed;
 }
 
-/// What CLI11 ends parsing with: the user asked for help or the version, or made a mistake.
-int end_parsing(const CLI::App& program, const CLI::ParseError& end, console& streams) {
-  if (end.get_exit_code() != 0) {
-    return report_usage_error(program, end);
-  }
+/// What CLI11 ends parsing with when the user asked for help or the version.
+int print_help(const CLI::App& program, const CLI::ParseError& end, console& streams) {
   std::ostringstream text;
   program.exit(end, text, text);
   print_result(streams, text.str());
@@ -232,13 +257,17 @@ int run_command_line(const std::vector<std::string>& arguments) {
   for (const command& row : commands) {
     add_command(program, row, streams, chosen);
   }
-  std::vector<std::string> reversed;  // as CLI11 wants them
-  std::ranges::transform(arguments, std::back_inserter(reversed), guarded);
-  std::ranges::reverse(reversed);
+  guarded_arguments guarded = guard_arguments(program, arguments);
+  if (!guarded.mistake.empty()) {
+    return report_mistake(guarded.command, guarded.mistake);
+  }
+  std::ranges::reverse(guarded.words);  // as CLI11 wants them
   try {
-    program.parse(std::move(reversed));
+    program.parse(std::move(guarded.words));
   } catch (const CLI::ParseError& end) {
-    return end_parsing(program, end, streams);
+    return end.get_exit_code() == 0
+               ? print_help(program, end, streams)
+               : report_mistake(guarded.command, mistake_in(program, guarded.command, end));
   }
   const int status = chosen(streams);
   flush_results(streams);

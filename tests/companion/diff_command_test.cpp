@@ -152,7 +152,7 @@ TEST(DiffCommand, EndsWithTwoWhenAPackageCannotBeRead) {
   expect_outcome(run_morvane({"diff", "net.bin", "."}, folder.path()), 2, "",
                  "morvane: .: Is a directory\n");
   expect_outcome(run_morvane({"diff", "net.bin"}, folder.path()), 2, "",
-                 "morvane: NEW is required; try morvane diff --help\n");
+                 "morvane: NEW is missing; try morvane diff --help\n");
 }
 
 TEST(DiffCommand, NeedsLittleMemoryForLargePackages) {
