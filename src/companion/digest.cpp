@@ -7,6 +7,8 @@
 #include <memory>
 #include <string_view>
 
+#include "companion/printable_text.h"
+
 namespace morvane::companion {
 
 namespace {
@@ -14,13 +16,12 @@ namespace {
 constexpr std::size_t digested_at_once = std::size_t{1} << 20U;
 
 std::string hexadecimal_text(XXH128_hash_t hash) {
-  constexpr std::string_view digits = "0123456789abcdef";
   XXH128_canonical_t canonical;
   XXH128_canonicalFromHash(&canonical, hash);
   std::string text;
   for (const unsigned char byte : canonical.digest) {
-    text += digits[byte >> 4U];
-    text += digits[byte & 0xFU];
+    text += hexadecimal_digits[byte >> 4U];
+    text += hexadecimal_digits[byte & 0xFU];
   }
   return text;
 }

@@ -19,7 +19,7 @@ void close(json_writer& json, char bracket) {
 }  // namespace
 
 std::string json_string(std::string_view text) {
-  return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+  return nlohmann::json(text).dump(-1, ' ', true, nlohmann::json::error_handler_t::replace);
 }
 
 void begin_element(json_writer& json) {

@@ -19,7 +19,8 @@ struct json_writer {
   bool is_first = true;  // nothing is written yet in the innermost object or array
 };
 
-/// A text as a JSON string, between quotes. What is not UTF-8 becomes U+FFFD.
+/// A text as a JSON string in ASCII, between quotes: nothing in it does anything to a terminal.
+/// What is not UTF-8 becomes U+FFFD.
 std::string json_string(std::string_view text);
 
 /// A value that is nothing.

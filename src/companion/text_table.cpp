@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "companion/printable_text.h"
+
 namespace morvane::companion {
 
 namespace {
@@ -30,9 +32,7 @@ void append_row(std::string& text, const text_table& table, const std::vector<st
 }  // namespace
 
 std::size_t width_of(std::string_view text) {
-  // Every character has one byte that is not 10xxxxxx.
-  return static_cast<std::size_t>(std::ranges::count_if(
-      text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80; }));
+  return text.size() - static_cast<std::size_t>(std::ranges::count_if(text, is_continuation));
 }
 
 std::string str(const text_table& table, std::string_view indent) {

@@ -4,10 +4,6 @@
 
 namespace morvane::companion {
 
-std::string count_of(std::uint64_t number, std::string_view thing) {
-  return joined(number, " ", thing, number == 1 ? "" : "s");
-}
-
 std::string verdict_line(std::string_view path, std::string_view word,
                          const package_summary& summary) {
   return joined(printable(path), ": ", word, ", ", count_of(summary.dvis, "DVI"), ", ",

@@ -68,7 +68,7 @@ TEST(DiffCommand, WritesTheDifferencesAsJson) {
       "2},\n"
       "  {\"part\": \"dvi\", \"dag_name\": \"old\", \"dag_occurrence\": 1, \"change\": "
       "\"vanished\", \"old_position\": 1},\n"
-      "  {\"part\": \"dvi\", \"dag_name\": \"new\xEF\xBF\xBD\", \"dag_occurrence\": 1, "
+      "  {\"part\": \"dvi\", \"dag_name\": \"new\\ufffd\", \"dag_occurrence\": 1, "
       "\"change\": \"appeared\", \"new_position\": 0}]}\n");
 }
 

@@ -230,13 +230,14 @@ TEST(ReportCommand, WarnsThatTheNetworkForGraphvizEndsAtADamage) {
 }
 
 TEST(ReportCommand, WritesTheNetworkForGraphviz) {
-  std::string package = header(2) + bytes(sound_dvi(0, "a\"\\&\x1B")) + bytes(sound_dvi(1, "b"));
+  std::string package = header(2) + bytes(sound_dvi(0, "a\"\\&\x1B\xEF\xBF\xBE\xE2\x80\xAE")) +
+                        bytes(sound_dvi(1, "b"));
   package += bytes(sound_port("data", 0)) + bytes(sound_port("middle", 16)) + image();
   package += bytes(sound_port("middle", 20)) + bytes(sound_port("prob", 48)) + image();
   EXPECT_EQ(page_of(package, {"--dot"}),
             R"(digraph package {
   node [shape=box]
-  dvi_0 [label="DVI 0\na\"\\&amp;\\x1b"]
+  dvi_0 [label="DVI 0\na\"\\&amp;\\x1b\\ufffe\\u202e"]
   dvi_1 [label="DVI 1\nb"]
   outside_to_0_0 [label="outside", shape=plain]
   outside_to_0_0 -> dvi_0 [label="data\n0x0x0x16\nformat 0"]

@@ -116,7 +116,7 @@ TEST(ShowCommand, WritesEverythingAsJson) {
       R"("flags": 4, "reserved": [0, 0], "drotate_bit_offset": 0, "hflip_bit_offset": 0, )"
       R"("vflip_bit_offset": 0, "dflip_bit_offset": 0, "pflip_bit_offset": 0, "sign": 255, )"
       R"("datasize": 255, "expoffset": -1, "expbits": 255, "port_size": 0, )"
-      "\"port_byte_offset\": 0, \"port_name\": \"\xC3\xA4\\u001b\xEF\xBF\xBD\", "
+      "\"port_byte_offset\": 0, \"port_name\": \"\\u00e4\\u001b\\ufffd\", "
       R"("layer_name": ""}], "image": {"offset": 2328, "size": 16}, )"
       R"("vproc": {"offset": 2344, "variable_num": 1, "smb_num": 1, "vproc_records_size": 268, )"
       R"("variables": [)"

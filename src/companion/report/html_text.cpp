@@ -12,97 +12,47 @@ namespace morvane::companion {
 
 namespace {
 
+/// How a byte that means markup is spelled as text; empty for any other.
+constexpr std::string_view entity_of(char byte) {
+  switch (byte) {
+    case '&':
+      return "&amp;";
+    case '<':
+      return "&lt;";
+    case '>':
+      return "&gt;";
+    case '"':
+      return "&quot;";
+    case '\'':
+      return "&#39;";
+    default:
+      return "";
+  }
+}
+
+constexpr bool is_markup(char byte) {
+  return !entity_of(byte).empty();
+}
+
 /// Whether a byte needs no other spelling, wherever it is on the page.
 constexpr bool is_plain(char byte) {
-  return byte >= ' ' && byte <= '~' && byte != '&' && byte != '<' && byte != '>' && byte != '"' &&
-         byte != '\'';
+  return byte >= ' ' && byte <= '~' && !is_markup(byte);
 }
 
-constexpr bool is_continuation(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
-}
-
-/// Marks, embeddings and isolates: invisible, and they turn the direction of what follows.
-constexpr bool is_direction(std::uint32_t code) {
-  return code == 0x61C || code == 0x200E || code == 0x200F || (code >= 0x202A && code <= 0x202E) ||
-         (code >= 0x2066 && code <= 0x2069);
-}
-
-/// Codes that mean no character.
-constexpr bool is_noncharacter(std::uint32_t code) {
-  return (code >= 0xFDD0 && code <= 0xFDEF) || (code & 0xFFFEU) == 0xFFFE;
-}
-
-/// The code of one character of UTF-8.
-std::uint32_t code_of(std::string_view character) {
-  constexpr std::array<std::uint8_t, 5> lead_bits{0, 0x7F, 0x1F, 0x0F, 0x07};
-  std::uint32_t code = static_cast<std::uint8_t>(character[0]) & lead_bits.at(character.size());
-  for (const char byte : character.substr(1)) {
-    code = code << 6U | (static_cast<std::uint8_t>(byte) & 0x3FU);
-  }
-  return code;
-}
-
-/// The bytes of the character that a UTF-8 text begins with.
-std::size_t character_length(std::string_view text) {
-  const auto* const end = std::find_if_not(text.begin() + 1, text.end(), is_continuation);
-  return static_cast<std::size_t>(end - text.begin());
-}
-
-void append_character(std::string& page, std::string_view character) {
-  switch (character[0]) {
-    case '&':
-      page += "&amp;";
-      return;
-    case '<':
-      page += "&lt;";
-      return;
-    case '>':
-      page += "&gt;";
-      return;
-    case '"':
-      page += "&quot;";
-      return;
-    case '\'':
-      page += "&#39;";
-      return;
-    default:
-      break;
-  }
-  const std::uint32_t code = code_of(character);
-  if (is_direction(code) || is_noncharacter(code)) {
-    append_pieces(page, "\\u", std::string_view(hexadecimal(code)).substr(2));
-  } else {
-    page += character;
-  }
-}
-
-/// Appends a text that is UTF-8 without control characters.
+/// Appends a printable text.
 void append_shown(std::string& page, std::string_view text) {
   while (!text.empty()) {
-    const auto* const special = std::find_if_not(text.begin(), text.end(), is_plain);
-    const auto plain = static_cast<std::size_t>(special - text.begin());
-    page.append(text.substr(0, plain));
-    text.remove_prefix(plain);
+    const auto* const markup = std::ranges::find_if(text, is_markup);
+    page.append(text.begin(), markup);
+    text.remove_prefix(static_cast<std::size_t>(markup - text.begin()));
     if (!text.empty()) {
-      const std::size_t length = character_length(text);
-      append_character(page, text.substr(0, length));
-      text.remove_prefix(length);
+      page += entity_of(text[0]);
+      text.remove_prefix(1);
     }
   }
 }
 
 constexpr std::string_view ellipsis = "\xE2\x80\xA6";
-
-/// The bytes of the escape \x1b that a text begins with, or else of its first character.
-std::size_t unit_length(std::string_view text) {
-  constexpr std::string_view digits = "0123456789abcdef";
-  constexpr std::size_t escape_length = 4;
-  const bool is_escape = text.size() >= escape_length && text.starts_with("\\x") &&
-                         digits.find(text[2]) != std::string_view::npos &&
-                         digits.find(text[3]) != std::string_view::npos;
-  return is_escape ? escape_length : character_length(text);
-}
 
 /// A character or an escape on the page, which is shown whole or not at all.
 struct page_unit {
@@ -118,7 +68,7 @@ void append_ends(std::string& page, std::string_view text, std::size_t most_begi
                  std::size_t most_end, Function size_of) {
   std::vector<page_unit> units;
   for (std::size_t length = 0; !text.empty(); text.remove_prefix(length)) {
-    length = unit_length(text);
+    length = shown_length(text);
     const std::size_t begin = page.size();
     append_shown(page, text.substr(0, length));
     units.push_back({begin, page.size(), size_of(text.substr(0, length), page.size() - begin)});
