@@ -32,9 +32,8 @@ void note_port_overlaps(const morvane_view& view, const morvane_view_dvi& dvi,
     tell(sink, kind_of("ports-overlap"),
          dvi.block + other.owner * sizeof(morvane_port_desc) +
              offsetof(morvane_port_desc, port_byte_offset),
-         joined(str(port_name_at(dvi, other.owner)), ", ", other.end - other.begin, " bytes from ",
-                other.begin, " on, shares bytes with ", str(port_name_at(dvi, one.owner)), ", ",
-                one.end - one.begin, " bytes from ", one.begin, " on"));
+         joined(str(port_name_at(dvi, other.owner)), ", ", range_text(other),
+                ", shares bytes with ", str(port_name_at(dvi, one.owner)), ", ", range_text(one)));
   }
 }
 

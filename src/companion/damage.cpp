@@ -42,14 +42,15 @@ const refusal& refusal_of(int status) {
 
 std::string message(const refusal& row, const morvane_view_damage& damage) {
   if (damage.status == MORVANE_VIEW_BYTES_LEFT_OVER) {
-    return joined(damage.present, damage.present == 1 ? " byte is" : " bytes are",
+    return joined(count_of(damage.present, "byte"), damage.present == 1 ? " is" : " are",
                   " left over after the last record");
   }
   if (!row.parts.empty()) {
-    return joined(row.what, " is ", damage.claimed, ", but ", row.parts, " have ", damage.present,
-                  " bytes");
+    return joined(row.what, " is ", damage.claimed, ", but ", row.parts, " have ",
+                  count_of(damage.present, "byte"));
   }
-  return joined(row.what, " cut: ", damage.claimed, " bytes are needed, and ", damage.present,
+  return joined(row.what, " cut: ", count_of(damage.claimed, "byte"),
+                damage.claimed == 1 ? " is" : " are", " needed, and ", damage.present,
                 damage.present == 1 ? " is left" : " are left");
 }
 

@@ -83,13 +83,11 @@ struct change_text {
     return "bytes after the NUL of a text differ";
   }
   std::string operator()(const byte_difference& change) const {
-    std::string text = joined(change.old_size);
-    if (change.new_size != change.old_size) {
-      append_pieces(text, " -> ", change.new_size);
-    }
-    append_pieces(text, " bytes, ", change.count, change.count == 1 ? " differs" : " differ",
-                  ", the first at ", hexadecimal(change.first));
-    return text;
+    const bool is_resized = change.new_size != change.old_size;
+    return joined(is_resized ? joined(change.old_size, " -> ") : "",
+                  count_of(change.new_size, "byte"), ", ", change.count,
+                  change.count == 1 ? " differs" : " differ", ", the first at ",
+                  hexadecimal(change.first));
   }
 };
 

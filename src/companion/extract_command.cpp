@@ -19,12 +19,15 @@ namespace morvane::companion {
 
 namespace {
 
-/// EFAULT means that the package is not as long as it was.
+/// EFAULT means that the package is not as long as it was, and EEXIST that a file is in the way.
 int report_write_error(const opened_package& package, std::string_view target, int error) {
-  if (error != EFAULT) {
-    return report_file_error(target, error);
+  if (error == EFAULT) {
+    print_message(joined(printable(package.path), ": the file was cut while it was read"));
+  } else if (error == EEXIST) {
+    print_message(joined(printable(target), ": the file exists; --force replaces it"));
+  } else {
+    report_file_error(target, error);
   }
-  print_message(joined(printable(package.path), ": the file was cut while it was read"));
   return status_failed;
 }
 
@@ -66,7 +69,8 @@ int extract_to_folder(const opened_package& package, const std::vector<morvane_v
     if (error != 0) {
       status = report_write_error(package, path, error);
     } else if (!streams.quiet) {
-      print_result(streams, joined(printable(path), ": ", dvi.dvi_img_size, " bytes\n"));
+      print_result(streams,
+                   joined(printable(path), ": ", count_of(dvi.dvi_img_size, "byte"), "\n"));
     }
   }
   return status;

@@ -4,8 +4,13 @@
 #include <tuple>
 
 #include "companion/package_walk.h"
+#include "companion/printable_text.h"
 
 namespace morvane::companion {
+
+std::string range_text(const used_range& range) {
+  return joined(count_of(range.end - range.begin, "byte"), " from ", range.begin, " on");
+}
 
 used_range image_range(const morvane_view_dvi& dvi) {
   return image_range(dvi.position, dvi.dvi_img_vaddr, dvi.dvi_img_size);

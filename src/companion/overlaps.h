@@ -4,6 +4,7 @@
 #include <morvane/package_view.h>
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace morvane::companion {
@@ -23,6 +24,9 @@ constexpr used_range image_range(std::uint32_t owner, std::uint32_t address, std
 constexpr bool is_inside(std::uint64_t address, const used_range& range) {
   return address >= range.begin && address < range.end;
 }
+
+/// "64 bytes from 4096 on"
+std::string range_text(const used_range& range);
 
 /// The addresses of a DVI's image in the memory plan. The owner is the DVI.
 used_range image_range(const morvane_view_dvi& dvi);

@@ -158,20 +158,19 @@ int write_package(packing& run) {
   flush_package(writer);
   hide_progress(run.streams.progress);
   if (writer.write_error != 0) {
-    return report_file_error(run.package.path(), writer.write_error);
+    return report_file_error(run.options.package, writer.write_error);
   }
   if (!lost.empty()) {
     return report_lost_image(run, lost, writer.read_error);
   }
   const int error = run.options.sync ? sync_file(run.package.descriptor()) : 0;
-  return error == 0 ? status_fine : report_file_error(run.package.path(), error);
+  return error == 0 ? status_fine : report_file_error(run.options.package, error);
 }
 
 int verify_package(packing& run) {
-  const std::string temporary = run.package.path();
   package_bytes package;
-  if (const int error = package.load(temporary); error != 0) {
-    return report_file_error(temporary, error);
+  if (const int error = package.load(run.package.path()); error != 0) {
+    return report_file_error(run.options.package, error);
   }
   const input_comparison comparison =
       compare_with_inputs(package, run.described.inputs, run.described.dvis);
@@ -186,7 +185,8 @@ int verify_package(packing& run) {
     return status_findings;
   }
   if (!comparison.are_same) {
-    print_message(joined(printable(temporary), ": does not hold what was written to it"));
+    print_message(joined(printable(run.options.package),
+                         ": the new package does not hold what was written to it"));
     return status_failed;
   }
   check_signals(run);
@@ -199,7 +199,8 @@ int write_depfile(const packing& run) {
   }
   const std::string text = depfile_text(run.options.package, run.paths);
   if (text.empty()) {
-    print_message("a dependency file cannot hold a path with a line break");
+    print_message(joined(printable(run.options.depfile),
+                         ": a dependency file cannot hold a path with a line break"));
     return status_failed;
   }
   const int error = replace_file(run.options.depfile, text);

@@ -14,13 +14,13 @@ constexpr std::string_view dvi_indent = "  ";
 
 std::string package_line(const opened_package& package) {
   if (!has_header(package)) {
-    return joined(printable(package.path), ": ", package.view.size, " bytes\n");
+    return joined(printable(package.path), ": ", count_of(package.view.size, "byte"), "\n");
   }
   const bool is_whole = !is_damaged(package);
   const std::string_view vproc = package.view.vproc_table != 0 ? ", with vproc records"
                                  : is_whole                    ? ", without vproc records"
                                                                : "";
-  return joined(printable(package.path), ": ", package.view.size, " bytes, ",
+  return joined(printable(package.path), ": ", count_of(package.view.size, "byte"), ", ",
                 version_text(package.view.version, package.view.HASH), ", dvi_num ",
                 package.view.dvi_num, vproc, "\n");
 }
@@ -33,8 +33,8 @@ std::string dvi_lines(const opened_package& package, const morvane_view_dvi& dvi
              dvi_indent, "dvi_id ", dvi.dvi_id, ", vproc_id ", dvi.vproc_id, ", dvi_ppv ",
              dvi.dvi_ppv, "\n", dvi_indent, "image: offset ",
              hexadecimal(static_cast<std::uint64_t>(image.data() - package.view.bytes)), ", ",
-             image.size(), " bytes, address ", hexadecimal(dvi.dvi_img_vaddr), ", DAG binary at ",
-             hexadecimal(dvi.dvi_dag_vaddr), "\n");
+             count_of(image.size(), "byte"), ", address ", hexadecimal(dvi.dvi_img_vaddr),
+             ", DAG binary at ", hexadecimal(dvi.dvi_dag_vaddr), "\n");
   if (with_digests) {
     append_pieces(text, dvi_indent, "xxh3_128: ", xxh3_128(package.bytes, image), "\n");
   }

@@ -48,8 +48,7 @@ void check_dagbin(const morvane_view_dvi& dvi, const finding_sink& sink) {
     tell(sink, kind_of("dagbin-outside-image"),
          dvi.offset + offsetof(morvane_dvi_desc, dvi_dag_vaddr),
          joined(str(record_name{.dvi = dvi.position}), ": dvi_dag_vaddr is ", dvi.dvi_dag_vaddr,
-                ", outside the image, which has ", dvi.dvi_img_size, " bytes from ", image.begin,
-                " on"));
+                ", outside the image, which has ", range_text(image)));
   }
 }
 
@@ -59,10 +58,9 @@ void note_image_overlaps(std::vector<used_range> images, const finding_sink& sin
     constexpr std::size_t in_record = offsetof(morvane_dvi_desc, dvi_img_vaddr);
     tell(sink, kind_of("images-overlap"),
          sizeof(morvane_pkg_header) + other.owner * sizeof(morvane_dvi_desc) + in_record,
-         joined(str(record_name{.dvi = other.owner}), ": the image, ", other.end - other.begin,
-                " bytes from ", other.begin, " on, shares addresses with that of ",
-                str(record_name{.dvi = one.owner}), ", ", one.end - one.begin, " bytes from ",
-                one.begin, " on"));
+         joined(str(record_name{.dvi = other.owner}), ": the image, ", range_text(other),
+                ", shares addresses with that of ", str(record_name{.dvi = one.owner}), ", ",
+                range_text(one)));
   }
 }
 

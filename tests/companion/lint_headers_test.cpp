@@ -108,8 +108,8 @@ TEST_F(LintHeaders, FindsAHeaderWithoutAnImageSize) {
                "#define net_DAG_NAME \"net\"\n"
                "#define net_dagbin_start 0\n");
   expect_findings(0,
-                  "in/net.h:1:23: warning: the header has no macro for the size of the image: all "
-                  "5 bytes are left out of the package [no-image-size]\n",
+                  "in/net.h:1:23: warning: the header has no macro for the size of the image: the "
+                  "image, 5 bytes, is left out of the package [no-image-size]\n",
                   {"--ignore", "dagbin-outside-image"});
 }
 

@@ -258,13 +258,22 @@ TEST_F(Pack, WritesADependencyFile) {
             "  in/net.h\n");
 }
 
+TEST_F(Pack, NamesThePackageThatTheUserNamedWhenItCannotBeWritten) {
+  std::filesystem::resize_file(folder.path("in/net.dvi"), 5U << 20U);
+  folder.write("in/net.h", "#define net_DAG_NAME \"net\"\n#define net_image_size 5242880\n");
+  const run_result run = run_shell("ulimit -f 4096; \"$@\" pack -q in -o net.bin", folder.path());
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.diagnostics, "morvane: net.bin: File too large\n");
+}
+
 TEST_F(Pack, RefusesADependencyFileForAPathWithALineBreak) {
   folder.write("a\nb/net.dvi", "image");
   folder.write("a\nb/net.h", net_header);
   const run_result run =
       run_morvane({"pack", "a\nb", "-o", "new.bin", "--depfile", "net.d"}, folder.path());
   EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.diagnostics, "morvane: a dependency file cannot hold a path with a line break\n");
+  EXPECT_EQ(run.diagnostics,
+            "morvane: net.d: a dependency file cannot hold a path with a line break\n");
   EXPECT_FALSE(folder.exists("new.bin"));
   EXPECT_FALSE(folder.exists("net.d"));
 }

@@ -111,7 +111,8 @@ TEST_F(SafeExtract, WorksWhereAFileCannotBeRenamedToAFreeNameInOneStep) {
     EXPECT_EQ(expect_whole_outputs(), 2U);
     folder.write("out/second.dvi", "mine");
     EXPECT_EQ(run_with(fault, command, folder.path()).diagnostics,
-              "morvane: out/first.dvi: File exists\nmorvane: out/second.dvi: File exists\n");
+              "morvane: out/first.dvi: the file exists; --force replaces it\nmorvane: "
+              "out/second.dvi: the file exists; --force replaces it\n");
     EXPECT_EQ(folder.read("out/second.dvi"), "mine");
     EXPECT_EQ(folder.files("out").size(), 2U);
   }

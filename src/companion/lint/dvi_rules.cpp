@@ -21,10 +21,6 @@ std::size_t place_of_field(const header_reading& reading, std::size_t field, boo
                   : static_cast<std::size_t>(reading.dag_name.data() - reading.header.data());
 }
 
-std::string bytes(std::uint64_t count) {
-  return joined(count, count == 1 ? " byte" : " bytes");
-}
-
 }  // namespace
 
 void judge_image(const header_reading& reading, const file_state& image,
@@ -41,19 +37,20 @@ void judge_image(const header_reading& reading, const file_state& image,
   }
   if (size > std::uint32_t{std::numeric_limits<std::int32_t>::max()}) {
     add(kind_of("negative-image-size"),
-        joined("an image of ", bytes(size), " is too large, at most ",
+        joined("an image of ", count_of(size, "byte"), " is too large, at most ",
                std::numeric_limits<std::int32_t>::max(), " fit: nothing can be packed"));
   } else if (present < size) {
     add(kind_of("image-too-short"),
-        joined("the image has ", bytes(present), ", but the header says ", size,
+        joined("the image has ", count_of(present, "byte"), ", but the header says ", size,
                ": nothing can be packed"));
   } else if (!is_given) {
-    add(kind_of("no-image-size"), joined("the header has no macro for the size of the image: all ",
-                                         bytes(present), " are left out of the package"));
+    add(kind_of("no-image-size"),
+        joined("the header has no macro for the size of the image: the image, ",
+               count_of(present, "byte"), ", is left out of the package"));
   } else if (present > size) {
     add(kind_of("image-too-long"),
-        joined("the image has ", bytes(present), ", but the header says ", size,
-               "; left out at its end: ", bytes(present - size)));
+        joined("the image has ", count_of(present, "byte"), ", but the header says ", size,
+               "; left out at its end: ", count_of(present - size, "byte")));
   }
 }
 
@@ -70,15 +67,14 @@ void judge_block(const header_reading& reading, bool with_notes, header_findings
     findings.push_back({.kind = kind_of("dagbin-outside-image"),
                         .place = place,
                         .text = joined("the DAG binary is at ", dvi.dvi_dag_vaddr,
-                                       ", outside the image, which has ", bytes(dvi.dvi_img_size),
-                                       " from ", dvi.dvi_img_vaddr, " on")});
+                                       ", outside the image, which has ", range_text(image))});
   }
   const std::uint64_t ports = std::uint64_t{dvi.input_num} + dvi.output_num;
   const std::uint64_t whole = dvi.dvi_img_size + ports * sizeof(port_desc);
   if (whole > std::numeric_limits<std::uint32_t>::max()) {
     findings.push_back({.kind = kind_of("size-overflow"),
                         .place = name_place,
-                        .text = joined("the image and the ports have ", bytes(whole),
+                        .text = joined("the image and the ports have ", count_of(whole, "byte"),
                                        ": dvi_pkg_size becomes ", dvi.dvi_pkg_size)});
   }
   if (with_notes && ports == 0) {

@@ -120,14 +120,14 @@ void note_overlap(folder_run& run, std::uint32_t position, const header_reading&
     return;
   }
   const dvi_desc& dvi = reading.dvi;
-  const auto partner = run.images.add(image_range(position, dvi.dvi_img_vaddr, dvi.dvi_img_size));
+  const used_range image = image_range(position, dvi.dvi_img_vaddr, dvi.dvi_img_size);
+  const auto partner = run.images.add(image);
   if (partner) {
     findings.push_back(
         {.kind = kind_of("images-overlap"),
          .place = static_cast<std::size_t>(reading.dag_name.data() - reading.header.data()),
-         .text =
-             joined("the image, ", dvi.dvi_img_size, " bytes from ", dvi.dvi_img_vaddr,
-                    " on, shares addresses with that of ", printable(run.files.header(*partner)))});
+         .text = joined("the image, ", range_text(image), ", shares addresses with that of ",
+                        printable(run.files.header(*partner)))});
   }
 }
 

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "companion/package_walk.h"
+#include "companion/printable_text.h"
 #include "companion/report/network_rows.h"
 #include "companion/report/page_parts.h"
 #include "companion/report/wiring.h"
@@ -139,8 +140,9 @@ void write_dvi_rows(const page_content& content, page_output& out) {
   const wiring plan = lay_wires(wires_of(content.flow, dvis), dvis);
   const auto hidden = std::ranges::count(plan.wires, wire::no_track, &wire::track);
   if (hidden != 0) {
-    write(out, "<p class=\"dim\">There is no room for the wires of ", hidden,
-          hidden == 1 ? " DVI" : " DVIs", "; the text beside the rows tells all.</p>\n");
+    write(out, "<p class=\"dim\">There is no room for the wires of ",
+          count_of(static_cast<std::uint64_t>(hidden), "DVI"),
+          "; the text beside the rows tells all.</p>\n");
   }
   write(out,
         "<div class=\"long\" role=\"region\" tabindex=\"0\" aria-label=\"Network by DVI\">\n"

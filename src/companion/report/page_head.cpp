@@ -4,6 +4,7 @@
 #include <span>
 
 #include "companion/package_walk.h"
+#include "companion/printable_text.h"
 #include "companion/report/file_name.h"
 #include "companion/report/page_parts.h"
 #include "format/build_constants.h"
@@ -53,7 +54,8 @@ void write_short_answers(const page_content& content, page_output& out) {
     write(out,
           "<p class=\"bad\">The package is damaged. This page shows what comes before the "
           "damage: ",
-          content.package.view.sound_dvis, " of ", content.package.view.dvi_num, " DVIs.</p>\n");
+          content.package.view.sound_dvis, " of ", count_of(content.package.view.dvi_num, "DVI"),
+          ".</p>\n");
   }
   if (biggest.dvi_img_size != 0) {
     write(out, "<p>The biggest image is that of <b>", dvi_link{biggest.position}, "</b> ",
