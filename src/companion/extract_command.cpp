@@ -38,12 +38,12 @@ int write_file(const opened_package& package, const morvane_view_dvi& dvi,
                progress_line& progress) {
   const held_signals signals;
   emerging_file file(folder);
-  int error = file.create(name);
+  int error = file.create();
   if (error == 0) {
     error =
         write_image(package, image_of(package.view, dvi), file.descriptor(), &signals, progress);
   }
-  return error == 0 ? file.put_in_place(options.force) : error;
+  return error == 0 ? file.put_in_place(name, options.force) : error;
 }
 
 int extract_to_folder(const opened_package& package, const std::vector<morvane_view_dvi>& selected,

@@ -1,15 +1,15 @@
 #include "companion/held_signals.h"
 
-#include <algorithm>
 #include <array>
 
 namespace morvane::companion {
 
 namespace {
 
-// What terminals, users, timers and job systems send.
-constexpr std::array ending_signals{SIGHUP,  SIGINT,  SIGQUIT, SIGTERM,   SIGALRM,
-                                    SIGUSR1, SIGUSR2, SIGXCPU, SIGVTALRM, SIGPROF};
+/// Those of a program's own faults, and those that end no program.
+constexpr std::array other_signals{SIGABRT, SIGBUS,  SIGFPE,  SIGILL,  SIGSEGV,
+                                   SIGSYS,  SIGTRAP, SIGCHLD, SIGCONT, SIGSTOP,
+                                   SIGTSTP, SIGTTIN, SIGTTOU, SIGURG,  SIGWINCH};
 
 /// One that is ignored, as nohup does, ends nothing, but would wait all the same.
 bool is_ignored(int signal) {
@@ -21,11 +21,9 @@ bool is_ignored(int signal) {
 }  // namespace
 
 held_signals::held_signals() {
-  ::sigemptyset(&held_);
-  for (const int signal : ending_signals) {
-    if (!is_ignored(signal)) {
-      ::sigaddset(&held_, signal);
-    }
+  ::sigfillset(&held_);
+  for (const int signal : other_signals) {
+    ::sigdelset(&held_, signal);
   }
   ::sigprocmask(SIG_BLOCK, &held_, &before_);
 }
@@ -37,10 +35,13 @@ held_signals::~held_signals() {
 bool held_signals::is_waiting() const {
   sigset_t waiting{};
   ::sigpending(&waiting);
-  return std::ranges::any_of(ending_signals, [&](int signal) {
+  for (int signal = 1; signal <= SIGRTMAX; ++signal) {
     const bool is_held = ::sigismember(&held_, signal) == 1 && ::sigismember(&before_, signal) == 0;
-    return is_held && ::sigismember(&waiting, signal) == 1;
-  });
+    if (is_held && ::sigismember(&waiting, signal) == 1 && !is_ignored(signal)) {
+      return true;
+    }
+  }
+  return false;
 }
 
 }  // namespace morvane::companion

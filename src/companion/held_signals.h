@@ -5,9 +5,10 @@
 
 namespace morvane::companion {
 
-/// Holds back SIGHUP, SIGINT, SIGQUIT, SIGTERM, and the signals of timers and job systems: SIGALRM,
-/// SIGUSR1, SIGUSR2, SIGXCPU, SIGVTALRM and SIGPROF. One that came in the meantime ends the program
-/// at the end of the scope: what is declared after this object is cleaned up before.
+/// Holds back every signal that ends a program and that others send: users, terminals, timers, job
+/// systems. One that came in the meantime ends the program at the end of the scope: what is
+/// declared after this object is cleaned up before. The signals of a program's own faults, such as
+/// SIGSEGV, cannot be held back.
 class held_signals {
  public:
   held_signals();

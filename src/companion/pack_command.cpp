@@ -5,10 +5,12 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <filesystem>
+#include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
+#include "companion/checked_write.h"
 #include "companion/depfile.h"
 #include "companion/described_package.h"
 #include "companion/finding_output.h"
@@ -16,9 +18,9 @@
 #include "companion/input_states.h"
 #include "companion/lint/lint_folder.h"
 #include "companion/lint/lint_output.h"
+#include "companion/pack_outputs.h"
 #include "companion/pack_verification.h"
 #include "companion/printable_text.h"
-#include "companion/replacement_file.h"
 #include "companion/verdict.h"
 #include "driver/pack_sections.h"
 
@@ -35,15 +37,15 @@ struct packing {
 
   const pack_options& options;
   console& streams;
-  held_signals signals{};            // until the temporary file is gone
-  described_folder described{};      // what the linter read
-  std::vector<std::string> paths{};  // of the inputs
-  replacement_file package{};
+  std::optional<held_signals> signals{};  // from the first file that is made on
+  described_folder described{};           // what the linter read
+  std::vector<std::string> paths{};       // of the inputs
+  pack_outputs outputs{};
   package_summary summary{};
 };
 
 void check_signals(const packing& run) {
-  if (run.signals.is_waiting()) {
+  if (run.signals->is_waiting()) {
     throw interruption();
   }
 }
@@ -85,8 +87,7 @@ int lint_inputs(packing& run) {
   };
   const lint_scope scope{.folder = run.options.folder, .vproc = run.options.vproc};
   const int error = lint_folder(
-      scope, take, [&](std::size_t /*done*/, std::size_t /*all*/) { check_signals(run); },
-      &run.described);
+      scope, take, [](std::size_t /*done*/, std::size_t /*all*/) {}, &run.described);
   if (error != 0) {
     return report_file_error(run.options.folder, error);
   }
@@ -97,40 +98,21 @@ int lint_inputs(packing& run) {
   return status_fine;
 }
 
-/// Whether a path leads to one of the inputs, under whatever name.
-bool is_packed_file(const packing& run, const std::string& path) {
-  const auto existing = identity_at(path);
-  const file_states& inputs = run.described.before;
-  return existing && std::ranges::find(inputs, *existing, &file_state::identity) != inputs.end();
-}
-
-/// Whether two paths name the same file, which may not exist yet.
-bool is_same_file(const std::string& one, const std::string& other) {
-  namespace fs = std::filesystem;
-  const auto existing = identity_at(one);
-  return fs::path(one).lexically_normal() == fs::path(other).lexically_normal() ||
-         (existing && existing == identity_at(other));
-}
-
-/// No output may take the place of an input or of the other output.
 int check_outputs(packing& run) {
-  for (const std::string& path : {run.options.package, run.options.depfile}) {
-    if (is_packed_file(run, path)) {
-      print_message(joined(printable(path), ": is one of the files to pack"));
-      return status_failed;
-    }
-  }
-  if (is_same_file(run.options.package, run.options.depfile)) {
-    print_message(
-        joined(printable(run.options.depfile), ": the dependency file cannot be the package"));
-    return status_failed;
-  }
-  return status_fine;
+  return find_outputs(run.options.package, run.options.depfile, run.described, run.outputs);
 }
 
 int create_package(packing& run) {
-  const int error = run.package.create(run.options.package);
-  return error == 0 ? status_fine : report_file_error(run.options.package, error);
+  const std::string& path = run.options.package;
+  run.signals.emplace();
+  if (run.options.sync) {
+    if (const int error = run.outputs.package.prepare_sync(); error != 0) {
+      return report_file_error(
+          joined(path, ": its folder cannot be read, which only --no-sync does without"), error);
+    }
+  }
+  const int error = run.outputs.package.create();
+  return error == 0 ? status_fine : report_creation_error(path, error);
 }
 
 /// Is told how much of the package is written.
@@ -150,7 +132,7 @@ std::uint64_t expected_size(const packing& run) {
 }
 
 int write_package(packing& run) {
-  package_writer writer{.file = file_handle(::dup(run.package.descriptor())),
+  package_writer writer{.file = file_handle(::dup(run.outputs.package.descriptor())),
                         .watch = {.tell = see_progress, .state = &run}};
   run.streams.progress = begin_progress(run.options.package, expected_size(run), run.streams.quiet);
   const std::string lost =
@@ -163,17 +145,20 @@ int write_package(packing& run) {
   if (!lost.empty()) {
     return report_lost_image(run, lost, writer.read_error);
   }
-  const int error = run.options.sync ? sync_file(run.package.descriptor()) : 0;
+  const int error = run.outputs.package.complete(run.options.sync);
   return error == 0 ? status_fine : report_file_error(run.options.package, error);
 }
 
 int verify_package(packing& run) {
   package_bytes package;
-  if (const int error = package.load(run.package.path()); error != 0) {
+  // Through the open file: it has no name, and may keep permissions that do not let it be opened.
+  const int error = package.load(file_handle(::dup(run.outputs.package.descriptor())));
+  if (error != 0) {
     return report_file_error(run.options.package, error);
   }
   const input_comparison comparison =
-      compare_with_inputs(package, run.described.inputs, run.described.dvis);
+      compare_with_inputs(package, run.described.inputs, run.described.dvis,
+                          [&](std::uint64_t /*done*/) { check_signals(run); });
   if (comparison.error != 0) {
     return report_lost_image(run, comparison.path, comparison.error);
   }
@@ -186,15 +171,16 @@ int verify_package(packing& run) {
   }
   if (!comparison.are_same) {
     print_message(joined(printable(run.options.package),
-                         ": the new package does not hold what was written to it"));
+                         ": the new file does not hold what was written to it: nothing is packed"));
     return status_failed;
   }
   check_signals(run);
   return status_fine;
 }
 
-int write_depfile(const packing& run) {
-  if (run.options.depfile.empty()) {
+int write_depfile(packing& run) {
+  const std::string& path = run.options.depfile;
+  if (path.empty()) {
     return status_fine;
   }
   const std::string text = depfile_text(run.options.package, run.paths);
@@ -203,18 +189,29 @@ int write_depfile(const packing& run) {
                          ": a dependency file cannot hold a path with a line break"));
     return status_failed;
   }
-  const int error = replace_file(run.options.depfile, text);
-  return error == 0 ? status_fine : report_file_error(run.options.depfile, error);
+  replacement_file& file = run.outputs.depfile;
+  if (const int error = file.create(); error != 0) {
+    return report_creation_error(path, error);
+  }
+  const int error = write_checked(file.descriptor(), std::as_bytes(std::span(text)));
+  return error == 0 ? finish_file(file, path, run.streams) : report_file_error(path, error);
 }
 
+/// Replaces the package. From then on, a signal waits until the user was told so.
 int put_in_place(packing& run) {
-  const int error = run.package.put_in_place(run.options.sync);
-  if (error != 0) {
-    return report_file_error(run.options.package, error);
+  const std::string& path = run.options.package;
+  if (const int error = run.outputs.package.put_in_place(); error != 0) {
+    return report_file_error(path, error);
+  }
+  warn_of_loss(run.outputs.package, path, run.streams);
+  if (const int error = run.options.sync ? run.outputs.package.sync_folder() : 0; error != 0) {
+    return report_file_error(joined(path, ": is in place, but may not survive a power failure"),
+                             error);
   }
   if (!run.streams.quiet) {
-    print_result(run.streams, verdict_line(run.options.package, "packed", run.summary));
+    print_result(run.streams, verdict_line(path, "packed", run.summary));
   }
+  flush_results(run.streams);
   return status_fine;
 }
 

@@ -16,9 +16,9 @@ struct pack_options {
   bool sync = true;  // wait until the package is on the disk
 };
 
-/// Lints the folder. Without errors, packs it into a temporary file, checks that, and only then
-/// renames it to the package's path. Returns the exit status. Unless that is status_fine, the
-/// package is as it was before.
+/// Lints the folder. Without errors, packs it into a new file, checks that, and only then gives it
+/// the package's path. Returns the exit status. Unless that is status_fine, the package is as it
+/// was before; or a message says that the new one is in place, but not safely on the disk.
 int run_pack(const pack_options& options, console& streams);
 
 }  // namespace morvane::companion

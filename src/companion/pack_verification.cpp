@@ -19,6 +19,7 @@ namespace {
 /// A comparison on its way over the DVIs. The buffer is used for one image after the other.
 struct comparing {
   const package_bytes& package;
+  const progress_sink& progress;
   morvane_view view{};
   std::vector<std::byte> buffer = std::vector<std::byte>(chunk_size);
 };
@@ -43,6 +44,7 @@ input_comparison compare_image(comparing& run, const morvane_view_dvi& dvi,
     are_same =
         read.count == bytes.size() && std::memcmp(bytes.data(), written.data(), bytes.size()) == 0;
     run.package.release(written);
+    run.progress(dvi.block + static_cast<std::uint64_t>(offset));
     image = image.subspan(written.size());
     offset += static_cast<off_t>(written.size());
   }
@@ -79,6 +81,7 @@ input_comparison compare_dvis(comparing& run, const pack_inputs& inputs,
   morvane_view_dvi dvi{};
   int walk = morvane_view_first(&run.view, &dvi);
   for (std::size_t i = 0; result.are_same && walk == MORVANE_VIEW_OK; ++i) {
+    run.progress(dvi.block);
     result.are_same = holds_records(run.view, dvi, described[i]);
     if (result.are_same) {
       result = compare_image(run, dvi, join_path(inputs.folder, inputs.dvis[i].name));
@@ -95,8 +98,9 @@ input_comparison compare_dvis(comparing& run, const pack_inputs& inputs,
 }  // namespace
 
 input_comparison compare_with_inputs(const package_bytes& package, const pack_inputs& inputs,
-                                     const described_dvis& described) {
-  comparing run{.package = package};
+                                     const described_dvis& described,
+                                     const progress_sink& progress) {
+  comparing run{.package = package, .progress = progress};
   const auto bytes = package.bytes();
   const int opened = morvane_view_open(&run.view, bytes.data(), bytes.size(), nullptr);
   if (opened != MORVANE_VIEW_OK || !has_header_of(run.view, inputs) ||

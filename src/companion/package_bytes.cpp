@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "companion/console.h"
+#include "companion/emerging_file.h"
 #include "io/file.h"
 
 namespace morvane::companion {
@@ -46,6 +47,7 @@ int read_to_end(const file_handle& file, std::vector<std::uint8_t>& bytes) {
 extern "C" void end_at_cut_file(int /*signal*/) {
   constexpr std::string_view text = "morvane: a file was cut while it was read\n";
   static_cast<void>(::write(STDERR_FILENO, text.data(), text.size()) < 0);
+  remove_temporary_files();
   ::_exit(status_failed);
 }
 
@@ -107,11 +109,16 @@ bool package_bytes::are_cut() const {
 }
 
 int package_bytes::load(const std::string& path) {
-  file_handle file = open_and_wait(path);
+  return load(open_and_wait(path));
+}
+
+int package_bytes::load(file_handle file) {
   struct stat status {};
   if (!file.is_open() || ::fstat(file.descriptor(), &status) != 0) {
     return errno;
   }
+  // What cannot be mapped is read, and a pipe has no beginning to go to.
+  ::lseek(file.descriptor(), 0, SEEK_SET);
   package_bytes loaded;
   const auto size = static_cast<std::size_t>(status.st_size);
   void* const mapped = S_ISREG(status.st_mode) && size > 0

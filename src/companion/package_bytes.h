@@ -50,6 +50,10 @@ class package_bytes {
   /// failure; the bytes are then as they were.
   int load(const std::string& path);
 
+  /// Reads an open file in the same way, a regular one from its beginning. A handle that is closed
+  /// failed to open just now.
+  int load(file_handle file);
+
  private:
   void swap(package_bytes& other) noexcept;
 
@@ -61,7 +65,7 @@ class package_bytes {
 };
 
 /// From here on, a mapped file that is cut by somebody else ends the program with status_failed and
-/// a message.
+/// a message, and without its temporary files.
 void end_at_shrinking_files();
 
 }  // namespace morvane::companion

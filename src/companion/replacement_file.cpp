@@ -1,12 +1,12 @@
 #include "companion/replacement_file.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <filesystem>
-#include <span>
+
+#include "companion/printable_text.h"
 
 namespace morvane::companion {
 
@@ -23,8 +23,8 @@ std::filesystem::path target_of(const std::string& path) {
   return target;
 }
 
-/// Sets the permissions of a regular file, nothing for a missing one. Returns 0 or an errno.
-int permissions_at(const std::string& path, std::optional<mode_t>& permissions) {
+/// Looks at a regular file; nothing for a missing one. Returns 0 or an errno.
+int look_at(const std::filesystem::path& path, std::optional<struct stat>& older) {
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0) {
     return errno == ENOENT ? 0 : errno;
@@ -32,55 +32,113 @@ int permissions_at(const std::string& path, std::optional<mode_t>& permissions) 
   if (!S_ISREG(status.st_mode)) {
     return S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
   }
-  constexpr mode_t all_permissions = 07777;
-  permissions = status.st_mode & all_permissions;
+  older = status;
   return 0;
+}
+
+/// Only a privileged program may give a file away; others may choose among their groups.
+void keep_owner(int file, const struct stat& older) {
+  constexpr auto same_owner = static_cast<uid_t>(-1);
+  static_cast<void>(::fchown(file, older.st_uid, older.st_gid) == 0 ||
+                    ::fchown(file, same_owner, older.st_gid) == 0);
 }
 
 }  // namespace
 
-int replacement_file::create(const std::string& path) {
+int replacement_file::find(const std::string& path) {
   const std::filesystem::path target = target_of(path);
-  std::optional<mode_t> permissions;
-  if (const int error = permissions_at(target.string(), permissions); error != 0) {
+  if (const int error = look_at(target, older_); error != 0) {
     return error;
   }
-  folder_path_ = target.has_parent_path() ? target.parent_path().string() : ".";
-  folder_ = open_folder(folder_path_);
-  if (!folder_.is_open()) {
-    return errno;
-  }
+  name_ = target.filename().string();
+  folder_ = open_folder(target.has_parent_path() ? target.parent_path().string() : ".");
+  return folder_.is_open() ? 0 : errno;
+}
+
+std::optional<file_identity> replacement_file::folder() const {
+  const auto status = status_of(folder_);
+  return status ? std::optional(identity_in(*status)) : std::nullopt;
+}
+
+int replacement_file::prepare_sync() {
+  synchronised_ = open_at(folder_.descriptor(), ".", O_RDONLY | O_DIRECTORY);
+  return synchronised_.is_open() ? 0 : errno;
+}
+
+int replacement_file::create() {
+  constexpr mode_t only_mine = 0600;
   file_.emplace(folder_);
-  if (const int error = file_->create(target.filename().string()); error != 0) {
-    return error;
+  const int error = file_->create();
+  if (error == 0 && older_) {
+    // Where this fails, the system has no permissions to keep.
+    static_cast<void>(::fchmod(descriptor(), only_mine));
   }
-  return permissions && ::fchmod(descriptor(), *permissions) != 0 ? errno : 0;
+  return error;
 }
 
-std::string replacement_file::path() const {
-  return join_path(folder_path_, file_->temporary_name());
+int replacement_file::complete(bool sync) {
+  // Whatever the older file was trusted to do, nobody trusted this content. On a file the sticky
+  // bit means nothing.
+  constexpr mode_t kept_permissions = 0777;
+  const int file = descriptor();
+  if (older_) {
+    keep_owner(file, *older_);
+    struct stat status {};
+    if (::fchmod(file, older_->st_mode & kept_permissions) != 0 || ::fstat(file, &status) != 0) {
+      return errno;
+    }
+    newer_ = status;
+  }
+  return sync ? sync_file(file) : 0;
 }
 
-int replacement_file::put_in_place(bool sync) {
-  if (const int error = file_->put_in_place(true); error != 0 || !sync) {
-    return error;
+std::string_view replacement_file::lost() const {
+  const bool has_other_owner = newer_ && newer_->st_uid != older_->st_uid;
+  const bool has_other_group = newer_ && newer_->st_gid != older_->st_gid;
+  if (has_other_owner) {
+    return has_other_group ? "owner and group" : "owner";
   }
-  const file_handle folder = open_at(AT_FDCWD, folder_path_, O_RDONLY | O_DIRECTORY);
-  return folder.is_open() ? sync_file(folder.descriptor()) : errno;
+  return has_other_group ? "group" : "";
 }
 
-int replace_file(const std::string& path, std::string_view content) {
-  replacement_file file;
-  if (const int error = file.create(path); error != 0) {
-    return error;
+int replacement_file::put_in_place() {
+  return file_->put_in_place(name_, true);
+}
+
+int replacement_file::sync_folder() const {
+  return sync_file(synchronised_.descriptor());
+}
+
+int report_creation_error(std::string_view path, int error) {
+  return report_file_error(joined(path, ": no file can be created in its folder"), error);
+}
+
+void warn_of_loss(const replacement_file& file, std::string_view path, const console& streams) {
+  if (!file.lost().empty() && !streams.quiet) {
+    print_message(
+        joined(printable(path), ": does not keep the ", file.lost(), " of the older file"));
   }
-  const auto bytes = std::as_bytes(std::span(content));
-  return write_bytes(file.descriptor(), bytes) < bytes.size() ? errno : file.put_in_place(false);
+}
+
+int finish_file(replacement_file& file, std::string_view path, const console& streams) {
+  int error = file.complete(false);
+  if (error == 0) {
+    error = file.put_in_place();
+  }
+  if (error != 0) {
+    return report_file_error(path, error);
+  }
+  warn_of_loss(file, path, streams);
+  return status_fine;
 }
 
 int sync_file(int descriptor) {
-  // EINVAL: the file system has nothing to synchronise.
-  return ::fsync(descriptor) == 0 || errno == EINVAL ? 0 : errno;
+  while (::fsync(descriptor) != 0) {
+    if (errno != EINTR) {
+      return errno == EINVAL ? 0 : errno;  // EINVAL: the file system has nothing to synchronise
+    }
+  }
+  return 0;
 }
 
 }  // namespace morvane::companion

@@ -64,13 +64,15 @@ int write_file(const report_options& options, const report_inputs& inputs, conso
   }
   const held_signals signals;
   replacement_file file;
-  if (const int error = file.create(options.output); error != 0) {
+  if (const int error = file.find(options.output); error != 0) {
     return report_file_error(options.output, error);
+  }
+  if (const int error = file.create(); error != 0) {
+    return report_creation_error(options.output, error);
   }
   page_output out{streams, file.descriptor(), printable(options.output), &signals};
   write_report(options, inputs, out);
-  const int error = file.put_in_place(false);
-  return error == 0 ? status_fine : report_file_error(options.output, error);
+  return finish_file(file, options.output, streams);
 }
 
 }  // namespace

@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <csignal>
 #include <map>
+#include <memory>
+#include <vector>
 
 #include "companion/held_signals.h"
 #include "harness/scratch_folder.h"
@@ -17,6 +19,7 @@ namespace {
 
 using companion::emerging_file;
 using companion::held_signals;
+using companion::temporary_name;
 using file_contents = std::map<std::string, std::string>;
 
 /// How a process ends that runs a function: the signal that ended it, or its status.
@@ -32,24 +35,28 @@ int ending_of(Function function) {
   return WIFSIGNALED(status) ? WTERMSIG(status) : WEXITSTATUS(status);
 }
 
+// What others send, and what ends a program that does not handle it.
+const std::vector<int> ending_signals = {
+    SIGHUP,  SIGINT,    SIGQUIT,   SIGTERM, SIGALRM, SIGUSR1,  SIGUSR2,      SIGIO,   SIGXCPU,
+    SIGPROF, SIGVTALRM, SIGSTKFLT, SIGPWR,  SIGPIPE, SIGRTMIN, SIGRTMIN + 7, SIGRTMAX};
+
 TEST(EmergingFile, HasItsNameOnlyWhenItIsPutInPlace) {
   const scratch_folder folder;
   const file_handle handle = open_folder(folder.path());
   emerging_file file(handle);
-  EXPECT_EQ(file.create("net.dvi"), 0);
+  EXPECT_EQ(file.create(), 0);
   EXPECT_EQ(::write(file.descriptor(), "AAAA", 4), 4);
   EXPECT_FALSE(folder.exists("net.dvi"));
-  EXPECT_EQ(file.put_in_place(false), 0);
+  EXPECT_EQ(file.put_in_place("net.dvi", false), 0);
   EXPECT_EQ(folder.files(), (file_contents{{"net.dvi", "AAAA"}}));
 }
 
-TEST(EmergingFile, IsRemovedWhenItIsNotPutInPlace) {
+TEST(EmergingFile, IsGoneWhenItIsNotPutInPlace) {
   const scratch_folder folder;
   const file_handle handle = open_folder(folder.path());
   {
     emerging_file file(handle);
-    EXPECT_EQ(file.create("net.dvi"), 0);
-    EXPECT_EQ(folder.files().size(), 1U);
+    EXPECT_EQ(file.create(), 0);
   }
   EXPECT_EQ(folder.files(), file_contents{});
 }
@@ -60,44 +67,47 @@ TEST(EmergingFile, ReplacesAFileOnlyOnRequest) {
   const file_handle handle = open_folder(folder.path());
   {
     emerging_file file(handle);
-    EXPECT_EQ(file.create("net.dvi"), 0);
-    EXPECT_EQ(file.put_in_place(false), EEXIST);
+    EXPECT_EQ(file.create(), 0);
+    EXPECT_EQ(file.put_in_place("net.dvi", false), EEXIST);
     EXPECT_EQ(folder.read("net.dvi"), "mine");
-    EXPECT_EQ(file.put_in_place(true), 0);
+    EXPECT_EQ(file.put_in_place("net.dvi", true), 0);
   }
   EXPECT_EQ(folder.files(), (file_contents{{"net.dvi", ""}}));
 }
 
-TEST(EmergingFile, TakesAnotherNameWhenAFileWasLeftBehind) {
+TEST(TemporaryName, IsAlwaysAnotherOne) {
   const scratch_folder folder;
   const file_handle handle = open_folder(folder.path());
-  emerging_file left_behind(handle);
-  emerging_file file(handle);
-  EXPECT_EQ(left_behind.create("net.dvi"), 0);
-  EXPECT_EQ(file.create("net.dvi"), 0);
-  EXPECT_EQ(folder.files().size(), 2U);
+  const temporary_name one(handle.descriptor());
+  const temporary_name other(handle.descriptor());
+  EXPECT_EQ(std::string(one.text()).size(), 23U);
+  EXPECT_TRUE(std::string(one.text()).starts_with(".morvane-"));
+  EXPECT_STRNE(one.text(), other.text());
 }
 
-TEST(EmergingFile, IsNotMadeBesideAHundredFilesLeftBehind) {
+TEST(TemporaryName, IsRemovedAtOnceFromEveryFileThatHasOne) {
   const scratch_folder folder;
-  for (int i = 0; i < 100; ++i) {
-    folder.write(".net.dvi.tmp" + std::to_string(::getpid()) + "." + std::to_string(i), "");
+  const file_handle handle = open_folder(folder.path());
+  auto first = std::make_unique<temporary_name>(handle.descriptor());
+  const temporary_name second(handle.descriptor());
+  const temporary_name third(handle.descriptor());
+  const std::string gone = first->text();
+  first.reset();
+  for (const std::string& name : {gone, std::string(second.text()), std::string(third.text())}) {
+    folder.write(name, "");
   }
-  const file_handle handle = open_folder(folder.path());
-  emerging_file file(handle);
-  EXPECT_EQ(file.create("net.dvi"), EEXIST);
-  EXPECT_EQ(folder.files().size(), 100U);
+  companion::remove_temporary_files();
+  EXPECT_EQ(folder.files(), (file_contents{{gone, ""}}));
 }
 
-TEST(EmergingFile, IsRemovedBeforeASignalEndsTheProgram) {
-  for (const int signal :
-       {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGALRM, SIGUSR1, SIGUSR2, SIGXCPU, SIGVTALRM, SIGPROF}) {
+TEST(EmergingFile, IsGoneBeforeASignalEndsTheProgram) {
+  for (const int signal : ending_signals) {
     const scratch_folder folder;
     const file_handle handle = open_folder(folder.path());
     EXPECT_EQ(ending_of([&] {
                 const held_signals signals;
                 emerging_file file(handle);
-                file.create("net.dvi");
+                file.create();
                 ::raise(signal);
                 folder.write("is_waiting", signals.is_waiting() ? "yes" : "no");
               }),
@@ -109,8 +119,7 @@ TEST(EmergingFile, IsRemovedBeforeASignalEndsTheProgram) {
 TEST(HeldSignals, TellWhetherOneIsWaiting) {
   const held_signals signals;
   EXPECT_FALSE(signals.is_waiting());
-  for (const int signal :
-       {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGALRM, SIGUSR1, SIGUSR2, SIGXCPU, SIGVTALRM, SIGPROF}) {
+  for (const int signal : ending_signals) {
     sigset_t one{};
     ::sigemptyset(&one);
     ::sigaddset(&one, signal);
@@ -120,6 +129,26 @@ TEST(HeldSignals, TellWhetherOneIsWaiting) {
     ::sigwait(&one, &taken);
     EXPECT_EQ(taken, signal);
     EXPECT_FALSE(signals.is_waiting());
+  }
+}
+
+TEST(HeldSignals, LeaveAloneWhatEndsNoProgramOrComesFromItsOwnFaults) {
+  EXPECT_EQ(ending_of([] {
+              const held_signals signals;
+              for (const int signal : {SIGCHLD, SIGCONT, SIGURG, SIGWINCH}) {
+                ::raise(signal);
+              }
+              ::_exit(signals.is_waiting() ? 1 : 0);
+            }),
+            0);
+  for (const int signal : {SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGSEGV, SIGSYS, SIGTRAP}) {
+    EXPECT_EQ(ending_of([&] {
+                const held_signals signals;
+                std::signal(signal, SIG_DFL);
+                ::raise(signal);
+                ::_exit(0);
+              }),
+              signal);
   }
 }
 

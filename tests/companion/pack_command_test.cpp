@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <map>
 
+#include "companion/outcome.h"
 #include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
 
@@ -223,6 +224,61 @@ TEST_F(Pack, RefusesADependencyFileThatIsAnInputOrThePackage) {
               "morvane: " + depfile + ": the dependency file cannot be the package\n");
   }
   EXPECT_EQ(folder.files(), before);
+}
+
+TEST_F(Pack, RefusesADependencyFileThatWouldBeThePackageUnderAnotherName) {
+  folder.make_folder("out");
+  fs::create_directory_symlink("out", folder.path("link"));
+  fs::create_symlink("out/new.bin", folder.path("dangling"));
+  const auto before = folder.files();
+  for (const auto& depfile : {folder.path("out/new.bin"), std::string("link/new.bin"),
+                              std::string("in/../out/new.bin"), std::string("dangling")}) {
+    const run_result run =
+        run_morvane({"pack", "in", "-o", "out/new.bin", "--depfile", depfile}, folder.path());
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.diagnostics,
+              "morvane: " + depfile + ": the dependency file cannot be the package\n");
+  }
+  EXPECT_EQ(folder.files(), before);
+  EXPECT_EQ(run_morvane({"pack", "in", "-o", "new.bin", "--depfile", "out/new.bin"}, folder.path())
+                .status,
+            0);
+}
+
+TEST_F(Pack, RefusesOutputsThatTheNextRunWouldRead) {
+  fs::create_directory_symlink("in", folder.path("link"));
+  const auto before = folder.files();
+  for (const std::string output :
+       {"in/x.dvi", "in/x.DVI", "link/x.dvi", "in/_net.h", "in/../in/.dvi"}) {
+    for (const std::vector<std::string>& options :
+         {std::vector<std::string>{"-o", output},
+          std::vector<std::string>{"-o", "net.bin", "--depfile", output}}) {
+      std::vector<std::string> arguments = {"pack", "in"};
+      arguments.insert(arguments.end(), options.begin(), options.end());
+      const run_result run = run_morvane(arguments, folder.path());
+      EXPECT_EQ(run.status, 2);
+      EXPECT_EQ(run.diagnostics, "morvane: " + output +
+                                     ": with this name in this folder, the next run would pack the "
+                                     "file itself or read it as a header\n");
+    }
+  }
+  EXPECT_EQ(folder.files(), before);
+}
+
+TEST_F(Pack, WritesOtherOutputsIntoTheInputFolder) {
+  for (const std::string output : {"in/net.bin", "in/other.h", "in/dvi", "x.dvi", "_net.h"}) {
+    EXPECT_EQ(
+        run_morvane({"pack", "in", "-q", "-o", output, "--depfile", output + ".d"}, folder.path())
+            .status,
+        0);
+    EXPECT_TRUE(folder.read(output) == expected()) << output;
+  }
+}
+
+TEST_F(Pack, WritesAPackageWithALongName) {
+  const std::string name(255, 'n');
+  EXPECT_EQ(run_morvane({"pack", "in", "-q", "-o", name}, folder.path()).status, 0);
+  EXPECT_TRUE(folder.read(name) == expected());
 }
 
 TEST_F(Pack, RefusesToReplaceWhatIsNoFile) {

@@ -33,7 +33,8 @@ struct packed_dags {
   [[nodiscard]] companion::input_comparison compare() const {
     companion::package_bytes package;
     EXPECT_EQ(package.load(folder.path("net.bin")), 0);
-    return compare_with_inputs(package, described.inputs, described.dvis);
+    return compare_with_inputs(package, described.inputs, described.dvis,
+                               [](std::uint64_t /*done*/) {});
   }
 
   scratch_folder folder{};

@@ -14,9 +14,23 @@
 namespace morvane::test {
 namespace {
 
-using companion::replace_file;
 using companion::replacement_file;
 using file_contents = std::map<std::string, std::string>;
+
+/// Replaces a file by one with this content. Returns 0 or an errno.
+int replace_file(const std::string& path, std::string_view content) {
+  replacement_file file;
+  if (const int error = file.find(path); error != 0) {
+    return error;
+  }
+  if (const int error = file.create(); error != 0) {
+    return error;
+  }
+  EXPECT_EQ(::write(file.descriptor(), content.data(), content.size()),
+            static_cast<ssize_t>(content.size()));
+  const int error = file.complete(false);
+  return error == 0 ? file.put_in_place() : error;
+}
 
 TEST(ReplacementFile, ReplacesAFile) {
   const scratch_folder folder;
@@ -62,16 +76,26 @@ TEST(ReplacementFile, IsNotMadeInPlaceOfWhatIsNoFile) {
   EXPECT_EQ(replace_file(folder.path("file/net.d"), "new"), ENOTDIR);
   EXPECT_EQ(replace_file(folder.path("missing/net.d"), "new"), ENOENT);
   EXPECT_EQ(replace_file(folder.path("loop"), "new"), ELOOP);
-  EXPECT_EQ(replace_file(folder.path(std::string(250, 'n')), "new"), ENAMETOOLONG);
+}
+
+TEST(ReplacementFile, MayHaveANameOfAnyLengthThatTheSystemAllows) {
+  const scratch_folder folder;
+  const std::string longest(255, 'n');
+  EXPECT_EQ(replace_file(folder.path(longest), "new"), 0);
+  EXPECT_EQ(replace_file(folder.path(longest), "newer"), 0);
+  EXPECT_EQ(replace_file(folder.path(std::string(256, 'n')), "new"), ENAMETOOLONG);
+  EXPECT_EQ(folder.files(), (file_contents{{longest, "newer"}}));
 }
 
 TEST(ReplacementFile, IsOnTheDiskWhenItIsSynchronised) {
   const scratch_folder folder;
   replacement_file file;
-  ASSERT_EQ(file.create(folder.path("net.bin")), 0);
-  EXPECT_TRUE(std::filesystem::exists(file.path()));
-  EXPECT_EQ(companion::sync_file(file.descriptor()), 0);
-  EXPECT_EQ(file.put_in_place(true), 0);
+  ASSERT_EQ(file.find(folder.path("net.bin")), 0);
+  ASSERT_EQ(file.prepare_sync(), 0);
+  ASSERT_EQ(file.create(), 0);
+  EXPECT_EQ(file.complete(true), 0);
+  EXPECT_EQ(file.put_in_place(), 0);
+  EXPECT_EQ(file.sync_folder(), 0);
   EXPECT_EQ(folder.files(), (file_contents{{"net.bin", ""}}));
 }
 

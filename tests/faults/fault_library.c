@@ -1,15 +1,18 @@
 /*
  * A library to preload: it makes one system call of a program fail, or do less than it was asked
- * to.
+ * to, or come at a bad moment.
  *
  *     MORVANE_FAULT=KIND:NUMBER:EFFECT   the call of this kind with this number, from 1, has the
  *                                        effect; with a "+" behind the number all later ones too
  *     MORVANE_FAULT_COUNTS=FILE          at its end the program writes how many calls of each kind
  *                                        there were, a line each
+ *     MORVANE_NO_TMPFILE=1               the file system makes no file without a name
  *
  * The effect is an error by its number; or "short", which moves one byte; or "none", which moves
  * no byte and is no error; or "garbled", which writes everything with another first byte; or
- * "touch=FILE", which gives a file another time before the call.
+ * "touch=FILE", which gives a file another time before the call; or "cut", which removes the
+ * content of the file that was mapped last; or "signal=NUMBER", which sends a signal to the
+ * program.
  */
 #define _GNU_SOURCE
 #include <dirent.h>
@@ -17,10 +20,12 @@
 #include <errno.h>
 #include <fcntl.h>
 #include <poll.h>
+#include <signal.h>
 #include <stdarg.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -41,13 +46,20 @@ enum kind {
   rename_kind,
   sync_kind,
   copy_kind,
+  access_kind,
+  link_kind,
+  chmod_kind,
+  chown_kind,
+  map_kind,
   kinds
 };
 
 static const char* const names[kinds] = {
-    "open",     "read", "write", "stat", "opendir", "readdir", "mkdir", "unlink",
-    "truncate", "seek", "close", "poll", "fcntl",   "rename",  "sync",  "copy"};
+    "open",   "read",     "write",  "stat",  "opendir", "readdir", "mkdir",
+    "unlink", "truncate", "seek",   "close", "poll",    "fcntl",   "rename",
+    "sync",   "copy",     "access", "link",  "chmod",   "chown",   "map"};
 static unsigned calls[kinds];
+static int mapped_last = -1;
 
 /* What MORVANE_FAULT asks for. */
 static int chosen = -1;
@@ -56,6 +68,8 @@ static int from_then_on;
 static int error_number;
 static int is_short;
 static int is_garbled;
+static int cuts;
+static int sent_signal;
 static const char* touched;
 
 static unsigned long parse_number(const char* text, char** end) {
@@ -80,6 +94,8 @@ __attribute__((constructor)) static void read_request(void) {
   is_short = strcmp(effect, "short") == 0;
   is_garbled = strcmp(effect, "garbled") == 0;
   touched = strncmp(effect, "touch=", 6) == 0 ? effect + 6 : NULL;
+  cuts = strcmp(effect, "cut") == 0;
+  sent_signal = strncmp(effect, "signal=", 7) == 0 ? (int)parse_number(effect + 7, &rest) : 0;
   error_number = (int)parse_number(effect, &rest);
 }
 
@@ -95,15 +111,28 @@ __attribute__((destructor)) static void write_counts(void) {
   fclose(file);
 }
 
+/* What happens beside a call, which is as it is without it. Returns whether the effect is such. */
+static int happens_beside(void) {
+  if (touched != NULL) {
+    const struct timespec times[2] = {{0, 0}, {0, 0}};
+    utimensat(AT_FDCWD, touched, times, 0);
+  } else if (cuts) {
+    char path[64];
+    snprintf(path, sizeof path, "/proc/self/fd/%d", mapped_last);
+    (void)(truncate(path, 0) == 0);
+  } else if (sent_signal != 0) {
+    kill(getpid(), sent_signal);
+  }
+  return touched != NULL || cuts || sent_signal != 0;
+}
+
 /* Counts a call. Returns whether it is one that the request changes; errno is set then. */
 static int is_chosen(enum kind kind) {
   const unsigned now = ++calls[kind];
   if ((int)kind != chosen || !(now == number || (from_then_on && now > number))) {
     return 0;
   }
-  if (touched != NULL) {
-    const struct timespec times[2] = {{0, 0}, {0, 0}};
-    utimensat(AT_FDCWD, touched, times, 0);
+  if (happens_beside()) {
     return 0;
   }
   errno = error_number;
@@ -119,7 +148,17 @@ static int fails(void) {
 #define NEXT(name) ((__typeof__(&name))dlsym(RTLD_NEXT, #name))
 
 static mode_t mode_in(int flags, va_list arguments) {
-  return (flags & O_CREAT) != 0 ? (mode_t)va_arg(arguments, unsigned) : 0;
+  const int has_mode = (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
+  return has_mode ? (mode_t)va_arg(arguments, unsigned) : 0;
+}
+
+/* Whether a call asks for what MORVANE_NO_TMPFILE forbids; errno is set then. */
+static int is_refused(int flags) {
+  if ((flags & O_TMPFILE) != O_TMPFILE || getenv("MORVANE_NO_TMPFILE") == NULL) {
+    return 0;
+  }
+  errno = EOPNOTSUPP;
+  return 1;
 }
 
 int open(const char* path, int flags, ...) {
@@ -143,7 +182,7 @@ int openat(int folder, const char* path, int flags, ...) {
   va_start(arguments, flags);
   const mode_t mode = mode_in(flags, arguments);
   va_end(arguments);
-  return is_chosen(open_kind) ? -1 : NEXT(openat)(folder, path, flags, mode);
+  return is_refused(flags) || is_chosen(open_kind) ? -1 : NEXT(openat)(folder, path, flags, mode);
 }
 
 int openat64(int folder, const char* path, int flags, ...) {
@@ -151,7 +190,7 @@ int openat64(int folder, const char* path, int flags, ...) {
   va_start(arguments, flags);
   const mode_t mode = mode_in(flags, arguments);
   va_end(arguments);
-  return is_chosen(open_kind) ? -1 : NEXT(openat64)(folder, path, flags, mode);
+  return is_refused(flags) || is_chosen(open_kind) ? -1 : NEXT(openat64)(folder, path, flags, mode);
 }
 
 /* How many bytes a chosen call moves. */
@@ -274,6 +313,34 @@ int renameat(int folder, const char* from, int other, const char* to) {
 
 int renameat2(int folder, const char* from, int other, const char* to, unsigned flags) {
   return is_chosen(rename_kind) ? -1 : NEXT(renameat2)(folder, from, other, to, flags);
+}
+
+int linkat(int folder, const char* from, int other, const char* to, int flags) {
+  return is_chosen(link_kind) ? -1 : NEXT(linkat)(folder, from, other, to, flags);
+}
+
+int access(const char* path, int mode) {
+  return is_chosen(access_kind) ? -1 : NEXT(access)(path, mode);
+}
+
+int fchmod(int file, mode_t mode) {
+  return is_chosen(chmod_kind) ? -1 : NEXT(fchmod)(file, mode);
+}
+
+int fchown(int file, uid_t owner, gid_t group) {
+  return is_chosen(chown_kind) ? -1 : NEXT(fchown)(file, owner, group);
+}
+
+void* mmap(void* address, size_t length, int access, int flags, int file, off_t offset) {
+  if (file >= 0 && is_chosen(map_kind)) {
+    return MAP_FAILED;
+  }
+  mapped_last = file >= 0 ? file : mapped_last;
+  return NEXT(mmap)(address, length, access, flags, file, offset);
+}
+
+void* mmap64(void* address, size_t length, int access, int flags, int file, off64_t offset) {
+  return mmap(address, length, access, flags, file, offset);
 }
 
 int fsync(int file) {

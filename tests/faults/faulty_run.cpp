@@ -1,5 +1,8 @@
 #include "faults/faulty_run.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <filesystem>
 #include <sstream>
 
@@ -21,10 +24,13 @@ const std::string& library_path() {
 
 /// The command with the library preloaded. A sanitizer's runtime asks to be the first
 /// library; it works as the second one too.
-std::vector<std::string> with_library(const std::string& request,
+std::vector<std::string> with_library(const std::string& request, nameless_files nameless,
                                       const std::vector<std::string>& command) {
   std::vector<std::string> words = {"env", "LD_PRELOAD=" + library_path(),
                                     "ASAN_OPTIONS=verify_asan_link_order=0", request};
+  if (nameless == nameless_files::impossible) {
+    words.emplace_back("MORVANE_NO_TMPFILE=1");
+  }
   words.insert(words.end(), command.begin(), command.end());
   return words;
 }
@@ -39,17 +45,29 @@ bool can_make_faults() {
   return run_prefix().empty();
 }
 
+bool can_have(nameless_files nameless, const std::string& folder) {
+  if (nameless == nameless_files::impossible) {
+    return can_make_faults();
+  }
+  const int file = ::open(folder.c_str(), O_RDWR | O_TMPFILE | O_CLOEXEC, 0600);
+  if (file >= 0) {
+    ::close(file);
+  }
+  return file >= 0;
+}
+
 run_result run_with(const fault& fault, const std::vector<std::string>& command,
-                    const std::string& folder) {
+                    const std::string& folder, nameless_files nameless) {
   const std::string request = "MORVANE_FAULT=" + fault.kind + ":" + std::to_string(fault.number) +
                               (fault.from_then_on ? "+" : "") + ":" + fault.effect;
-  return run_program(with_library(request, command), folder);
+  return run_program(with_library(request, nameless, command), folder);
 }
 
 std::map<std::string, unsigned> calls_of(const std::vector<std::string>& command,
-                                         const std::string& folder) {
+                                         const std::string& folder, nameless_files nameless) {
   const scratch_folder scratch;
-  run_program(with_library("MORVANE_FAULT_COUNTS=" + scratch.path("counts"), command), folder);
+  run_program(with_library("MORVANE_FAULT_COUNTS=" + scratch.path("counts"), nameless, command),
+              folder);
   std::istringstream lines(scratch.read("counts"));
   std::map<std::string, unsigned> counts;
   std::string kind;
@@ -58,6 +76,13 @@ std::map<std::string, unsigned> calls_of(const std::vector<std::string>& command
     counts[kind] = number;
   }
   return counts;
+}
+
+std::vector<std::string> words_with(nameless_files nameless,
+                                    const std::vector<std::string>& command) {
+  return nameless == nameless_files::impossible
+             ? with_library("MORVANE_FAULT_COUNTS=/dev/null", nameless, command)
+             : command;
 }
 
 }  // namespace morvane::test
