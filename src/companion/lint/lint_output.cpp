@@ -4,7 +4,6 @@
 
 #include "companion/finding_sarif.h"
 #include "companion/printable_text.h"
-#include "companion/verdict.h"
 
 namespace morvane::companion {
 
