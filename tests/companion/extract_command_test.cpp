@@ -82,7 +82,8 @@ TEST(ExtractCommand, ReplacesNoFileUnlessItIsTold) {
   folder.write("net.bin", two_images());
   folder.write("out/first.dvi", "mine");
   expect_outcome(run_morvane({"extract", "net.bin", "-o", "out"}, folder.path()), 2,
-                 "out/second.dvi: 4 bytes\n", "morvane: out/first.dvi: the file exists; --force replaces it\n");
+                 "out/second.dvi: 4 bytes\n",
+                 "morvane: out/first.dvi: the file exists; --force replaces it\n");
   EXPECT_EQ(folder.files("out"), (file_contents{{"first.dvi", "mine"}, {"second.dvi", "BBBB"}}));
   expect_outcome(run_morvane({"extract", "--force", "net.bin", "-o", "out"}, folder.path()), 0,
                  "out/first.dvi: 4 bytes\nout/second.dvi: 4 bytes\n");
@@ -97,7 +98,8 @@ TEST(ExtractCommand, NeverWritesThroughALink) {
   fs::create_symlink("../mine", folder.path("out/first.dvi"));
   fs::create_symlink("../missing", folder.path("out/second.dvi"));
   expect_outcome(run_morvane({"extract", "net.bin", "-o", "out"}, folder.path()), 2, "",
-                 "morvane: out/first.dvi: the file exists; --force replaces it\nmorvane: out/second.dvi: the file exists; --force replaces it\n");
+                 "morvane: out/first.dvi: the file exists; --force replaces it\nmorvane: "
+                 "out/second.dvi: the file exists; --force replaces it\n");
   expect_outcome(run_morvane({"extract", "-q", "--force", "net.bin", "-o", "out"}, folder.path()),
                  0, "");
   EXPECT_EQ(folder.read("mine"), "mine");
