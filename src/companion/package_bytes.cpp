@@ -45,7 +45,8 @@ int read_to_end(const file_handle& file, std::vector<std::uint8_t>& bytes) {
 }
 
 extern "C" void end_at_cut_file(int /*signal*/) {
-  constexpr std::string_view text = "morvane: a file was cut while it was read\n";
+  constexpr std::string_view text =
+      "morvane: a file cannot be read any more: it was cut, or its disk fails\n";
   static_cast<void>(::write(STDERR_FILENO, text.data(), text.size()) < 0);
   remove_temporary_files();
   ::_exit(status_failed);

@@ -83,7 +83,7 @@ TEST(PackageBytesDeathTest, EndTheProgramWhenTheFileIsCut) {
         companion::end_at_shrinking_files();
         static_cast<void>(text_of(package));
       },
-      testing::ExitedWithCode(2), "^morvane: a file was cut while it was read\n$");
+      testing::ExitedWithCode(2), "^morvane: a file cannot be read any more: it was cut, or its disk fails\n$");
 }
 
 }  // namespace
