@@ -13,14 +13,9 @@ namespace {
 
 /// Packs one DVI with a DAG name and these lines as its header, with vproc records. Returns the
 /// bytes of the package after its table.
-std::string packed_lines(std::string_view lines) {
-  const scratch_folder folder;
-  put_dag(folder, "net", dag_lines("net") + std::string(lines));
-  EXPECT_EQ(run_tool({"-d", "in", "-f", "net.bin", "-c"}, folder.path()).status, 0);
-  return folder.read("net.bin").substr(168);
+std::string packed_lines(const std::string& lines) {
+  return packed(dag_lines("net") + lines, "", pack_with_vproc).substr(156);
 }
-
-const std::string no_vproc = vproc_record(0, 0, 0);
 
 TEST(LineOf1023Characters, IsReadWithoutAMessage) {
   const scratch_folder folder;
@@ -30,46 +25,28 @@ TEST(LineOf1023Characters, IsReadWithoutAMessage) {
               padded("/* HMB_output b */", 1023) + "\n" +    //
               padded("/* $x */", 1023) + "\n" +              //
               padded("/* SMB_input s */", 1022) + "\r\n");
-  expect_run(run_tool({"-d", "in", "-f", "net.bin", "-c"}, folder.path()), 0,
-             "Save to file net.bin with file size 2608.\n\n");
+  expect_run(run_tool(pack_with_vproc, folder.path()), 0, saved("2608"));
 }
 
-TEST(LineOf1024Characters, WithItsCarriageReturnIsTooLong) {
-  const scratch_folder folder;
-  const std::string line = padded("/* HMB_input a */", 1023) + "\r";
-  put_dag(folder, "net", dag_lines("net") + line + "\n");
-  const std::string message = length_message("LINE_LEN", line);
-  expect_run(run_tool({"-d", "in", "-f", "net.bin"}, folder.path()), 0,
-             message + message + message +
-                 "warning: fail to find HMB input info in in/_net.h\n"
-                 "warning: fail to find HMB output info in in/_net.h\n"
-                 "Save to file net.bin with file size 168.\n\n");
-}
-
-TEST(LineOf1024Characters, WithANulInItIsTooLongAsAWhole) {
-  const scratch_folder folder;
-  std::string line = padded("short", 1024);
-  line[5] = '\0';
-  put_dag(folder, "net", dag_lines("net") + line + "\n");
-  const std::string message = length_message("LINE_LEN", line);
-  expect_run(run_tool({"-d", "in", "-f", "net.bin"}, folder.path()), 0,
-             message + message + message +
-                 "warning: fail to find HMB input info in in/_net.h\n"
-                 "warning: fail to find HMB output info in in/_net.h\n"
-                 "Save to file net.bin with file size 168.\n\n");
+TEST(LineOf1024Characters, IsTooLongWithItsCarriageReturnOrANulInIt) {
+  std::string with_nul = padded("short", 1024);
+  with_nul[5] = '\0';
+  for (const std::string& line : {padded("/* HMB_input a */", 1023) + "\r", with_nul}) {
+    const scratch_folder folder;
+    put_dag(folder, "net", dag_lines("net") + line + "\n");
+    const std::string message = length_message("LINE_LEN", line);
+    expect_run(run_tool(pack, folder.path()), 0,
+               message + message + message + no_ports + saved("168"));
+  }
 }
 
 TEST(LineLimit, OfTheDagName) {
   const auto table = [](std::size_t length) {
-    const scratch_folder folder;
-    put_dag(folder, "net",
-            padded("#define net_DAG_NAME net", length) + "\n" +
-                padded("#define net_image_start 7", length) + "\n");
-    run_tool({"-d", "in", "-f", "net.bin"}, folder.path());
-    return folder.read("net.bin");
+    return packed(padded("#define net_DAG_NAME net", length) + "\n" +
+                  padded("#define net_image_start 7", length) + "\n");
   };
-  expect_bytes(table(1023), package_header(1) + dvi_record({.img_vaddr = 7, .dag_name = "net"}));
-  expect_bytes(table(1024), package_header(1) + dvi_record({}));
+  expect_bytes(table(1023), dvi_record({.img_vaddr = 7, .dag_name = "net"}));
+  expect_bytes(table(1024), dvi_record({}));
 }
 
 TEST(LineLimit, OfThePortBlocks) {

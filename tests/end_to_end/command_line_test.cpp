@@ -3,6 +3,7 @@
 
 #include "end_to_end/compiler_output.h"
 #include "end_to_end/expectations.h"
+#include "end_to_end/inspection_output.h"
 #include "end_to_end/package_records.h"
 #include "end_to_end/usage_text.h"
 #include "harness/run_tool.h"
@@ -12,12 +13,7 @@ namespace morvane::test {
 namespace {
 
 // The report on a package without DVIs, written to ./parse.
-constexpr const char* report_on_nothing =
-    "version 2.1.6 ( HASH b3b3814 ) dvi_num: 0\n"
-    "\n"
-    "\n"
-    ".dvi files are parsed to folder .//parse\n"
-    "\n";
+const std::string report_on_nothing = report_begin({}) + report_end();
 
 TEST(CommandLine, WithoutArgumentsShowsTheUsageAndFails) {
   const scratch_folder folder;
@@ -111,24 +107,13 @@ TEST(CommandLine, EveryOptionHasAShortAndALongForm) {
     folder.make_folder("out");
     put_dag(folder, "net", dag_lines("net") + "/* $gain */\n");
     expect_run(run_tool(arguments, folder.path()), 0,
-               "warning: fail to find HMB input info in in/_net.h\n"
-               "warning: fail to find HMB output info in in/_net.h\n"
-               "Save to file net.bin with file size 316.\n"
-               "\n"
-               "version 2.1.6 ( HASH b3b3814 ) dvi_num: 1\n"
-               "\n"
-               "dvi_id: 0\t dvi_img_vaddr: 0\t dvi_img_size: 0\t dvi_dag_vaddr: 0\t input_num: 0"
-               "\t output_num: 0\t dvi_pkg_size: 0\t dvi_ppv: 0\t vproc_id: 0\t dag_name: net\n"
-               "\n"
-               "dvi_id: 0 dag_name: net input_num: 0 output_num: 0\n"
-               "\n"
-               "vproc_id: 0 dag_name: net variable_num: 1 smb_num: 0\n"
-               "\n"
-               "var: gain\t boffset = 0\t bsize = 0\n"
-               "\n"
-               "\n"
-               ".dvi files are parsed to folder out/parse\n"
-               "\n");
+               no_ports + saved("316") + report_begin({{.dag_name = "net"}}) +
+                   "vproc_id: 0 dag_name: net variable_num: 1 smb_num: 0\n"
+                   "\n"
+                   "var: gain\t boffset = 0\t bsize = 0\n"
+                   "\n"
+                   "\n" +
+                   report_end("out"));
     EXPECT_TRUE(folder.exists("out/parse/net.dvi"));
   }
 }
@@ -140,12 +125,7 @@ TEST(CommandLine, ALaterOptionReplacesAnEarlierOne) {
   expect_run(run_tool({"-f", "wrong.bin", "-p", "wrong", "-v", "-v", "-f", "right.bin",
                        "--parsedir", "right", "-d", "wrong", "-d", "dirpath"},
                       folder.path()),
-             1,
-             "version 2.1.6 ( HASH b3b3814 ) dvi_num: 0\n"
-             "\n"
-             "\n"
-             ".dvi files are parsed to folder right/parse\n"
-             "\n");
+             1, report_begin({}) + report_end("right"));
 }
 
 TEST(CommandLine, WordsThatAreNoOptionsAreLeftAlone) {

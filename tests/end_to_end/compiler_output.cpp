@@ -1,5 +1,7 @@
 #include "end_to_end/compiler_output.h"
 
+#include <gtest/gtest.h>
+
 namespace morvane::test {
 
 void put_dag(const scratch_folder& folder, std::string_view stem, std::string_view header,
@@ -16,6 +18,14 @@ std::string dag_lines(std::string_view dag_name, unsigned image_size) {
     lines += "#define " + name + "_image_size " + std::to_string(image_size) + "\n";
   }
   return lines;
+}
+
+std::string packed(std::string_view header, std::string_view image,
+                   const std::vector<std::string>& arguments) {
+  const scratch_folder folder;
+  put_dag(folder, "net", header, image);
+  EXPECT_EQ(run_tool(arguments, folder.path()).status, 0);
+  return folder.read("net.bin").substr(12);
 }
 
 std::string padded(std::string_view text, std::size_t length) {

@@ -1,6 +1,9 @@
 // The order of the DVIs in the package, the order check, and the check for duplicate DAG names.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
+
 #include "end_to_end/compiler_output.h"
 #include "end_to_end/expectations.h"
 #include "end_to_end/package_records.h"
@@ -54,7 +57,8 @@ TEST(InputOrder, PutsEveryDviInItsPlaceWithItsImage) {
 
 TEST(InputOrder, OnlyTheDigitsBeforeTheExtensionCount) {
   EXPECT_EQ(packed_ids({"dag_split_0", "dag_split_1", "dag_split_2", "dag0_split_x3"}), "0 1 2 3 ");
-  EXPECT_EQ(packed_ids({"dag_split_9_split_0", "dag_split_0_1"}), "0 1 ");
+  EXPECT_EQ(packed_ids({"dag_split_9_split_0", "dag_split_0_1", "12_split_-2"}), "0 1 2 ");
+  EXPECT_EQ(packed_ids({"dag_SPLIT_3", "a_split_2.dvi_x3", "b_split_1"}), "0 1 2 ");
 }
 
 TEST(InputOrder, RefusesAGreatestIndexThatDoesNotSuitTheNumberOfFiles) {
@@ -62,6 +66,7 @@ TEST(InputOrder, RefusesAGreatestIndexThatDoesNotSuitTheNumberOfFiles) {
   EXPECT_EQ(packed_ids({"dag_split_1"}), disordered);
   EXPECT_EQ(packed_ids({"dag_split_0", "dag_split_1", "dag_split_3"}), disordered);
   EXPECT_EQ(packed_ids({"a", "b", "c_split_1"}), disordered);
+  EXPECT_EQ(packed_ids({"a_split_2147483647"}), disordered);
 }
 
 TEST(InputOrder, AcceptsWhateverStandsBelowTheGreatestIndex) {
@@ -81,15 +86,54 @@ TEST(InputOrder, CutsTheIndexTo32BitsSigned) {
   EXPECT_EQ(packed_ids({"a_split_0", "b_split_99999999999999999999"}), "255 0 ");
 }
 
-TEST(InputOrder, DisorderedFilesWithoutHeaders) {
+/// The names of the DVIs in "in", without their type, in the order of the folder.
+std::vector<std::string> folder_order(const scratch_folder& folder) {
+  std::vector<std::string> stems;
+  for (const auto& entry : std::filesystem::directory_iterator(folder.path("in"))) {
+    if (entry.path().extension() == ".dvi") {
+      stems.push_back(entry.path().stem());
+    }
+  }
+  return stems;
+}
+
+TEST(InputOrder, DisorderedFilesStayInTheOrderOfTheFolder) {
   const scratch_folder folder;
-  folder.write("in/net_split_1.dvi", "");
+  for (const int index : {4, 0, 7, 2, 9, 5}) {
+    folder.write("in/net_split_" + std::to_string(index) + ".dvi", "");
+  }
+  const std::string first = folder_order(folder)[0];
   expect_run(run_tool(pack, folder.path()), 255,
              "error: files in input folder are disordered.\n"
-             "error: can't find file net_split_1.h. please check filename format between .dvi and "
-             ".h files.\n"
-             "error: can't find matched .dvi files and .h files\n");
+             "error: can't find file " +
+                 first +
+                 ".h. please check filename format between .dvi and "
+                 ".h files.\n"
+                 "error: can't find matched .dvi files and .h files\n");
+  EXPECT_NE(first, "net_split_0") << "this folder cannot tell";
   EXPECT_FALSE(folder.exists("net.bin"));
+}
+
+TEST(InputOrder, ManyEqualIndicesAreInTheOrderThatTheStandardSortGives) {
+  const scratch_folder folder;
+  for (int i = 0; i < 100; ++i) {
+    const std::string name = "net" + std::to_string(i);
+    put_dag(folder, name, dag_lines(name));
+  }
+  const std::vector<std::string> names = folder_order(folder);
+  std::vector<std::pair<int, std::string>> sorted;
+  for (const std::string& name : names) {
+    sorted.emplace_back(0, name);
+  }
+  std::sort(sorted.begin(), sorted.end(),
+            [](const auto& a, const auto& b) { return a.first < b.first; });
+  EXPECT_NE(sorted[0].second, names[0]) << "a stable sort would pass";
+  std::string package = package_header(100);
+  for (unsigned i = 0; i < 100; ++i) {
+    package += dvi_record({.vproc_id = static_cast<std::uint8_t>(i), .dag_name = sorted[i].second});
+  }
+  run_tool(pack, folder.path());
+  expect_bytes(folder.read("net.bin"), package);
 }
 
 TEST(InputOrder, KeepsTheLowByteOfIndexAndPosition) {
@@ -128,6 +172,13 @@ TEST(DuplicateDagNames, NameTheLaterAndTheEarlierHeader) {
             "in/_net_split_0.h\n");
 }
 
+TEST(DuplicateDagNames, EndTheRunAtTheFirstOneWhateverItsLength) {
+  const std::string line = "_DAG_NAME " + std::string(500, 'n') + "\n";
+  EXPECT_EQ(refusal({line, line, std::string(1024, 'x')}),
+            "error: detection duplicate DAG NAME between file in/_net_split_1.h and file "
+            "in/_net_split_0.h\n");
+}
+
 TEST(DuplicateDagNames, NameTheWrongEarlierHeaderWhenOneHasNoName) {
   EXPECT_EQ(refusal({no_name, dag_lines("same"), dag_lines("same")}),
             "error: detection duplicate DAG NAME between file in/_net_split_2.h and file "
@@ -158,6 +209,9 @@ TEST(DuplicateDagNames, AreComparedWholeAndInTheirCase) {
   put_dag(folder, "net_split_2", dag_lines("net2"));
   put_dag(folder, "net_split_3", "");
   put_dag(folder, "net_split_4", "");
+  put_dag(folder, "net_split_5", dag_lines("first") + dag_lines("net"));
+  folder.write("in/net_split_6.dvi", "");
+  folder.make_folder("in/_net_split_6.h");
   EXPECT_EQ(run_tool(pack_with_vproc, folder.path()).status, 0);
 }
 
@@ -165,7 +219,7 @@ TEST(DuplicateDagNames, ArePackedWithoutVproc) {
   const scratch_folder folder;
   put_dag(folder, "net_split_0", dag_lines("same") + "/* HMB_input a */\n/* HMB_output b */\n");
   put_dag(folder, "net_split_1", dag_lines("same") + "/* HMB_input a */\n/* HMB_output b */\n");
-  expect_run(run_tool(pack, folder.path()), 0, "Save to file net.bin with file size 4644.\n\n");
+  expect_run(run_tool(pack, folder.path()), 0, saved("4644"));
 }
 
 }  // namespace

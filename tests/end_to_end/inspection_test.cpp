@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "end_to_end/expectations.h"
+#include "end_to_end/inspection_output.h"
 #include "end_to_end/package_records.h"
 #include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
@@ -18,33 +19,21 @@ const std::vector<std::string> inspect_with_vproc = {"-f", "net.bin", "-v", "-p"
 TEST(Inspection, OfAPackageWithoutDvisReportsNothingAndNoError) {
   const scratch_folder folder;
   folder.write("net.bin", package_header(0) + "what follows is not looked at");
+  folder.write("parse/_.h", "kept");
   for (const auto& arguments : {inspect, inspect_with_vproc}) {
-    expect_run(run_tool(arguments, folder.path()), 1,
-               "version 2.1.6 ( HASH b3b3814 ) dvi_num: 0\n"
-               "\n"
-               "\n"
-               ".dvi files are parsed to folder ./parse\n"
-               "\n");
+    expect_run(run_tool(arguments, folder.path()), 1, report_begin({}) + report_end("."));
   }
-  expect_files(folder.files("parse"), {});
+  expect_files(folder.files("parse"), {{"_.h", "kept"}});
 }
 
 TEST(Inspection, PrintsAnyVersionAndHash) {
   const scratch_folder folder;
   folder.write("net.bin", word(0xFE038007) + word(0x00000ABC) + word(0));
   expect_run(run_tool(inspect, folder.path()), 1,
-             "version 254.3.32775 ( HASH 0000abc ) dvi_num: 0\n"
-             "\n"
-             "\n"
-             ".dvi files are parsed to folder ./parse\n"
-             "\n");
+             "version 254.3.32775 ( HASH 0000abc ) dvi_num: 0\n\n\n" + report_end("."));
   folder.write("net.bin", word(0xFFFFFFFF) + word(0xFFFFFFFF) + word(0));
   expect_run(run_tool(inspect, folder.path()), 1,
-             "version 255.255.65535 ( HASH ffffffff ) dvi_num: 0\n"
-             "\n"
-             "\n"
-             ".dvi files are parsed to folder ./parse\n"
-             "\n");
+             "version 255.255.65535 ( HASH ffffffff ) dvi_num: 0\n\n\n" + report_end("."));
 }
 
 TEST(Inspection, OfADviWithoutPortsHasItsHeadingAndWritesItsImage) {
@@ -131,76 +120,60 @@ TEST(Inspection, NumbersThePortsOfEachListFromZeroAndShowsEveryField) {
 }
 
 // A package with vproc records, and its report up to the vproc section.
-const std::string with_vproc = package_header(1) + dvi_record({.vproc_id = 7, .dag_name = "net"}) +
-                               vproc_record(1, 1, 268) + variable_record("gain", 1, 2) +
-                               smb_record("lut", 3);
-constexpr const char* report_without_vproc =
-    "version 2.1.6 ( HASH b3b3814 ) dvi_num: 1\n"
-    "\n"
-    "dvi_id: 0\t dvi_img_vaddr: 0\t dvi_img_size: 0\t dvi_dag_vaddr: 0\t input_num: 0\t "
-    "output_num: 0\t dvi_pkg_size: 0\t dvi_ppv: 0\t vproc_id: 7\t dag_name: net\n"
-    "\n"
-    "dvi_id: 0 dag_name: net input_num: 0 output_num: 0\n"
-    "\n";
-constexpr const char* folder_line = ".dvi files are parsed to folder ./parse\n\n";
-
-constexpr const char* header_without_vproc =
-    "#define\tnet_DAG_NAME\t\"net\"\n"
-    "#define\tnet_use_ping_pong_vmem\t0\n"
-    "#define\tnet_image_start\t0\n"
-    "#define\tnet_image_size\t0\n"
-    "#define\tnet_dagbin_start\t0\n";
+const dvi_fields vproc_7 = {.vproc_id = 7, .dag_name = "net"};
+const std::string with_vproc = package_header(1) + dvi_record(vproc_7) + vproc_record(1, 1, 268) +
+                               variable_record("gain", 1, 2) + smb_record("lut", 3);
+const std::string report_without_vproc = report_begin({vproc_7});
 
 TEST(Inspection, WithoutVprocOptionLeavesTheVprocSectionOut) {
   const scratch_folder folder;
   folder.write("net.bin", with_vproc);
-  expect_run(run_tool(inspect, folder.path()), 1, std::string(report_without_vproc) + folder_line);
-  expect_files(folder.files("parse"), {{"net.dvi", ""}, {"_net.h", header_without_vproc}});
+  expect_run(run_tool(inspect, folder.path()), 1, report_without_vproc + report_end("."));
+  expect_files(folder.files("parse"), {{"net.dvi", ""}, {"_net.h", dag_block(vproc_7)}});
 }
 
 TEST(Inspection, WithVprocOptionReportsTheVprocSection) {
   const scratch_folder folder;
   folder.write("net.bin", with_vproc);
   expect_run(run_tool(inspect_with_vproc, folder.path()), 1,
-             std::string(report_without_vproc) +
+             report_without_vproc +
                  "vproc_id: 7 dag_name: net variable_num: 1 smb_num: 1\n"
                  "\n"
                  "var: gain\t boffset = 1\t bsize = 2\n"
                  "\n"
                  "smb_id: 0\t vbase_byte_offset: 3\t smb_name: lut\n"
                  "\n" +
-                 folder_line);
-  expect_files(folder.files("parse"), {{"net.dvi", ""},
-                                       {"_net.h", std::string(header_without_vproc) +
-                                                      "\n"
-                                                      "/* $gain */\n"
-                                                      "#define\tgain_boffset\t1\n"
-                                                      "#define\tgain_bsize\t2\n"
-                                                      "\n"
-                                                      "/* net SMB_input lut */\n"
-                                                      "#define\tnet_lut_vbase_byte_offset\t3\n"}});
+                 report_end("."));
+  expect_files(folder.files("parse"),
+               {{"net.dvi", ""},
+                {"_net.h", dag_block(vproc_7) + "\n"
+                                                "/* $gain */\n"
+                                                "#define\tgain_boffset\t1\n"
+                                                "#define\tgain_bsize\t2\n"
+                                                "\n"
+                                                "/* net SMB_input lut */\n"
+                                                "#define\tnet_lut_vbase_byte_offset\t3\n"}});
 }
 
 TEST(Inspection, WithVprocOptionSkipsASectionThatIsNotThere) {
   const scratch_folder folder;
-  folder.write("net.bin", package_header(1) + dvi_record({.vproc_id = 7, .dag_name = "net"}));
+  folder.write("net.bin", package_header(1) + dvi_record(vproc_7));
   expect_run(run_tool(inspect_with_vproc, folder.path()), 1,
-             std::string(report_without_vproc) + folder_line);
+             report_without_vproc + report_end("."));
 }
 
 TEST(Inspection, DoesNotUseTheDeclaredSizes) {
   const scratch_folder folder;
-  folder.write("net.bin", package_header(1) +
-                              dvi_record({.vproc_id = 7, .pkg_size = 0, .dag_name = "net"}) +
-                              vproc_record(1, 0, 99) + variable_record("x", 0, 4294967295));
+  folder.write("net.bin", package_header(1) + dvi_record(vproc_7) + vproc_record(1, 0, 99) +
+                              variable_record("x", 0, 4294967295));
   expect_run(run_tool(inspect_with_vproc, folder.path()), 1,
-             std::string(report_without_vproc) +
+             report_without_vproc +
                  "vproc_id: 7 dag_name: net variable_num: 1 smb_num: 0\n"
                  "\n"
                  "var: x\t boffset = 0\t bsize = 4294967295\n"
                  "\n"
                  "\n" +
-                 folder_line);
+                 report_end("."));
 }
 
 }  // namespace

@@ -56,7 +56,7 @@ class LeasedFile : public testing::Test {
     if (!held.is_held()) {
       GTEST_SKIP() << "no leases on this file system";
     }
-    EXPECT_EQ(run_tool({"-d", "in", "-f", "net.bin"}, folder.path()).status, 0);
+    EXPECT_EQ(run_tool(pack, folder.path()).status, 0);
     EXPECT_GE(breaks, 1);
     expect_bytes(folder.read("net.bin"), package);
   }
@@ -107,8 +107,7 @@ TEST_F(LeasedFile, ThatIsThePackageUnderAnInputsNameIsRefused) {
   if (!held.is_held()) {
     GTEST_SKIP() << "no leases on this file system";
   }
-  expect_run(run_tool({"-d", "in", "-f", "net.bin"}, folder.path()), 255,
-             "error: can't open file net.bin\n");
+  expect_run(run_tool(pack, folder.path()), 255, "error: can't open file net.bin\n");
   EXPECT_EQ(folder.read("in/net.dvi"), "image");
 }
 

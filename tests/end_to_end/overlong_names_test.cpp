@@ -27,8 +27,7 @@ TEST(OverlongName, TheLongestNamesArePacked) {
   header += "/* SMB_input " + smb + " */\n";
   header += "#define net_" + smb + "_vbase_byte_offset 2\n";
   put_dag(folder, "net", header);
-  expect_run(run_tool(pack_with_vproc, folder.path()), 0,
-             "Save to file net.bin with file size 2608.\n\n");
+  expect_run(run_tool(pack_with_vproc, folder.path()), 0, saved("2608"));
   expect_bytes(
       folder.read("net.bin"),
       package_header(1) +
@@ -143,8 +142,7 @@ TEST(OverlongName, OfAVariableOrAnSmbDoesNotMatterWithoutVproc) {
   put_dag(folder, "net",
           dag_lines("net") + "/* $" + std::string(128, 'v') + " */\n/* SMB_input " +
               std::string(128, 's') + " */\n");
-  expect_run(run_tool(pack, folder.path()), 0,
-             no_ports + "Save to file net.bin with file size 168.\n\n");
+  expect_run(run_tool(pack, folder.path()), 0, no_ports + saved("168"));
 }
 
 }  // namespace

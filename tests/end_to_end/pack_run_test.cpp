@@ -19,8 +19,7 @@ TEST(PackRun, WritesHeaderTableAndOneBlockPerDvi) {
   put_dag(folder, "net_split_1",
           dag_lines("second", 5) + "/* second HMB_input c */\n/* second HMB_output d */\n",
           "two..");
-  expect_run(run_tool({"-d", "in", "-f", "net.bin"}, folder.path()), 0,
-             "Save to file net.bin with file size 4652.\n\n");
+  expect_run(run_tool(pack, folder.path()), 0, saved("4652"));
   const std::string package = folder.read("net.bin");
   EXPECT_EQ(package.size(), 4652U);
   expect_bytes(package, package_header(2) +
@@ -41,83 +40,66 @@ TEST(PackRun, WritesHeaderTableAndOneBlockPerDvi) {
                             port_record({.port_name = "d"}) + "two..");
 }
 
-TEST(PackRun, OfOneDviWithTwoPortsAndAHundredByteImage) {
-  const scratch_folder folder;
-  put_dag(folder, "net", dag_lines("net", 100) + "/* HMB_input a */\n/* HMB_output b */\n",
-          std::string(100, 'i'));
-  expect_run(run_tool({"-d", "in", "-f", "net.bin"}, folder.path()), 0,
-             "Save to file net.bin with file size 2428.\n\n");
-  expect_bytes(folder.read("net.bin"), package_header(1) +
-                                           dvi_record({.img_size = 100,
-                                                       .input_num = 1,
-                                                       .output_num = 1,
-                                                       .pkg_size = 2260,
-                                                       .dag_name = "net"}) +
-                                           port_record({.port_name = "a"}) +
-                                           port_record({.port_name = "b"}) + std::string(100, 'i'));
-}
-
 TEST(PackRun, PutsAllInputPortsBeforeTheOutputPorts) {
   const scratch_folder folder;
   put_dag(folder, "net",
           dag_lines("net") +
               "/* HMB_output b */\n/* HMB_input a */\n"
               "/* HMB_output d */\n/* HMB_input c */\n");
-  expect_run(run_tool({"-d", "in", "-f", "net.bin"}, folder.path()), 0,
-             "Save to file net.bin with file size 4488.\n\n");
+  expect_run(run_tool(pack, folder.path()), 0, saved("4488"));
   expect_bytes(folder.read("net.bin").substr(168),
                port_record({.port_name = "a"}) + port_record({.port_name = "c"}) +
                    port_record({.port_name = "b"}) + port_record({.port_name = "d"}));
 }
 
-TEST(PackRun, WarnsOfAHeaderWithoutOutputPorts) {
-  const scratch_folder folder;
-  put_dag(folder, "net", dag_lines("net", 5) + "/* HMB_input a */\n", "image");
-  expect_run(run_tool({"-d", "in", "-f", "net.bin"}, folder.path()), 0,
-             "warning: fail to find HMB output info in in/_net.h\n"
-             "Save to file net.bin with file size 1253.\n\n");
-  expect_bytes(folder.read("net.bin").substr(168), port_record({.port_name = "a"}) + "image");
+TEST(PackRun, WarnsOfMissingPortsAndPacksTheOthers) {
+  const struct {
+    const char* lines;
+    std::string output;
+    std::string ports;
+  } rows[] = {
+      {"/* HMB_input a */\n",
+       "warning: fail to find HMB output info in in/_net.h\n" + saved("1253"),
+       port_record({.port_name = "a"})},
+      {"/* HMB_output b */\n",
+       "warning: fail to find HMB input info in in/_net.h\n" + saved("1253"),
+       port_record({.port_name = "b"})},
+      {"", no_ports + saved("173"), ""},
+  };
+  for (const auto& row : rows) {
+    const scratch_folder folder;
+    put_dag(folder, "net", dag_lines("net", 5) + row.lines, "image");
+    expect_run(run_tool(pack, folder.path()), 0, row.output);
+    expect_bytes(folder.read("net.bin").substr(168), row.ports + "image");
+  }
 }
 
-TEST(PackRun, WarnsOfAHeaderWithoutInputPorts) {
-  const scratch_folder folder;
-  put_dag(folder, "net", dag_lines("net", 5) + "/* HMB_output b */\n", "image");
-  expect_run(run_tool({"-d", "in", "-f", "net.bin"}, folder.path()), 0,
-             "warning: fail to find HMB input info in in/_net.h\n"
-             "Save to file net.bin with file size 1253.\n\n");
-  expect_bytes(folder.read("net.bin").substr(168), port_record({.port_name = "b"}) + "image");
-}
-
-TEST(PackRun, PacksOnlyTheImageOfADviWithoutPorts) {
-  const scratch_folder folder;
-  put_dag(folder, "net", dag_lines("net", 5), "image");
-  expect_run(run_tool({"-d", "in", "-f", "net.bin"}, folder.path()), 0,
-             "warning: fail to find HMB input info in in/_net.h\n"
-             "warning: fail to find HMB output info in in/_net.h\n"
-             "Save to file net.bin with file size 173.\n\n");
-  expect_bytes(
-      folder.read("net.bin"),
-      package_header(1) + dvi_record({.img_size = 5, .pkg_size = 5, .dag_name = "net"}) + "image");
-}
-
-TEST(PackRun, PacksTheFirstBytesOfAnImageThatIsLonger) {
-  const scratch_folder folder;
-  put_dag(folder, "net", dag_lines("net", 5) + "/* HMB_input a */\n/* HMB_output b */\n",
-          "image and the rest");
-  expect_run(run_tool({"-d", "in", "-f", "net.bin"}, folder.path()), 0,
-             "Save to file net.bin with file size 2333.\n\n");
-  expect_bytes(folder.read("net.bin").substr(2328), "image");
-}
-
-TEST(PackRun, PacksAnImageOfSeveralReadBuffers) {
-  const scratch_folder folder;
+/// An image in which no two places look the same.
+std::string long_image(std::size_t size) {
   std::string image;
-  for (int i = 0; image.size() < 1000000; ++i) {
+  for (int i = 0; image.size() < size; ++i) {
     image += std::to_string(i) + " ";
   }
-  put_dag(folder, "net", dag_lines("net", 1000000), image);
-  run_tool({"-d", "in", "-f", "net.bin"}, folder.path());
-  expect_bytes(folder.read("net.bin").substr(168), image.substr(0, 1000000));
+  return image.substr(0, size);
+}
+
+TEST(PackRun, PacksAndInspectsLongImages) {
+  const scratch_folder folder;
+  // Longer than the buffers; the last ones are copied by the system.
+  const std::size_t sizes[] = {1, 1000000, 3145735, 5, 1048576};
+  std::string images;
+  for (std::size_t i = 0; i < std::size(sizes); ++i) {
+    const std::string name = "net_split_" + std::to_string(i);
+    put_dag(folder, name, dag_lines(name, static_cast<unsigned>(sizes[i])),
+            long_image(sizes[i]) + "left out");
+    images += long_image(sizes[i]);
+  }
+  run_tool({"-d", "in", "-f", "net.bin", "-v"}, folder.path());
+  expect_bytes(folder.read("net.bin").substr(12 + 5 * 156), images);
+  for (std::size_t i = 0; i < std::size(sizes); ++i) {
+    expect_bytes(folder.read("parse/net_split_" + std::to_string(i) + ".dvi"),
+                 long_image(sizes[i]));
+  }
 }
 
 TEST(PackRun, WithVprocWritesTheTableAndTheBlocksAfterTheLastImage) {
@@ -146,17 +128,15 @@ TEST(PackRun, WithVprocWritesTheTableAndTheBlocksAfterTheLastImage) {
 TEST(PackRun, WithVprocWarnsOfMissingVariablesButNotOfMissingSmbs) {
   const scratch_folder folder;
   put_dag(folder, "net", dag_lines("net") + "/* HMB_input a */\n/* HMB_output b */\n");
-  expect_run(run_tool({"-d", "in", "-f", "net.bin", "-c"}, folder.path()), 0,
-             "warning: fail to find vproc self-defined variables in in/_net.h\n"
-             "Save to file net.bin with file size 2340.\n\n");
-  expect_bytes(folder.read("net.bin").substr(2328), vproc_record(0, 0, 0));
+  expect_run(run_tool(pack_with_vproc, folder.path()), 0,
+             "warning: fail to find vproc self-defined variables in in/_net.h\n" + saved("2340"));
+  expect_bytes(folder.read("net.bin").substr(2328), no_vproc);
 }
 
 TEST(PackRun, SaysNothingOfAHeaderWithVariablesOnly) {
   const scratch_folder folder;
   put_dag(folder, "net", dag_lines("net") + "/* HMB_input a */\n/* HMB_output b */\n/* $x */\n");
-  expect_run(run_tool({"-d", "in", "-f", "net.bin", "-c"}, folder.path()), 0,
-             "Save to file net.bin with file size 2476.\n\n");
+  expect_run(run_tool(pack_with_vproc, folder.path()), 0, saved("2476"));
   expect_bytes(folder.read("net.bin").substr(2328),
                vproc_record(1, 0, 136) + variable_record("x", 0, 0));
 }
@@ -187,8 +167,7 @@ TEST(PackRun, AlwaysAddsTheSlashToTheInputFolder) {
 TEST(PackRun, PrintsTheDeclaredSizeAlsoWhereTheRecordsDiffer) {
   const scratch_folder folder;
   put_dag(folder, "net", "/* HMB_input early */\n" + dag_lines("net") + "/* HMB_output b */\n");
-  expect_run(run_tool({"-d", "in", "-f", "net.bin"}, folder.path()), 0,
-             "Save to file net.bin with file size 1248.\n\n");
+  expect_run(run_tool(pack, folder.path()), 0, saved("1248"));
   expect_bytes(folder.read("net.bin"),
                package_header(1) +
                    dvi_record({.output_num = 1, .pkg_size = 1080, .dag_name = "net"}) +

@@ -62,38 +62,5 @@ TEST(PackageBytes, AreReportedRightAfterPacking) {
   expect_files(folder.files("parse"), expected_files("two_dags/parse"));
 }
 
-TEST(PackageBytes, AreTheSameInEveryRun) {
-  const scratch_folder folder;
-  copy_input(folder);
-  run_tool({"-d", "input", "-f", "first.bin", "-c"}, folder.path());
-  run_tool({"-d", "input", "-f", "second.bin", "-c"}, folder.path());
-  expect_bytes(folder.read("first.bin"), package_bytes());
-  expect_bytes(folder.read("second.bin"), package_bytes());
-}
-
-TEST(PackageBytes, DoNotDependOnTheOrderInWhichTheFolderWasFilled) {
-  const scratch_folder forwards;
-  const scratch_folder backwards;
-  const folder_content input = expected_files("two_dags/input");
-  for (auto file = input.begin(); file != input.end(); ++file) {
-    forwards.write("input/" + file->first, file->second);
-  }
-  for (auto file = input.rbegin(); file != input.rend(); ++file) {
-    backwards.write("input/" + file->first, file->second);
-  }
-  run_tool({"-d", "input", "-f", "vision.bin", "-c"}, forwards.path());
-  run_tool({"-d", "input", "-f", "vision.bin", "-c"}, backwards.path());
-  expect_bytes(forwards.read("vision.bin"), package_bytes());
-  expect_bytes(backwards.read("vision.bin"), package_bytes());
-}
-
-TEST(PackageBytes, ReplaceALongerFile) {
-  const scratch_folder folder;
-  copy_input(folder);
-  folder.write("vision.bin", std::string(10000, 'x'));
-  run_tool({"-d", "input", "-f", "vision.bin", "-c"}, folder.path());
-  expect_bytes(folder.read("vision.bin"), package_bytes());
-}
-
 }  // namespace
 }  // namespace morvane::test

@@ -60,6 +60,9 @@ std::string port_record(const port_fields& fields);
 /// 12 bytes.
 std::string vproc_record(std::uint32_t variable_num, std::uint32_t smb_num, std::uint32_t size);
 
+/// The vproc record of a header that describes no variable and no SMB.
+inline const std::string no_vproc = vproc_record(0, 0, 0);
+
 /// 136 bytes.
 std::string variable_record(std::string_view name, std::uint32_t boffset, std::uint32_t bsize);
 

@@ -4,78 +4,60 @@
 #include "end_to_end/compiler_output.h"
 #include "end_to_end/expectations.h"
 #include "end_to_end/package_records.h"
-#include "harness/run_tool.h"
-#include "harness/scratch_folder.h"
 
 namespace morvane::test {
 namespace {
 
 /// Packs one DVI with a DAG name and these lines as its header, and returns its port records.
-std::string packed_ports(std::string_view lines) {
-  const scratch_folder folder;
-  put_dag(folder, "net", dag_lines("net") + std::string(lines));
-  EXPECT_EQ(run_tool({"-d", "in", "-f", "net.bin"}, folder.path()).status, 0);
-  return folder.read("net.bin").substr(168);
+std::string packed_ports(const std::string& lines) {
+  return packed(dag_lines("net") + lines).substr(156);
 }
 
-TEST(PortDescription, EveryMacroFillsItsField) {
-  expect_bytes(packed_ports("/* net HMB_output out */\n"
-                            "#define net_out_pflip 1\n"
-                            "#define net_out_dflip 0\n"
-                            "#define net_out_vflip 3\n"
-                            "#define net_out_hflip 2\n"
-                            "#define net_out_drotate 1\n"
-                            "#define net_out_is_bitvector 1\n"
-                            "#define net_out_pflip_bit_offset 15\n"
-                            "#define net_out_dflip_bit_offset 14\n"
-                            "#define net_out_vflip_bit_offset 13\n"
-                            "#define net_out_hflip_bit_offset 12\n"
-                            "#define net_out_drotate_bit_offset 11\n"
-                            "#define net_out_expbits 260\n"
-                            "#define net_out_expoffset -3\n"
-                            "#define net_out_datasize 16\n"
-                            "#define net_out_sign 1\n"
-                            "#define net_out_dram_size_num_bytes 8\n"
-                            "#define net_out_dram_format 7\n"
-                            "#define net_out_dpitch_num_bytes 6\n"
-                            "#define net_out_P 1\n"
-                            "#define net_out_D 2\n"
-                            "#define net_out_H 3\n"
-                            "#define net_out_W 4\n"
-                            "#define net_out_dbase_byte_offset 5\n"
-                            "#define net_out_qubrix_demangled_name \"a/b/c\"\n"),
-               port_record({.port_name = "out",
-                            .layer_name = "a/b/c",
-                            .P = 1,
-                            .D = 2,
-                            .H = 3,
-                            .W = 4,
-                            .pitch = 6,
-                            .dram_format = 7,
-                            .flags = 0x2B,  // pflip, vflip, drotate, bitvector
-                            .drotate_bit_offset = 11,
-                            .hflip_bit_offset = 12,
-                            .vflip_bit_offset = 13,
-                            .dflip_bit_offset = 14,
-                            .pflip_bit_offset = 15,
-                            .sign = 1,
-                            .datasize = 16,
-                            .expoffset = 0xFD,
-                            .expbits = 4,
-                            .port_size = 8,
-                            .port_byte_offset = 5}));
-}
-
-TEST(PortDescription, EachFlagHasItsBit) {
-  const auto flag = [](const std::string& macro) {
-    return packed_ports("/* HMB_input a */\n#define net_a_" + macro + " 1\n");
+TEST(PortDescription, EachMacroFillsItsFieldOnlyAndTheFirstOfTheTableDecidesALine) {
+  struct macro {
+    const char* text;
+    port_fields fields;
   };
-  expect_bytes(flag("is_bitvector"), port_record({.port_name = "a", .flags = 0x01}));
-  expect_bytes(flag("drotate"), port_record({.port_name = "a", .flags = 0x02}));
-  expect_bytes(flag("hflip"), port_record({.port_name = "a", .flags = 0x04}));
-  expect_bytes(flag("vflip"), port_record({.port_name = "a", .flags = 0x08}));
-  expect_bytes(flag("dflip"), port_record({.port_name = "a", .flags = 0x10}));
-  expect_bytes(flag("pflip"), port_record({.port_name = "a", .flags = 0x20}));
+  // In the order in which they are tried.
+  macro macros[] = {
+      {"_dbase_byte_offset 287454020", {.port_byte_offset = 0x11223344}},
+      {"_is_bitvector 1", {.flags = 0x01}},
+      {"_W 287454021", {.W = 0x11223345}},
+      {"_H 287454022", {.H = 0x11223346}},
+      {"_D 287454023", {.D = 0x11223347}},
+      {"_P 287454024", {.P = 0x11223348}},
+      {"_dpitch_num_bytes 287454025", {.pitch = 0x11223349}},
+      {"_dram_format 261", {.dram_format = 5}},
+      {"_dram_size_num_bytes 287454026", {.port_size = 0x1122334A}},
+      {"_sign 257", {.sign = 1}},
+      {"_datasize 258", {.datasize = 2}},
+      {"_expoffset -3", {.expoffset = 0xFD}},
+      {"_expbits 260", {.expbits = 4}},
+      {"_drotate_bit_offset 287454027", {.drotate_bit_offset = 0x1122334B}},
+      {"_hflip_bit_offset 287454028", {.hflip_bit_offset = 0x1122334C}},
+      {"_vflip_bit_offset 287454029", {.vflip_bit_offset = 0x1122334D}},
+      {"_dflip_bit_offset 287454030", {.dflip_bit_offset = 0x1122334E}},
+      {"_pflip_bit_offset 287454031", {.pflip_bit_offset = 0x1122334F}},
+      {"_drotate 1", {.flags = 0x02}},
+      {"_hflip 1", {.flags = 0x04}},
+      {"_vflip 1", {.flags = 0x08}},
+      {"_dflip 1", {.flags = 0x10}},
+      {"_pflip 1", {.flags = 0x20}},
+      {"_qubrix_demangled_name \"x/y\"", {.layer_name = "x/y"}},
+  };
+  std::string lines;
+  std::string ports;
+  std::string after;  // a line of the macro after this one
+  for (std::size_t i = std::size(macros); i-- > 0;) {
+    const std::string name = "p" + std::to_string(i);
+    const std::string line = "net_" + name + macros[i].text;
+    lines += "/* HMB_input " + name + " */\n" + (after.empty() ? "" : "net_" + name + after + " ") +
+             line + "\n";
+    macros[i].fields.port_name = name;
+    ports += port_record(macros[i].fields);
+    after = macros[i].text;
+  }
+  expect_bytes(packed_ports(lines), ports);
 }
 
 TEST(PortDescription, AFlagMacroThatGoesOnWithAnUnderscoreIsAnotherMacro) {
@@ -96,6 +78,11 @@ TEST(PortDescription, AFlagMacroThatGoesOnWithAnUnderscoreIsAnotherMacro) {
   // Without a word after the underscore, the line is read as the flag.
   expect_bytes(packed_ports("/* HMB_input a */\n#define net_a_hflip 1\n#define net_a_hflip_\n"),
                port_record({.port_name = "a"}));
+  // Anywhere on the line; except for the bitvector.
+  expect_bytes(packed_ports("HMB_input a\nnet_a_hflip 1 /* a_hflip_x */\n"
+                            "net_a_vflip 1 /* a_vflip_ */\nnet_a_is_bitvector 1 a_is_bitvector_x\n"
+                            "HMB_input b\nnet_b_is_bitvector 1\nnet_b_is_bitvector_x 1\n"),
+               port_record({.port_name = "a", .flags = 0x09}) + port_record({.port_name = "b"}));
 }
 
 TEST(PortDescription, AFlagMacroThatGoesOnOtherwiseTakesTheRestAsValue) {
@@ -113,6 +100,24 @@ TEST(PortDescription, NeitherBlankLinesNorUnknownMacrosEndIt) {
   expect_bytes(packed_ports("/* HMB_input a */\n \t\r\n\n#define net_a_W 1\n\n"
                             "/* net_a_ unknown */\n#define net_a_H 2"),
                port_record({.port_name = "a", .H = 2, .W = 1}));
+}
+
+TEST(PortDescription, ItsMarkerIsItsNameBetweenUnderscores) {
+  for (const char* line : {"_a_", "a data_a_x", "net_a_x HMB_output"}) {
+    expect_bytes(packed_ports("HMB_input a\n" + std::string(line) + "\nnet_a_W 1\n"),
+                 port_record({.port_name = "a", .W = 1}));
+  }
+  for (const char* line : {"neta_x", "net_ax", "_a", "a_", "net_b"}) {
+    expect_bytes(packed_ports("HMB_input a\n" + std::string(line) + "\nnet_a_W 1\n"),
+                 port_record({.port_name = "a"}));
+  }
+}
+
+TEST(PortDescription, ItsNameMayOverlapItselfOrBePartOfAnother) {
+  expect_bytes(packed_ports("HMB_input aa\n#define _aa_x aaa_W 5\n"),
+               port_record({.port_name = "aa", .W = 5}));
+  expect_bytes(packed_ports("HMB_input a\nnet_a_W 1\nnet_a_b_W 2\nHMB_input a_b\nnet_a_b_W 3\n"),
+               port_record({.port_name = "a", .W = 1}) + port_record({.port_name = "a_b", .W = 3}));
 }
 
 TEST(PortDescription, ALineWithoutItsMarkerEndsIt) {
@@ -134,6 +139,11 @@ TEST(PortDescription, AKeywordWithNothingAfterItEndsABlockAndBeginsNone) {
                port_record({.port_name = "a"}));
 }
 
+TEST(PortDescription, ItsNameIsTheFirstWordAfterTheKeyword) {
+  expect_bytes(packed_ports("HMB_input\n// see HMB_input \"data\", 5\n"),
+               port_record({.port_name = "data"}));
+}
+
 TEST(PortDescription, TheKeywordIsFoundInsideALongerWord) {
   expect_bytes(packed_ports("#define dag0_HMB_input_0 data\n#define dag0__0_W 5\n"),
                port_record({.port_name = "_0", .W = 5}));
@@ -149,10 +159,19 @@ TEST(PortDescription, OnlyTheFirstPlaceOfAMacroOnALineCounts) {
                port_record({.port_name = "a", .W = 1}));
 }
 
+TEST(PortDescription, AMacroWithNothingAfterItIsPassedOver) {
+  expect_bytes(packed_ports("HMB_input a\nnet_a_W 9 net_a_dbase_byte_offset\nnet_a_W\n"),
+               port_record({.port_name = "a", .W = 9}));
+}
+
 TEST(PortDescription, TheLaterOfTwoLinesWins) {
   expect_bytes(packed_ports("/* HMB_input a */\n#define net_a_hflip 1\n#define net_a_hflip 0\n"
-                            "#define net_a_W 1\n#define net_a_W 2\n"),
-               port_record({.port_name = "a", .W = 2}));
+                            "#define net_a_vflip 1\n#define net_a_vflip 2\n"
+                            "#define net_a_dflip 2\n#define net_a_dflip 3\n"
+                            "#define net_a_W 1\n#define net_a_W 2\n"
+                            "net_a_qubrix_demangled_name long/name\n"
+                            "net_a_qubrix_demangled_name b\n"),
+               port_record({.port_name = "a", .layer_name = "b", .W = 2, .flags = 0x10}));
 }
 
 TEST(PortDescription, NumbersAreDecimalAndCutToTheirField) {
@@ -163,14 +182,17 @@ TEST(PortDescription, NumbersAreDecimalAndCutToTheirField) {
                             "#define net_a_P -1\n"
                             "#define net_a_dram_format 258\n"
                             "#define net_a_expoffset -1\n"
-                            "#define net_a_sign\t=\t:1\n"),
+                            "#define net_a_dpitch_num_bytes (5)\n"
+                            "#define net_a_datasize \v\f+8\n"
+                            "#define net_a_sign\t=\t:/*,;\"1\n"),
                port_record({.port_name = "a",
                             .P = 0xFFFFFFFF,
                             .D = 3,
                             .H = 12,
                             .W = 0,
                             .dram_format = 2,
-                            .sign = 1}));
+                            .sign = 1,
+                            .datasize = 8}));
 }
 
 TEST(PortDescription, ALayerNameIsTheFirstWordWithItsSlashes) {

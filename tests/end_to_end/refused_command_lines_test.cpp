@@ -3,6 +3,7 @@
 
 #include "end_to_end/compiler_output.h"
 #include "end_to_end/expectations.h"
+#include "end_to_end/inspection_output.h"
 #include "end_to_end/package_records.h"
 #include "end_to_end/usage_text.h"
 #include "harness/run_tool.h"
@@ -25,53 +26,30 @@ std::string long_path(std::string_view name, std::size_t length) {
   return path.append(name);
 }
 
-TEST(RefusedCommandLine, AnUnknownShortSwitch) {
+TEST(RefusedCommandLine, OfASwitchThatIsUnknownOrAmbiguousOrHasAnArgumentTooFewOrTooMany) {
+  const struct {
+    std::vector<std::string> words;
+    const char* diagnostics;
+  } rows[] = {
+      {{"-x"}, "invalid option -- 'x'"},
+      {{"-V"}, "invalid option -- 'V'"},
+      {{"--unknown"}, "unrecognized option '--unknown'"},
+      {{"--ver"}, "option '--ver' is ambiguous"},
+      {{"--verbose=1"}, "option '--verbose' doesn't allow an argument"},
+      {{"-v", "-f"}, "option requires an argument -- 'f'"},
+      {{"-v", "-d"}, "option requires an argument -- 'd'"},
+      {{"-v", "-p"}, "option requires an argument -- 'p'"},
+      {{"-v", "--filename"}, "option '--filename' requires an argument"},
+      {{"-v", "--dir"}, "option '--dir' requires an argument"},
+      {{"-v", "--parsedir"}, "option '--parsedir' requires an argument"},
+  };
   const scratch_folder folder;
-  const run_result run = run_tool({"-x"}, folder.path());
-  expect_run(run, 255, unknown_switch);
-  EXPECT_NE(run.diagnostics.find("invalid option -- 'x'"), std::string::npos);
-}
-
-TEST(RefusedCommandLine, AnUnknownLongSwitch) {
-  const scratch_folder folder;
-  const run_result run = run_tool({"--unknown"}, folder.path());
-  expect_run(run, 255, unknown_switch);
-  EXPECT_NE(run.diagnostics.find("unrecognized option '--unknown'"), std::string::npos);
-}
-
-TEST(RefusedCommandLine, AShortSwitchWithoutItsArgument) {
-  for (const char* option : {"-f", "-d", "-p"}) {
-    SCOPED_TRACE(option);
-    const scratch_folder folder;
-    const run_result run = run_tool({"-v", option}, folder.path());
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.diagnostics);
+    const run_result run = run_tool(row.words, folder.path());
     expect_run(run, 255, unknown_switch);
-    EXPECT_NE(run.diagnostics.find("option requires an argument -- "), std::string::npos);
+    EXPECT_NE(run.diagnostics.find(row.diagnostics), std::string::npos) << run.diagnostics;
   }
-}
-
-TEST(RefusedCommandLine, ALongSwitchWithoutItsArgument) {
-  for (const char* option : {"--filename", "--dir", "--parsedir"}) {
-    SCOPED_TRACE(option);
-    const scratch_folder folder;
-    const run_result run = run_tool({"-v", option}, folder.path());
-    expect_run(run, 255, unknown_switch);
-    EXPECT_NE(run.diagnostics.find("requires an argument"), std::string::npos);
-  }
-}
-
-TEST(RefusedCommandLine, ASwitchWithAnArgumentThatItDoesNotTake) {
-  const scratch_folder folder;
-  expect_run(run_tool({"--verbose=1"}, folder.path()), 255, unknown_switch);
-}
-
-TEST(RefusedCommandLine, AnAbbreviationOfTwoSwitches) {
-  const scratch_folder folder;
-  expect_run(run_tool({"--ver"}, folder.path()), 255, unknown_switch);
-}
-
-TEST(RefusedCommandLine, VersionHasNoShortForm) {
-  const scratch_folder folder;
-  expect_run(run_tool({"-V"}, folder.path()), 255, unknown_switch);
 }
 
 TEST(RefusedCommandLine, SwitchesBeforeTheUnknownOneAreNotActedOn) {
@@ -93,33 +71,27 @@ TEST(RefusedCommandLine, SwitchesAfterTheUnknownOneAreNotLookedAt) {
   expect_run(run_tool({"-xh", "--version"}, folder.path()), 255, unknown_switch);
 }
 
-TEST(RefusedCommandLine, APackageNameOf2049Characters) {
-  const scratch_folder folder;
-  folder.write("net.bin", package_header(0));
-  for (const char* option : {"-f", "--filename"}) {
-    expect_run(run_tool({"-v", option, long_path("net.bin", 2049)}, folder.path()), 255,
-               "error: filename exceed 2048\n" + usage_text);
-  }
-}
-
-TEST(RefusedCommandLine, AnInputFolderNameOf2049Characters) {
+TEST(RefusedCommandLine, OfANameOf2049Characters) {
+  const struct {
+    std::vector<std::string> options;
+    const char* name;
+    const char* message;
+  } rows[] = {
+      {{"-f", "--filename"}, "net.bin", "error: filename exceed 2048\n"},
+      {{"-d", "--dir"}, "in", "error: directory name exceed 2048\n"},
+      {{"-p", "--parsedir"}, ".", "error: parse folder name exceed 2048\n"},
+  };
   const scratch_folder folder;
   put_dag(folder, "net", dag_lines("net"));
-  for (const char* option : {"-d", "--dir"}) {
-    expect_run(run_tool({option, long_path("in", 2049)}, folder.path()), 255,
-               "error: directory name exceed 2048\n" + usage_text);
+  folder.write("net.bin", package_header(0));
+  const folder_content before = folder.files();
+  for (const auto& row : rows) {
+    for (const std::string& option : row.options) {
+      expect_run(run_tool({"-v", option, long_path(row.name, 2049)}, folder.path()), 255,
+                 row.message + usage_text);
+    }
   }
-  EXPECT_FALSE(folder.exists("morvane_gen.bin"));
-}
-
-TEST(RefusedCommandLine, AParseFolderNameOf2049Characters) {
-  const scratch_folder folder;
-  folder.write("morvane_gen.bin", package_header(0));
-  for (const char* option : {"-p", "--parsedir"}) {
-    expect_run(run_tool({"-v", option, long_path(".", 2049)}, folder.path()), 255,
-               "error: parse folder name exceed 2048\n" + usage_text);
-  }
-  EXPECT_FALSE(folder.exists("parse"));
+  expect_files(folder.files(), before);
 }
 
 TEST(RefusedCommandLine, OnlyTheFirstNameThatIsTooLongIsReported) {
@@ -138,23 +110,13 @@ TEST(LongestNames, Of2048CharactersAreTaken) {
   ASSERT_EQ(input.size(), 2048U);
   ASSERT_EQ(package.size(), 2048U);
   ASSERT_EQ(parsedir.size(), 2048U);
+  const dvi_fields dvi = {.img_size = 5, .pkg_size = 5, .dag_name = "net"};
   expect_run(run_tool({"-d", input, "-f", package, "-p", parsedir, "-v"}, folder.path()), 0,
              "warning: fail to find HMB input info in " + input + "/_net.h\n" +
                  "warning: fail to find HMB output info in " + input + "/_net.h\n" +
-                 "Save to file " + package + " with file size 173.\n" +
-                 "\n"
-                 "version 2.1.6 ( HASH b3b3814 ) dvi_num: 1\n"
-                 "\n"
-                 "dvi_id: 0\t dvi_img_vaddr: 0\t dvi_img_size: 5\t dvi_dag_vaddr: 0\t input_num: 0"
-                 "\t output_num: 0\t dvi_pkg_size: 5\t dvi_ppv: 0\t vproc_id: 0\t dag_name: net\n"
-                 "\n"
-                 "dvi_id: 0 dag_name: net input_num: 0 output_num: 0\n"
-                 "\n"
-                 ".dvi files are parsed to folder " +
-                 parsedir + "/parse\n\n");
-  expect_bytes(
-      folder.read("net.bin"),
-      package_header(1) + dvi_record({.img_size = 5, .pkg_size = 5, .dag_name = "net"}) + "image");
+                 "Save to file " + package + " with file size 173.\n\n" + report_begin({dvi}) +
+                 report_end(parsedir));
+  expect_bytes(folder.read("net.bin"), package_header(1) + dvi_record(dvi) + "image");
   EXPECT_EQ(folder.read("parse/net.dvi"), "image");
 }
 

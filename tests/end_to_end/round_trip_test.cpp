@@ -18,52 +18,6 @@ void go_round(const scratch_folder& folder) {
   EXPECT_EQ(run_tool({"-d", "parse", "-f", "second.bin", "-c"}, folder.path()).status, 0);
 }
 
-TEST(RoundTrip, GivesTheSamePackageWhereDagNamesCarryTheIndex) {
-  const scratch_folder folder;
-  put_dag(folder, "b_split_1",
-          "#define net_split_1_DAG_NAME net_split_1\n"
-          "#define net_split_1_use_ping_pong_vmem 1\n"
-          "#define net_split_1_image_start 4294967295\n"
-          "#define net_split_1_image_size 4\n"
-          "#define net_split_1_dagbin_start 7\n"
-          "/* HMB_output out */\n"
-          "#define net_split_1_out_W 4294967295\n"
-          "#define net_split_1_out_pflip 1\n"
-          "#define net_split_1_out_expoffset 128\n"
-          "#define net_split_1_out_qubrix_demangled_name a/b\n"
-          "/* $x */\n"
-          "#define x_bsize 4294967295\n",
-          "b...");
-  put_dag(folder, "a_split_0",
-          dag_lines("net_split_0", 2) + "/* HMB_input in */\n/* HMB_input more */\n" +
-              "/* SMB_input s */\n#define net_split_0_s_vbase_byte_offset 5\n",
-          "a.");
-  EXPECT_EQ(run_tool({"-d", "in", "-f", "first.bin", "-c"}, folder.path()).status, 0);
-  const std::string package =
-      package_header(2) +
-      dvi_record({.img_size = 2, .input_num = 2, .pkg_size = 2162, .dag_name = "net_split_0"}) +
-      dvi_record({.dvi_id = 1,
-                  .vproc_id = 1,
-                  .ppv = 1,
-                  .img_vaddr = 4294967295,
-                  .img_size = 4,
-                  .dag_vaddr = 7,
-                  .output_num = 1,
-                  .pkg_size = 1084,
-                  .dag_name = "net_split_1"}) +
-      port_record({.port_name = "in"}) + port_record({.port_name = "more"}) + "a." +
-      port_record({.port_name = "out",
-                   .layer_name = "a/b",
-                   .W = 4294967295,
-                   .flags = 0x20,
-                   .expoffset = 0x80}) +
-      "b..." + vproc_record(0, 1, 132) + vproc_record(1, 0, 136) + smb_record("s", 5) +
-      variable_record("x", 0, 4294967295);
-  expect_bytes(folder.read("first.bin"), package);
-  go_round(folder);
-  expect_bytes(folder.read("second.bin"), package);
-}
-
 TEST(RoundTrip, KeepsEveryRecordAndImageWhereDagNamesCarryNoIndex) {
   const scratch_folder folder;
   const std::string package = bytes_of_hex(expected_file("two_dags/package.hex"));
@@ -147,7 +101,7 @@ TEST(SampleFolder, StandsWhereThePackageLayoutSays) {
   expect_bytes(package.substr(13584, 4096), image("1"));  // after 6 ports
   expect_bytes(package.substr(20920, 3083), image("2"));  // after 3 ports
   expect_bytes(package.substr(24003, 36),
-               vproc_record(3, 2, 672) + vproc_record(0, 0, 0) + vproc_record(2, 3, 668));
+               vproc_record(3, 2, 672) + no_vproc + vproc_record(2, 3, 668));
 }
 
 }  // namespace

@@ -20,17 +20,15 @@ namespace {
 /// Runs the tool with a redirection of a shell, such as ">&-".
 run_result run_redirected(const std::string& redirection, const std::vector<std::string>& arguments,
                           const std::string& folder) {
-  std::vector<std::string> words = {"sh", "-c", "exec \"$@\" " + redirection, "sh"};
-  const std::vector<std::string> tool = tool_words(arguments);
-  words.insert(words.end(), tool.begin(), tool.end());
-  return run_program(words, folder);
+  return run_program(tool_words(arguments, {"sh", "-c", "exec \"$@\" " + redirection, "sh"}),
+                     folder);
 }
 
 /// A DAG whose packing prints warnings, and the package of it.
 std::string put_net(const scratch_folder& folder) {
   put_dag(folder, "net", dag_lines("net", 5), "image");
   return package_header(1) + dvi_record({.img_size = 5, .pkg_size = 5, .dag_name = "net"}) +
-         "image" + vproc_record(0, 0, 0);
+         "image" + no_vproc;
 }
 
 TEST(ClosedStream, MessagesOfAClosedStandardOutputStayOutOfThePackage) {

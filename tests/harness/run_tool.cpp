@@ -119,8 +119,11 @@ run_result run_morvane(const std::vector<std::string>& arguments, const std::str
   return run_program(morvane_words(arguments), folder);
 }
 
-std::vector<std::string> tool_words(const std::vector<std::string>& arguments) {
-  return prefixed(tool_path(), arguments);
+std::vector<std::string> tool_words(const std::vector<std::string>& arguments,
+                                    std::vector<std::string> starter) {
+  const std::vector<std::string> words = prefixed(tool_path(), arguments);
+  starter.insert(starter.end(), words.begin(), words.end());
+  return starter;
 }
 
 std::vector<std::string> morvane_words(const std::vector<std::string>& arguments) {

@@ -36,8 +36,10 @@ run_result run_tool(const std::vector<std::string>& arguments, const std::string
 /// Starts morvane in the same way.
 run_result run_morvane(const std::vector<std::string>& arguments, const std::string& folder);
 
-/// The commands of run_tool and run_morvane.
-std::vector<std::string> tool_words(const std::vector<std::string>& arguments);
+/// The commands of run_tool and run_morvane. The starter is the words of a program that starts the
+/// command.
+std::vector<std::string> tool_words(const std::vector<std::string>& arguments,
+                                    std::vector<std::string> starter = {});
 std::vector<std::string> morvane_words(const std::vector<std::string>& arguments);
 
 /// The run prefix: the words of a command that starts the tool, such as an emulator or a memory

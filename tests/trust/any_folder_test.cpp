@@ -10,7 +10,6 @@
 #include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
 #include "trust/test_size.h"
-#include "trust/tool_command.h"
 
 namespace morvane::test {
 namespace {
@@ -87,7 +86,7 @@ TEST(AnyFolder, APackRunEndsWithItsMessageInTime) {
     const scratch_folder scratch(fast_folder());
     fill_folder(scratch, random);
     const run_result run = run_program(
-        tool_command({"timeout", "60"}, {"-d", "in", "-f", "a.bin", "-c"}), scratch.path());
+        tool_words({"-d", "in", "-f", "a.bin", "-c"}, {"timeout", "60"}), scratch.path());
     ASSERT_TRUE(run.status == 0 || run.status == 255) << "case " << i << ": " << run.status << "\n"
                                                       << run.diagnostics;
     const bool saved = run.output.find("Save to file a.bin with file size ") != std::string::npos;

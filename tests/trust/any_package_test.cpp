@@ -162,23 +162,5 @@ TEST(AnyPackage, DamagesOfThePackageOfTheExamplesAreInspected) {
       {.package = package, .step = damage_step(31, 997), .largest_output = largest_output()});
 }
 
-TEST(AnyPackage, ANegativeCountStopsTheToolAfterTheReportSoFar) {
-  constexpr int aborted = 128 + 6;
-  const scratch_folder scratch;
-  const auto inspect = [&](const std::string& package) {
-    scratch.write("a.bin", package);
-    return run_tool({"-f", "a.bin", "-v", "-c"}, scratch.path());
-  };
-  const run_result negative_dvis = inspect(header(0x80000000));
-  EXPECT_EQ(negative_dvis.status, aborted);
-  EXPECT_EQ(negative_dvis.output, "version 2.1.6 ( HASH b3b3814 ) dvi_num: 2147483648\n");
-  EXPECT_EQ(inspect(header(1) + bytes(dvi("net", 0, 0xFFFFFFFF))).status, aborted);
-  EXPECT_EQ(inspect(header(1) + bytes(dvi("net", 0, 0, 0x80000000))).status, aborted);
-  EXPECT_EQ(inspect(header(1) + bytes(dvi("net", 0xFFFFFFFF))).status, aborted);
-  const std::string vproc = header(1) + bytes(dvi("net", 0));
-  EXPECT_EQ(inspect(vproc + bytes(vproc_desc{0x80000000, 0, 0})).status, aborted);
-  EXPECT_EQ(inspect(vproc + bytes(vproc_desc{0, 0xFFFFFFFF, 0})).status, aborted);
-}
-
 }  // namespace
 }  // namespace morvane::test

@@ -13,7 +13,6 @@
 #include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
 #include "trust/test_size.h"
-#include "trust/tool_command.h"
 
 namespace morvane::test {
 namespace {
@@ -93,8 +92,8 @@ std::map<std::string, std::string> pack_in_locale(const std::string& locale,
   }
   scratch.write("in/not_this.DV\xC4\xB0", "a dotted capital is another letter");
   scratch.write("in/nor_this.dv\xC4\xB1", "and so is a small one without a dot");
-  const run_result run = run_program(tool_command({"env", "LC_ALL=" + locale, "LOCPATH=" + locales},
-                                                  {"-d", "in", "-f", "a.bin", "-v", "-c"}),
+  const run_result run = run_program(tool_words({"-d", "in", "-f", "a.bin", "-v", "-c"},
+                                                {"env", "LC_ALL=" + locale, "LOCPATH=" + locales}),
                                      scratch.path());
   EXPECT_EQ(run.status, 0) << run.output;
   EXPECT_NE(run.output.find(" dvi_num: 3\n"), std::string::npos) << run.output;

@@ -23,14 +23,6 @@ inline std::string length_message(std::string_view limit_name, std::string_view 
   return line.append("\" with length [").append(std::to_string(text.size())).append("]\n");
 }
 
-/// A text with the path of the folder replaced by DIR.
-inline std::string with_dir(std::string text, std::string_view folder) {
-  for (std::size_t at = 0; (at = text.find(folder)) != std::string::npos;) {
-    text.replace(at, folder.size(), "DIR");
-  }
-  return text;
-}
-
 /// A line of this length: the text and a last word of "x".
 inline std::string line_of_length(std::string_view begin, std::size_t length) {
   std::string line(begin);
