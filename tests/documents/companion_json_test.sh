@@ -1,17 +1,12 @@
 # The JSON that morvane writes fits the schemas that are installed with it, and its SARIF fits the published
-# schema: for sound, damaged and unreadable packages and for names that are neither text nor UTF-8. The
-# argument is the folder of the node packages, which are fetched once.
+# schema: for sound, damaged and unreadable packages and for names that are neither text nor UTF-8.
 source "$SOURCE/tests/documents/test_folder.sh"
 source "$SOURCE/tests/documents/sample_packages.sh"
-source "$SOURCE/tests/documents/node_packages.sh"
-
-tests=$SOURCE/tests/documents/validator
-packages=$1
-fetch_packages "$tests" "$packages"
+source "$SOURCE/tests/node/packages.sh"
 
 # fits SCHEMA DOCUMENT ...
 fits() {
-  (cd "$packages" && node "$tests/validate.js" "$@")
+  run_node documents/validate_json.js "$@"
 }
 
 size=$(stat -c %s vproc.bin)

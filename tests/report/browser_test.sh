@@ -1,13 +1,9 @@
-# Pages in a real browser: see browser.js. The argument is the folder of the node packages, which are fetched
-# once.
+# Pages in a real browser: see browser.js.
 source "$SOURCE/tests/documents/test_folder.sh"
-source "$SOURCE/tests/documents/node_packages.sh"
+source "$SOURCE/tests/node/packages.sh"
 source "$SOURCE/tests/documents/sample_packages.sh"
 source "$SOURCE/tests/report/pages.sh"
 
-tests=$SOURCE/tests/report
-packages=$1
-fetch_packages "$tests" "$packages"
 for font in dejavu liberation; do
   [ -d /usr/share/fonts/truetype/$font ] || skip "the fonts of $font are missing"
 done
@@ -24,7 +20,7 @@ make_page changed --against 30.bin
 
 # looks_right PAGE ...
 looks_right() {
-  (cd "$packages" && node "$tests/browser.js" "$(command -v chromium)" "$@")
+  run_node report/browser.js "$(command -v chromium)" "$@"
 }
 looks_right "$PWD"/{sample,empty,hostile,crowded,block_cut,300,changed}.html || fail "a page does not look right"
 

@@ -1,13 +1,8 @@
 # Pages are valid HTML 5, for whatever package, and their policy allows their style sheet and nothing else.
-# The argument is the folder of the node packages, which are fetched once.
 source "$SOURCE/tests/documents/test_folder.sh"
-source "$SOURCE/tests/documents/node_packages.sh"
+source "$SOURCE/tests/node/packages.sh"
 source "$SOURCE/tests/documents/sample_packages.sh"
 source "$SOURCE/tests/report/pages.sh"
-
-tests=$SOURCE/tests/report
-packages=$1
-fetch_packages "$tests" "$packages"
 
 for kind in 1 3 30 300 1000 empty bare hostile crowded changed; do
   make_package $kind
@@ -26,7 +21,7 @@ make_page changed --against 30.bin
 
 # valid PAGE ...
 valid() {
-  (cd "$packages" && node "$tests/validate.js" "$@")
+  run_node report/validate_html.js "$@"
 }
 valid "$PWD"/*.html || fail "a page is not valid"
 

@@ -1,7 +1,7 @@
 // Compiles the package schema, reads a package with the resulting parser, and prints its records in the
 // words of the tool's report.
 //
-//     node report.js SCHEMA PACKAGE plain|vproc IMAGES
+//     node schema_report.js SCHEMA PACKAGE plain|vproc IMAGES
 //
 // The third argument says whether the parser must find a vproc section. IMAGES is the folder of the images
 // that were packed, named after the DAGs.
