@@ -2,7 +2,7 @@
 # Runs the suite with coverage and fails when it reaches too little of src/.
 source "$(dirname "$0")/requirements.sh"
 
-require_test
+require_every_test
 require gcovr gcovr
 
 cmake --preset coverage

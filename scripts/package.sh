@@ -112,7 +112,7 @@ cmp "$root/parse/wake_word_split_0.dvi" examples/wake_word/wake_word_split_0.dvi
 echo "Installed into an empty root, the tools pack, inspect and check the sample folder."
 
 [ -e "$root/usr/share/zsh/vendor-completions/_morvane_gen" ] || fail "Debian's zsh finds no completion"
-SOURCE=$PWD NEEDS="" bash tests/packaging/installed_documents_test.sh "$root/usr"
+TEST=packages SOURCE=$PWD NEEDS="" bash tests/packaging/installed_documents_test.sh "$root/usr"
 echo "The links and the commands of the installed documents work."
 
 mkdir dist

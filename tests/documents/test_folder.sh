@@ -1,11 +1,11 @@
 # Sourced by every test. Skips the test if a program is missing. Otherwise the test runs in a new folder, which
-# is removed at the end. SOURCE is the source folder, NEEDS the names of the programs.
+# is removed at the end. TEST is the name of the test, SOURCE the source folder, NEEDS the names of the programs.
 
 set -euo pipefail
 export LC_ALL=C
 
 skip() {
-  echo "skipped: $*"
+  echo "the test $TEST is skipped: $*"
   exit 77
 }
 

@@ -14,15 +14,14 @@ namespace {
 
 constexpr long allowed_kib = 64 * 1024;
 
-/// Whether the memory of the tool alone can be measured. If not, prints the reason.
-bool can_measure() {
-  if (under_sanitizer || !run_prefix().empty()) {
-    std::printf("not measured: the memory of the %s would be counted with the tool's\n",
-                under_sanitizer ? "sanitizer" : "run prefix");
-    return false;
+class MemoryFollowsTheFile : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (under_sanitizer || !run_prefix().empty()) {
+      GTEST_SKIP() << "the memory of a sanitizer or a run prefix would be counted with the tool's";
+    }
   }
-  return true;
-}
+};
 
 /// The greatest resident memory of an inspection, in KiB.
 long peak_of(const std::string& package) {
@@ -41,46 +40,31 @@ void expect_modest(const std::string& package) {
   EXPECT_LT(peak - baseline, allowed_kib);
 }
 
-TEST(MemoryFollowsTheFile, APromisedImageOfTwoGib) {
+TEST_F(MemoryFollowsTheFile, APromisedImageOfTwoGib) {
   const std::string package = header(1) + bytes(dvi("net", 0x7FFFFFFF));
   ASSERT_EQ(package.size(), 168U);
-  if (!can_measure()) {
-    GTEST_SKIP();
-  }
   expect_modest(package);
 }
 
-TEST(MemoryFollowsTheFile, PromisedPortsInAKibibyte) {
+TEST_F(MemoryFollowsTheFile, PromisedPortsInAKibibyte) {
   std::string package = header(1) + bytes(dvi("net", 0, 400'000));
   package.resize(1024, '\0');
-  if (!can_measure()) {
-    GTEST_SKIP();
-  }
   expect_modest(package);
 }
 
-TEST(MemoryFollowsTheFile, PromisedVprocRecordsInAKibibyte) {
+TEST_F(MemoryFollowsTheFile, PromisedVprocRecordsInAKibibyte) {
   std::string package = header(1) + bytes(dvi("net", 0)) + bytes(vproc_desc{200'000, 200'000, 0});
   package.resize(1024, '\0');
-  if (!can_measure()) {
-    GTEST_SKIP();
-  }
   expect_modest(package);
 }
 
-TEST(MemoryFollowsTheFile, PromisedDvisInAKibibyte) {
+TEST_F(MemoryFollowsTheFile, PromisedDvisInAKibibyte) {
   std::string package = header(40'000);
   package.resize(1024, '\0');
-  if (!can_measure()) {
-    GTEST_SKIP();
-  }
   expect_modest(package);
 }
 
-TEST(MemoryFollowsTheFile, AnImageOfAQuarterGibIsPackedAndExtracted) {
-  if (!can_measure()) {
-    GTEST_SKIP();
-  }
+TEST_F(MemoryFollowsTheFile, AnImageOfAQuarterGibIsPackedAndExtracted) {
   constexpr std::uintmax_t image_size = std::uintmax_t{256} << 20;
   const scratch_folder scratch(fast_folder());
   scratch.write("in/a.dvi", "");
@@ -95,10 +79,7 @@ TEST(MemoryFollowsTheFile, AnImageOfAQuarterGibIsPackedAndExtracted) {
   EXPECT_LT(run.peak_kib - baseline, allowed_kib);
 }
 
-TEST(MemoryFollowsTheFile, ALongParseDirectoryIsNotKeptForEveryDvi) {
-  if (!can_measure()) {
-    GTEST_SKIP();
-  }
+TEST_F(MemoryFollowsTheFile, ALongParseDirectoryIsNotKeptForEveryDvi) {
   constexpr int dvis = 4000;
   std::string package = header(dvis);
   for (int i = 0; i < dvis; ++i) {
