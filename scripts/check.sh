@@ -1,95 +1,107 @@
 #!/usr/bin/env bash
-# Everything a change must pass. Ends with the suite as README.md runs it; before that, two steps run at a time.
-# What a step prints stays in build-check/, and is shown when it fails. Installs what is missing.
+# check.sh [STEP ...]: everything a change must pass, or only the steps that are named: release, style, aarch64, asan,
+# proof, tidy, coverage, package, memory. Two steps run at a time; after all of them, the suite as README.md runs it.
+# A step fails when a test fails or is skipped. What it prints stays in build-check/, and is shown when it fails.
+# Installs what is missing.
 source "$(dirname "$0")/requirements.sh"
 
-require_build
-require libgtest-dev /usr/include/gtest/gtest.h clang-format clang-format cppcheck cppcheck git git
+require_test
+require clang-format clang-format cppcheck cppcheck git git
 
-# What only later steps need. It is installed while the first build runs.
+# What only later steps need. It is installed while the first two run.
 require_the_rest() {
+  require_every_test
   require_fuzz
   require_package
   require_proof
-  require clang-tidy clang-tidy valgrind valgrind gcovr gcovr \
-    qemu-user qemu-aarch64 googletest /usr/src/googletest/CMakeLists.txt
+  require clang-tidy clang-tidy valgrind valgrind gcovr gcovr googletest /usr/src/googletest/CMakeLists.txt
 }
 
 sources() {
-  git ls-files -co --exclude-standard -- "$@"
+  # Headers that the tool reads are not ours.
+  git ls-files -co --exclude-standard -- "$@" ':!*/_*.h' ':!tests/fuzz/corpus'
 }
 
-check_format() {
-  # Headers that the tool reads are not ours to format.
-  sources 'src/*.cpp' 'src/*.c' 'src/*.h' 'tests/*.cpp' 'tests/*.c' 'tests/*.h' 'examples/*.c' ':!*/_*.h' \
-    ':!tests/fuzz/corpus' |
-    xargs clang-format --dry-run --Werror
+# Tests that a build rules out for good say so: these words are in the reasons of tests that no sanitizer, no emulator
+# and no memory checker can run.
+ruled_out='sanitizer|emulator|run prefix'
+
+# nothing_skipped BUILD: fails when the last run of ctest there skipped another test.
+nothing_skipped() {
+  local skipped
+  skipped=$(awk -f tests/skipped_tests.awk "$1/Testing/Temporary/LastTest.log" | grep -v -E "$ruled_out" || :)
+  [ -z "$skipped" ] || { printf '%s\n' "$skipped"; return 1; }
 }
-
-check_cppcheck() {
-  cppcheck --enable=warning,performance,portability --std=c++20 --inline-suppr --error-exitcode=1 \
-    --quiet -I src -I src/format/include src
-}
-
-# The build of g++ without warnings is also measured, run under valgrind and tested at the end.
-check_release() {
-  cmake -B build -DCMAKE_BUILD_TYPE=Release -DBUILD_TESTING=ON -DMORVANE_WERROR=ON
-  cmake --build build --parallel "$(nproc)"
-}
-
-# Whether morvane is built changes no byte of morvane_gen and its library.
-check_same_bytes() {
-  cmake -B build-core -DCMAKE_BUILD_TYPE=Release -DBUILD_TESTING=OFF -DMORVANE_COMPANION=OFF
-  cmake --build build-core --parallel "$(nproc)" --target morvane_gen morvane
-  cmp build-core/morvane_gen build/morvane_gen
-  cmp build-core/libmorvane.so build/libmorvane.so
-}
-
-# clang-tidy spends its time in the headers that the sources share, so it gets many sources as one. Its checks that
-# follow paths look into these sources only if the path of the file that includes them has the word UnifiedSource.
-check_tidy() {
-  cmake -B build-UnifiedSource -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang \
-    -DCMAKE_UNITY_BUILD_BATCH_SIZE=32 -DBUILD_TESTING=OFF
-  find build-UnifiedSource -name 'unity_*.cxx' |
-    xargs -P "$(nproc)" -n 1 clang-tidy --quiet --checks=-bugprone-suspicious-include -p build-UnifiedSource
-}
-
-# compile_sources FOLDER OPTION ...: compiles the sources of both programs with clang.
-compile_sources() {
-  cmake -B "$1" -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang \
-    -DCMAKE_CXX_FLAGS_DEBUG=-g0 -DBUILD_TESTING=OFF -DMORVANE_WERROR=ON "${@:2}"
-  cmake --build "$1" --parallel "$(nproc)" --target morvane_core --target morvane_companion_core
-}
-
-# Each source file includes what it needs: it can be compiled alone.
-check_alone() { compile_sources build-alone -DCMAKE_UNITY_BUILD=OFF; }
-
-# No two files use a name for different things: any of them can be compiled as one.
-check_together() { compile_sources build-together -DCMAKE_UNITY_BUILD_BATCH_SIZE=0; }
 
 # suite PRESET: builds with warnings as errors and runs the tests.
 suite() {
   cmake --preset "$1" -DMORVANE_WERROR=ON
   cmake --build --preset "$1"
   ctest --preset "$1"
+  nothing_skipped "build-$1"
 }
 
-check_asan() { suite asan; }
+# The build that other steps, and the suite at the end, use. It begins as on a fresh machine: the demonstration builds
+# all that is installed.
+check_release() {
+  cmake -B build -DCMAKE_BUILD_TYPE=Release -DBUILD_TESTING=OFF -DMORVANE_WERROR=ON
+  cmake --build build --target clean
+  scripts/demo.sh
+  cmake --install build --prefix build-check/installed
+  scripts/bench.sh --quick
+  cmake -B build -DBUILD_TESTING=ON
+  cmake --build build --parallel "$(nproc)"
+}
+
+check_style() {
+  sources 'src/*.cpp' 'src/*.c' 'src/*.h' 'tests/*.cpp' 'tests/*.c' 'tests/*.h' 'examples/*.c' |
+    xargs clang-format --dry-run --Werror
+  cppcheck --enable=warning,performance,portability --std=c++20 --inline-suppr --error-exitcode=1 \
+    --quiet -I src -I src/format/include src
+}
+
 check_aarch64() { suite aarch64; }
-check_coverage() { scripts/coverage.sh; }
-check_fuzz() { scripts/fuzz.sh 20; }
-check_package() { scripts/package.sh build build-aarch64; }
-check_bench() { scripts/bench.sh --quick; }
+check_asan() { suite asan; }
 check_proof() { scripts/prove.sh; }
 
-# To read the names of inlined functions would take a sixth of the time.
-check_valgrind() {
+# Each source and each header, of the tests too, includes what it needs: it compiles alone.
+compile_alone() {
+  local compile=(clang++ -std=c++20 -fsyntax-only -I src -I src/format/include -I src/view/include -I tests)
+  sources 'src/*.cpp' | xargs -P "$(nproc)" -n 1 "${compile[@]}"
+  # Twice: a header may be included again.
+  sources 'src/*.h' 'tests/*.h' | xargs -P "$(nproc)" -I HEADER "${compile[@]}" -include HEADER -include HEADER \
+    -x c++ /dev/null
+}
+
+# clang-tidy spends its time in the headers that the sources share, so it gets all sources of a program as one. This
+# also shows that no two of them use a name for different things. Checks that follow paths look into these sources only
+# if the path of the file that includes them has the word UnifiedSource.
+check_tidy() {
+  compile_alone
+  cmake -B build-UnifiedSource -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang \
+    -DCMAKE_UNITY_BUILD_BATCH_SIZE=0 -DBUILD_TESTING=OFF
+  find build-UnifiedSource -name 'unity_*.cxx' |
+    xargs -P "$(nproc)" -n 1 clang-tidy --quiet --checks=-bugprone-suspicious-include -p build-UnifiedSource
+}
+
+check_coverage() {
+  scripts/coverage.sh
+  nothing_skipped build-coverage
+}
+
+check_package() { scripts/package.sh build build-aarch64; }
+
+# Every fuzz target for a short time, and the tests of the whole program under valgrind. To read the names of inlined
+# functions would take a sixth of valgrind's time.
+check_memory() {
+  scripts/fuzz.sh 20
   export MORVANE_RUN_PREFIX="valgrind --quiet --read-inline-info=no --leak-check=full --errors-for-leak-kinds=all \
     --error-exitcode=99"
   ctest --test-dir build --label-regex end_to_end --output-on-failure --no-tests=error --parallel "$(nproc)"
+  nothing_skipped build
 }
 
-declare -A running  # the step of each process
+declare -A running=()  # the step of each process
 failed=no
 # Every step has a process group of its own, which ends with this script.
 set -m
@@ -130,25 +142,46 @@ finish_all() {
   [ $failed = no ] || exit 1
 }
 
+# runs STEP ...: whether one of the steps is running.
+runs() {
+  local step
+  for step in "$@"; do
+    [[ " ${running[*]} " != *" $step "* ]] || return 0
+  done
+  return 1
+}
+
+# must_wait STEP: two steps are running, or one whose build the step uses.
+must_wait() {
+  [ ${#running[@]} -lt 2 ] || return 0
+  case $1 in
+    package) runs release aarch64 ;;
+    memory) runs release ;;
+    *) return 1 ;;
+  esac
+}
+
 mkdir -p build-check
 
-start format
-start cppcheck
-finish_all
-start release
+chosen=("$@")
+if [ $# -eq 0 ]; then
+  start release
+  start style
+  # The slowest first, so that both lanes end together.
+  chosen=(aarch64 asan proof tidy coverage package memory)
+fi
 require_the_rest
-finish_all
-
-# The slowest first, so that both lanes end together. The packages are made of the build of the step aarch64, too.
-for step in aarch64 asan proof tidy package coverage fuzz alone together same_bytes valgrind bench; do
-  while [ ${#running[@]} -ge 2 ] || [[ $step = package && " ${running[*]} " = *" aarch64 "* ]]; do
+for step in "${chosen[@]}"; do
+  while must_wait "$step"; do
     finish
   done
   [ $failed = no ] || break
-  start $step
+  start "$step"
 done
 finish_all
+[ $# -eq 0 ] || exit 0
 
 echo
 echo "== the suite (after $SECONDS s)"
 scripts/test.sh
+nothing_skipped build
