@@ -13,6 +13,25 @@
 
 namespace morvane::companion {
 
+namespace {
+
+/// Compares an input with the known output of its name in dims, format, size and offset.
+void check_input_flow(const morvane_view_port& input, const record_name& name,
+                      const known_outputs& outputs, const finding_sink& sink) {
+  const known_output* const output = source_of(input, outputs);
+  if (output == nullptr) {
+    return;
+  }
+  const std::string differing = flow_differences(flow_of(input), flow_of(output->port));
+  if (!differing.empty()) {
+    tell(sink, kind_of("port-mismatch"), input.offset,
+         joined(str(name), " ", in_quotes(str(input.port_name)), " differs from ",
+                str(output->name), ": ", differing));
+  }
+}
+
+}  // namespace
+
 void check_ports(const morvane_view& view, const morvane_view_dvi& dvi, known_outputs& outputs,
                  const finding_sink& sink) {
   for_each_input(view, dvi, [&](const morvane_view_port& port, const record_name& name) {

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "companion/package_walk.h"
 #include "companion/printable_text.h"
-#include "companion/record_rules.h"
 
 namespace morvane::companion {
 

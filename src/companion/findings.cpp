@@ -1,5 +1,7 @@
 #include "companion/findings.h"
 
+#include <utility>
+
 namespace morvane::companion {
 
 std::string_view name_of(severity level) {
@@ -11,6 +13,11 @@ std::string_view name_of(severity level) {
     default:
       return "note";
   }
+}
+
+void tell(const finding_sink& sink, const finding_kind* kind, std::size_t offset,
+          std::string text) {
+  sink({.kind = kind, .file = {}, .place = {.offset = offset}, .text = std::move(text)});
 }
 
 }  // namespace morvane::companion

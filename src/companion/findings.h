@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -174,5 +175,8 @@ inline severity level_of(const finding& found) {
 
 /// Takes the findings one after the other, as they are found.
 using finding_sink = std::function<void(const finding&)>;
+
+/// Makes a finding at an offset of a package and hands it to the sink.
+void tell(const finding_sink& sink, const finding_kind* kind, std::size_t offset, std::string text);
 
 }  // namespace morvane::companion

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "companion/bus_errors.h"
 #include "companion/command_line.h"
 #include "companion/console.h"
-#include "companion/package_bytes.h"
 
 namespace {
 
@@ -28,6 +28,6 @@ int run(const std::vector<std::string>& arguments) {
 
 int main(int argc, char** argv) {
   morvane::companion::settle_standard_streams();
-  morvane::companion::end_at_shrinking_files();
+  morvane::companion::end_at_bus_errors();
   return run({argv + (argc > 0 ? 1 : 0), argv + argc});
 }

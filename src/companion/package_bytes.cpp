@@ -7,11 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
-#include <string_view>
 
-#include "companion/console.h"
-#include "companion/emerging_file.h"
 #include "io/file.h"
 
 namespace morvane::companion {
@@ -42,14 +38,6 @@ int read_to_end(const file_handle& file, std::vector<std::uint8_t>& bytes) {
   }
   bytes.resize(filled);
   return 0;
-}
-
-extern "C" void end_at_cut_file(int /*signal*/) {
-  constexpr std::string_view text =
-      "morvane: a file cannot be read any more: it was cut, or its disk fails\n";
-  static_cast<void>(::write(STDERR_FILENO, text.data(), text.size()) < 0);
-  remove_temporary_files();
-  ::_exit(status_failed);
 }
 
 }  // namespace
@@ -138,10 +126,6 @@ int package_bytes::load(file_handle file) {
   }
   swap(loaded);
   return 0;
-}
-
-void end_at_shrinking_files() {
-  std::signal(SIGBUS, end_at_cut_file);  // NOLINT(cert-err33-c): SIGBUS can be handled
 }
 
 }  // namespace morvane::companion

@@ -64,8 +64,4 @@ class package_bytes {
   std::vector<std::uint8_t> read_;  // of what cannot be mapped
 };
 
-/// From here on, a mapped file that is cut by somebody else ends the program with status_failed and
-/// a message, and without its temporary files.
-void end_at_shrinking_files();
-
 }  // namespace morvane::companion

@@ -4,8 +4,6 @@
 #include <string>
 #include <tuple>
 
-#include "companion/printable_text.h"
-#include "companion/record_rules.h"
 #include "io/message.h"
 
 namespace morvane::companion {
@@ -32,20 +30,6 @@ void remember_output(const morvane_view_port& output, const record_name& name,
 const known_output* source_of(const morvane_view_port& input, const known_outputs& outputs) {
   const auto output = outputs.find(str(input.port_name));
   return input.port_name.length == 0 || output == outputs.end() ? nullptr : &output->second;
-}
-
-void check_input_flow(const morvane_view_port& input, const record_name& name,
-                      const known_outputs& outputs, const finding_sink& sink) {
-  const known_output* const output = source_of(input, outputs);
-  if (output == nullptr) {
-    return;
-  }
-  const std::string differing = flow_differences(flow_of(input), flow_of(output->port));
-  if (!differing.empty()) {
-    tell(sink, kind_of("port-mismatch"), input.offset,
-         joined(str(name), " ", in_quotes(str(input.port_name)), " differs from ",
-                str(output->name), ": ", differing));
-  }
 }
 
 }  // namespace morvane::companion

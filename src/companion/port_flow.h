@@ -9,7 +9,6 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "companion/findings.h"
 #include "companion/package_walk.h"
 
 namespace morvane::companion {
@@ -44,10 +43,5 @@ void remember_output(const morvane_view_port& output, const record_name& name,
 /// The output that an input gets its data from, or null. An input without a name gets data from
 /// nowhere.
 const known_output* source_of(const morvane_view_port& input, const known_outputs& outputs);
-
-/// Tells the sink when an input differs from the known output of its name in dims, format, size or
-/// offset.
-void check_input_flow(const morvane_view_port& input, const record_name& name,
-                      const known_outputs& outputs, const finding_sink& sink);
 
 }  // namespace morvane::companion

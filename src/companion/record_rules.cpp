@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "companion/printable_text.h"
+#include "companion/safe_names.h"
 
 namespace morvane::companion {
 
@@ -40,10 +41,6 @@ void tell(const finding_sink& sink, const finding_kind* kind, const placed_text&
           std::size_t skipped, std::string_view what) {
   tell(sink, kind, placed.record_offset + placed.field.offset + skipped,
        joined(str(placed.record), ": ", placed.field.name, what));
-}
-
-bool holds_control_character(std::string_view text) {
-  return std::ranges::any_of(text, is_control);
 }
 
 /// Whether all bytes of a field are 0. The C library compares many at a time.
@@ -122,21 +119,6 @@ void check_flags(const morvane_view_port& port, const record_name& name, const f
 }
 
 }  // namespace
-
-std::string_view unsafe_part(std::string_view name) {
-  if (name == "." || name == "..") {
-    return " stands for a folder";
-  }
-  if (name.find('/') != std::string_view::npos) {
-    return " holds a slash";
-  }
-  return holds_control_character(name) ? " holds a control character" : "";
-}
-
-void tell(const finding_sink& sink, const finding_kind* kind, std::size_t offset,
-          std::string text) {
-  sink({.kind = kind, .file = {}, .place = {.offset = offset}, .text = std::move(text)});
-}
 
 void check_dvi(const morvane_view_dvi& dvi, const finding_sink& sink) {
   const record_name name{.dvi = dvi.position};

@@ -12,12 +12,6 @@
 
 namespace morvane::companion {
 
-/// Makes a finding at an offset of a package and hands it to the sink.
-void tell(const finding_sink& sink, const finding_kind* kind, std::size_t offset, std::string text);
-
-/// Why a DAG name cannot be used as a file name; empty when it can.
-std::string_view unsafe_part(std::string_view name);
-
 /// Each checks what its record holds and tells the sink what is wrong.
 void check_dvi(const morvane_view_dvi& dvi, const finding_sink& sink);
 void check_port(const morvane_view_port& port, const record_name& name, const finding_sink& sink);

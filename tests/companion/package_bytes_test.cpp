@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <thread>
 
+#include "companion/bus_errors.h"
 #include "harness/scratch_folder.h"
 
 namespace morvane::test {
@@ -80,10 +81,11 @@ TEST(PackageBytesDeathTest, EndTheProgramWhenTheFileIsCut) {
   std::filesystem::resize_file(folder.path("net.bin"), 0);
   EXPECT_EXIT(
       {
-        companion::end_at_shrinking_files();
+        companion::end_at_bus_errors();
         static_cast<void>(text_of(package));
       },
-      testing::ExitedWithCode(2), "^morvane: a file cannot be read any more: it was cut, or its disk fails\n$");
+      testing::ExitedWithCode(2),
+      "^morvane: a file cannot be read any more: it was cut, or its disk fails\n$");
 }
 
 }  // namespace

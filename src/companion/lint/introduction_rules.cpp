@@ -7,7 +7,7 @@
 #include "companion/lint/c_text.h"
 #include "companion/lint/value_rules.h"
 #include "companion/printable_text.h"
-#include "companion/record_rules.h"
+#include "companion/safe_names.h"
 #include "format/length_limits.h"
 #include "headers/line_scanner.h"
 

@@ -4,7 +4,6 @@
 
 #include "companion/package_walk.h"
 #include "companion/report/file_name.h"
-#include "companion/report/html_text.h"
 #include "companion/tell_differences.h"
 
 namespace morvane::companion {

@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "companion/check_package.h"
+#include "companion/console.h"
 #include "companion/finding_output.h"
 #include "companion/opened_package.h"
 #include "companion/report/network_flow.h"
 #include "companion/report/package_changes.h"
-#include "companion/report/page_output.h"
 
 namespace morvane::companion {
 
