@@ -48,7 +48,7 @@ build build
 build build-static -DMORVANE_STATIC_RUNTIME=ON
 tool=$PWD/build/morvane_gen
 static_tool=$PWD/build-static/morvane_gen
-companion=$PWD/build/morvane
+morvane=$PWD/build/morvane
 generator=$PWD/tests/bench/compiler_output.awk
 view_bench=$PWD/tests/bench/package_view_bench.c
 view_library=(-I "$PWD/src/view/include" -I "$PWD/src/format/include" "$PWD/build/libmorvane_view.a")
@@ -285,26 +285,26 @@ pack_images() {
 row_diff() {
   pack_images
   cp net.bin copy.bin
-  "$companion" diff net.bin copy.bin >report || fail "equal packages differ"
-  ours=(0 out/report "$companion" diff net.bin copy.bin)
+  "$morvane" diff net.bin copy.bin >report || fail "equal packages differ"
+  ours=(0 out/report "$morvane" diff net.bin copy.bin)
   yardstick=(0 out/report cmp net.bin copy.bin)
   compare diff "compare two equal packages of $((4 * megabytes)) MiB" "cmp" "1.0"
   rm net.bin copy.bin
 }
 
 row_pack() {
-  "$companion" pack images -o net.bin --no-sync --quiet
+  "$morvane" pack images -o net.bin --no-sync --quiet
   "$tool" -d images -f copy.bin >report
   cmp net.bin copy.bin || fail "the two programs write different packages"
   rm net.bin copy.bin
-  ours=(0 out/report "$companion" pack images -o out/net.bin --no-sync)
+  ours=(0 out/report "$morvane" pack images -o out/net.bin --no-sync)
   yardstick=(0 out/report "$tool" -d images -f out/net.bin)
   compare pack "morvane pack, 4 images of $megabytes MiB" "morvane_gen" "1.5, 16 MiB"
 }
 
 row_packs() {
   make_folder small dags="$small_dags" ports=2 image_size=100
-  ours=(0 out/report "$companion" pack small -o out/net.bin --no-sync)
+  ours=(0 out/report "$morvane" pack small -o out/net.bin --no-sync)
   yardstick=(0 out/report "$tool" -d small -f out/net.bin)
   compare packs "morvane pack, $small_dags DAGs" "morvane_gen" "1.6"
   rm -rf small
@@ -312,13 +312,13 @@ row_packs() {
 
 # check_lint FOLDER: the linter finds nothing in it.
 check_lint() {
-  "$companion" lint --quiet --werror "$1" >report || fail "linting $1: $(head -1 report)"
+  "$morvane" lint --quiet --werror "$1" >report || fail "linting $1: $(head -1 report)"
 }
 
 row_lint() {
   make_folder small dags="$small_dags" ports=2 image_size=300
   check_lint small
-  ours=(0 out/report "$companion" lint small)
+  ours=(0 out/report "$morvane" lint small)
   yardstick=(0 out/report "$tool" -d small -f out/net.bin)
   compare lint "lint $small_dags DAGs" "morvane_gen packs them" "1.5"
   rm -rf small
@@ -328,8 +328,8 @@ row_lints() {
   make_folder few dags="$few_dags" ports=2 image_size=300
   make_folder many dags="$many_dags" ports=2 image_size=300
   check_lint many
-  ours=(0 out/report "$companion" lint many)
-  yardstick=(0 out/report "$companion" lint few)
+  ours=(0 out/report "$morvane" lint many)
+  yardstick=(0 out/report "$morvane" lint few)
   compare lints "lint $many_dags DAGs" "itself, $few_dags DAGs" "11"
   rm -rf few many
 }
@@ -337,7 +337,7 @@ row_lints() {
 row_lintw() {
   make_folder wide dags=1 ports="$many_ports" image_size=300
   check_lint wide
-  ours=(0 out/report "$companion" lint wide)
+  ours=(0 out/report "$morvane" lint wide)
   yardstick=(0 out/report "$tool" -d wide -f out/net.bin)
   compare lintw "lint a header of $many_ports ports" "morvane_gen packs it" "1.5"
   rm -rf wide
@@ -345,24 +345,24 @@ row_lintw() {
 
 row_extract() {
   pack_images
-  "$companion" extract -o - net.bin net_split_1 | cmp - "${images[1]}" || fail "the image differs"
-  ours=(0 out/copy "$companion" extract -o - net.bin net_split_1)
+  "$morvane" extract -o - net.bin net_split_1 | cmp - "${images[1]}" || fail "the image differs"
+  ours=(0 out/copy "$morvane" extract -o - net.bin net_split_1)
   yardstick=(0 out/copy cat "${images[1]}")
   compare extract "extract $megabytes MiB to standard output" "cat of the image into a file" "1.1"
   rm net.bin
 }
 
-# check_sound PACKAGE: the companion finds nothing in it.
+# check_sound PACKAGE: morvane finds nothing in it.
 check_sound() {
-  "$companion" check "$1" >report || fail "checking $1"
+  "$morvane" check "$1" >report || fail "checking $1"
   [ "$(wc -l <report)" -eq 1 ] && grep -q ': sound, ' report || fail "checking $1: $(head -1 report)"
 }
 
 row_check() {
   "$tool" -d images -f net.bin >report
   check_sound net.bin
-  ours=(0 out/report "$companion" check net.bin)
-  yardstick=(0 out/report "$companion" --version)
+  ours=(0 out/report "$morvane" check net.bin)
+  yardstick=(0 out/report "$morvane" --version)
   compare check "check 4 images of $megabytes MiB" "morvane --version" "1.3" "$starts"
   rm net.bin
 }
@@ -372,7 +372,7 @@ row_checks() {
   make_folder small dags="$small_dags" ports=2 image_size=300
   pack small net.bin "$(package_size "$small_dags" 2 300)"
   check_sound net.bin
-  ours=(0 out/report "$companion" check net.bin)
+  ours=(0 out/report "$morvane" check net.bin)
   yardstick=(0 /dev/null cat net.bin)
   compare checks "check $small_dags DVIs" "cat of the package to /dev/null" "2.0" 10
   rm -rf small net.bin
@@ -382,10 +382,10 @@ row_show() {
   make_folder large dags="$large_dags" ports=100 image_size=300
   pack large net.bin "$(package_size "$large_dags" 100 300)"
   rm -rf large
-  "$companion" show --json net.bin >shown
+  "$morvane" show --json net.bin >shown
   [ "$(grep -c '"port_name"' shown)" -eq $((large_dags * 100)) ] || fail "show leaves out ports"
   rm shown
-  ours=(0 out/report "$companion" show --json net.bin)
+  ours=(0 out/report "$morvane" show --json net.bin)
   yardstick=(1 out/report "$tool" -f net.bin -p out -v)
   compare show "show --json $large_dags DVIs of 100 ports" "morvane_gen -v" "1.0, 16 MiB"
   rm -f net.bin
@@ -395,11 +395,11 @@ row_report() {
   make_folder large dags="$large_dags" ports=100 image_size=300
   pack large net.bin "$(package_size "$large_dags" 100 300)"
   rm -rf large
-  "$companion" report net.bin >page
+  "$morvane" report net.bin >page
   [ "$(grep -c '<tr><th scope="row"><i class=' page)" -eq $((large_dags * 100)) ] || fail "report leaves out ports"
   rm page
-  ours=(0 out/report "$companion" report net.bin)
-  yardstick=(0 out/report "$companion" show net.bin)
+  ours=(0 out/report "$morvane" report net.bin)
+  yardstick=(0 out/report "$morvane" show net.bin)
   compare report "report $large_dags DVIs of 100 ports" "show" "3.0"
   rm -f net.bin
 }
@@ -445,7 +445,7 @@ inspect() {
 
 # run_row ROW: measures a row. The rows of morvane have names instead of numbers.
 run_row() {
-  if [[ $1 == [0-9]* ]] || [ -x "$companion" ]; then
+  if [[ $1 == [0-9]* ]] || [ -x "$morvane" ]; then
     "row_$1"
   else
     note "$1" "morvane $1" "morvane is not built here"

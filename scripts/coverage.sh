@@ -21,4 +21,4 @@ targets=build-coverage/CMakeFiles
 echo "morvane_gen:"
 require_coverage 99 95 $targets/morvane_core.dir $targets/morvane_gen.dir
 echo "morvane:"
-require_coverage 99 95 $targets/morvane_companion_core.dir $targets/morvane_companion.dir
+require_coverage 99 95 $targets/morvane_cli_core.dir $targets/morvane_cli.dir

@@ -13,7 +13,7 @@ seconds=$1
 if [ $# -eq 2 ]; then
   targets=("$2")
 else
-  targets=(header_parsers package_reader package_view folder_names pack_inspect_pack companion lint)
+  targets=(header_parsers package_reader package_view folder_names pack_inspect_pack package_commands lint)
 fi
 
 require_fuzz

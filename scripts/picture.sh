@@ -7,7 +7,7 @@ require chromium chromium fonts-dejavu-core /usr/share/fonts/truetype/dejavu
 if [ ! -e build/CMakeCache.txt ]; then
   cmake -B build -DBUILD_TESTING=OFF >/dev/null
 fi
-cmake --build build --parallel "$(nproc)" --target morvane_companion
+cmake --build build --parallel "$(nproc)" --target morvane_cli
 
 scratch=$(mktemp -d "${TMPDIR:-/tmp}/morvane_picture.XXXXXX")
 trap 'rm -rf "$scratch"' EXIT

@@ -10,7 +10,7 @@ namespace morvane {
 
 namespace {
 
-thread_local collected_messages* collector = nullptr;
+collected_messages* collector = nullptr;
 
 }  // namespace
 

@@ -39,8 +39,8 @@ void append_pieces(std::string& text, const Pieces&... pieces) {
 /// Writes a text to standard output at once, without a buffer between.
 void print_text(std::string_view text);
 
-/// As long as it lives, print_text in its thread appends to its text instead, or forgets what it
-/// was to print. The last one of a thread counts.
+/// As long as it lives, print_text appends to its text instead, or forgets what it was to print.
+/// The last one counts.
 class collected_messages {
  public:
   explicit collected_messages(bool keeps_them = true);

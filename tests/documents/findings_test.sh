@@ -3,7 +3,7 @@
 source "$SOURCE/tests/documents/test_folder.sh"
 
 # finding_kind{"code", severity::error, "Meaning."}, also over several lines.
-tr -s ' \n' ' ' <"$SOURCE/src/companion/findings.h" | sed 's/finding_kind{ /finding_kind{/g' |
+tr -s ' \n' ' ' <"$SOURCE/src/cli/findings/findings.h" | sed 's/finding_kind{ /finding_kind{/g' |
   grep -o 'finding_kind{"[a-z0-9-]*", severity::[a-z]*, "[^"]*"}' |
   sed 's/finding_kind{"\(.*\)", severity::\(.*\), "\(.*\)"}/\2 \1 \3/' >known
 # "## Errors" begins a severity, "### `code`" an entry; its first paragraph is the meaning.
@@ -13,7 +13,7 @@ awk '
   code != "" && !told && $0 != "" { meaning = meaning (meaning == "" ? "" : " ") $0 }
   code != "" && !told && $0 == "" && meaning != "" { print severity, code, meaning; told = 1 }
 ' "$SOURCE/docs/findings.md" >shown
-[ "$(wc -l <known)" -eq "$(grep -c 'severity::[a-z]*,' "$SOURCE/src/companion/findings.h")" ] ||
+[ "$(wc -l <known)" -eq "$(grep -c 'severity::[a-z]*,' "$SOURCE/src/cli/findings/findings.h")" ] ||
   fail "a row of findings.h is not understood"
 same "the findings" known shown
 

@@ -8,17 +8,17 @@
 #include <string>
 #include <vector>
 
-#include "companion/lint/lint_folder.h"
-#include "companion/packed_folder.h"
+#include "cli/lint/lint_folder.h"
+#include "cli/packed_folder.h"
 #include "fuzz/fuzz_target.h"
 #include "harness/scratch_folder.h"
 
 namespace morvane::test {
 namespace {
 
-using companion::severity;
+using cli::severity;
 
-constexpr std::size_t most_files = 12;
+constexpr std::size_t max_files = 12;
 
 bool write_bytes_to(const std::string& path, std::string_view content) {
   const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
@@ -37,7 +37,7 @@ std::vector<std::string> make_files(const std::string& folder, std::string_view 
   std::string all(names);
   all += " net_split_0.dvi _net_split_0.h";
   std::vector<std::string> made;
-  for (std::size_t begin = 0; begin < all.size() && made.size() < most_files;) {
+  for (std::size_t begin = 0; begin < all.size() && made.size() < max_files;) {
     const std::size_t end = std::min(all.find(' ', begin), all.size());
     const std::string name = all.substr(begin, end - begin);
     const bool is_name = !name.empty() && name.find('/') == std::string::npos && name != "." &&
@@ -57,9 +57,9 @@ bool lint(const std::string& folder, bool vproc, std::string_view header) {
   bool has_error = false;
   std::string file;
   std::pair<std::uint32_t, std::uint32_t> last;
-  const int status = companion::lint_folder(
+  const int status = cli::lint_folder(
       {.folder = folder, .vproc = vproc, .notes = true},
-      [&](const companion::finding& found) {
+      [&](const cli::finding& found) {
         const std::pair place(found.place.line, found.place.column);
         require(found.file != file || last <= place, "findings come in the order of their places");
         require(place.first >= 1 && place.first <= lines && place.second >= 1 &&
@@ -68,7 +68,7 @@ bool lint(const std::string& folder, bool vproc, std::string_view header) {
         require(!found.text.empty(), "every finding says something");
         file = found.file;
         last = place;
-        has_error = has_error || companion::level_of(found) == severity::error;
+        has_error = has_error || cli::level_of(found) == severity::error;
       },
       [](std::size_t, std::size_t) {}, nullptr);
   require(status == 0, "the folder can be read");

@@ -140,7 +140,7 @@ std::string tool_path() {
   return MORVANE_TOOL;
 }
 std::string morvane_path() {
-  return MORVANE_COMPANION;
+  return MORVANE_CLI;
 }
 std::string library_path() {
   return MORVANE_LIBRARY;

@@ -1,0 +1,144 @@
+#include "cli/files/atomic_replacement.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+
+#include "cli/output/printable_text.h"
+
+namespace morvane::cli {
+
+namespace {
+
+/// The file that a path means after its symbolic links. The last link may lead to a missing file.
+std::filesystem::path target_of(const std::string& path) {
+  constexpr int max_links = 40;  // what the system follows
+  std::filesystem::path target(path);
+  std::error_code error;
+  for (int i = 0; i < max_links && std::filesystem::is_symlink(target, error); ++i) {
+    target = target.parent_path() / std::filesystem::read_symlink(target, error);
+  }
+  return target;
+}
+
+/// Looks at a regular file; nothing for a missing one. Returns 0 or an errno.
+int look_at(const std::filesystem::path& path, std::optional<struct stat>& older) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0) {
+    return errno == ENOENT ? 0 : errno;
+  }
+  if (!S_ISREG(status.st_mode)) {
+    return S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
+  }
+  older = status;
+  return 0;
+}
+
+/// Only a privileged program may give a file away; others may choose among their groups.
+void keep_owner(int file, const struct stat& older) {
+  constexpr auto same_owner = static_cast<uid_t>(-1);
+  static_cast<void>(::fchown(file, older.st_uid, older.st_gid) == 0 ||
+                    ::fchown(file, same_owner, older.st_gid) == 0);
+}
+
+}  // namespace
+
+int atomic_replacement::find(const std::string& path) {
+  const std::filesystem::path target = target_of(path);
+  if (const int error = look_at(target, older_); error != 0) {
+    return error;
+  }
+  name_ = target.filename().string();
+  folder_ = open_folder(target.has_parent_path() ? target.parent_path().string() : ".");
+  return folder_.is_open() ? 0 : errno;
+}
+
+std::optional<file_identity> atomic_replacement::folder() const {
+  const auto status = status_of(folder_);
+  return status ? std::optional(identity_in(*status)) : std::nullopt;
+}
+
+int atomic_replacement::prepare_sync() {
+  synchronised_ = open_at(folder_.descriptor(), ".", O_RDONLY | O_DIRECTORY);
+  return synchronised_.is_open() ? 0 : errno;
+}
+
+int atomic_replacement::create() {
+  constexpr mode_t only_mine = 0600;
+  file_.emplace(folder_);
+  const int error = file_->create();
+  if (error == 0 && older_) {
+    // Where this fails, the system has no permissions to keep.
+    static_cast<void>(::fchmod(descriptor(), only_mine));
+  }
+  return error;
+}
+
+int atomic_replacement::complete(bool sync) {
+  // Whatever the older file was trusted to do, nobody trusted this content. On a file the sticky
+  // bit means nothing.
+  constexpr mode_t kept_permissions = 0777;
+  const int file = descriptor();
+  if (older_) {
+    keep_owner(file, *older_);
+    struct stat status {};
+    if (::fchmod(file, older_->st_mode & kept_permissions) != 0 || ::fstat(file, &status) != 0) {
+      return errno;
+    }
+    newer_ = status;
+  }
+  return sync ? sync_file(file) : 0;
+}
+
+std::string_view atomic_replacement::lost() const {
+  const bool has_other_owner = newer_ && newer_->st_uid != older_->st_uid;
+  const bool has_other_group = newer_ && newer_->st_gid != older_->st_gid;
+  if (has_other_owner) {
+    return has_other_group ? "owner and group" : "owner";
+  }
+  return has_other_group ? "group" : "";
+}
+
+int atomic_replacement::put_in_place() {
+  return file_->put_in_place(name_, true);
+}
+
+int atomic_replacement::sync_folder() const {
+  return sync_file(synchronised_.descriptor());
+}
+
+int report_creation_error(std::string_view path, int error) {
+  return report_file_error(joined(path, ": no file can be created in its folder"), error);
+}
+
+void warn_of_loss(const atomic_replacement& file, std::string_view path, const console& streams) {
+  if (!file.lost().empty() && !streams.quiet) {
+    print_message(
+        joined(printable(path), ": does not keep the ", file.lost(), " of the older file"));
+  }
+}
+
+int finish_file(atomic_replacement& file, std::string_view path, const console& streams) {
+  int error = file.complete(false);
+  if (error == 0) {
+    error = file.put_in_place();
+  }
+  if (error != 0) {
+    return report_file_error(path, error);
+  }
+  warn_of_loss(file, path, streams);
+  return status_fine;
+}
+
+int sync_file(int descriptor) {
+  while (::fsync(descriptor) != 0) {
+    if (errno != EINTR) {
+      return errno == EINVAL ? 0 : errno;  // EINVAL: the file system has nothing to synchronise
+    }
+  }
+  return 0;
+}
+
+}  // namespace morvane::cli

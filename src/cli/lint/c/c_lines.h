@@ -1,0 +1,67 @@
+// What a C compiler sees of a header, line by line: macros, comments and conditions.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "cli/lint/c/macro_index.h"
+
+namespace morvane::cli {
+
+/// Whether a compiler takes a line up.
+enum class visibility {
+  active,
+  in_comment,  // nothing on it is outside comments
+  rest,        // it is the rest of the line before it, which ends in a backslash
+  inactive,    // a condition leaves it out
+  unknown      // it depends on a condition that the header alone does not decide
+};
+
+enum class directive { none, define, undef };
+
+/// A line as a compiler sees it. The texts lie in the header, or in the reader until the next line.
+struct c_line {
+  visibility state = visibility::active;
+  directive kind = directive::none;
+  std::string_view name{};       // of the macro
+  std::string_view name_rest{};  // what the next line adds to the name, behind a backslash
+  std::string_view word{};       // the name with all that follows it without white space
+  std::string_view value{};      // what replaces the macro, without comments
+  bool has_parameters = false;   // NAME(...)
+  bool continued = false;        // on a later line
+  std::size_t condition = 0;     // the place of the condition, in the header
+};
+
+/// A condition that is open.
+struct c_condition {
+  visibility now = visibility::active;    // of the lines from here on, by this condition alone
+  visibility taken = visibility::active;  // active: a branch was taken; inactive: none yet; unknown
+  std::size_t place = 0;                  // of its first line
+  visibility with_outer = visibility::active;  // by the conditions around it too
+  std::size_t deciding = 0;                    // the place of the one that decides
+};
+
+using asked_macros = std::unordered_map<std::string_view, visibility>;
+
+/// Reads the lines of a header one after the other.
+struct c_reader {
+  std::string_view header;
+  macro_index& macros;
+  /// The macros that conditions ask for, and whether they are defined where the reader is: active
+  /// or inactive.
+  asked_macros asked{};
+  bool in_comment = false;
+  bool in_line_comment = false;  // that a backslash leads on
+  bool in_directive = false;     // the comment or backslash belongs to a directive
+  bool continued = false;
+  std::vector<c_condition> conditions{};
+  std::string buffer{};
+};
+
+/// Takes the next line, all lines in their order.
+c_line read_c_line(c_reader& reader, std::string_view line);
+
+}  // namespace morvane::cli

@@ -1,0 +1,163 @@
+#include "cli/lint/rules/compare_header.h"
+
+#include <algorithm>
+
+#include "cli/lint/c/c_conditions.h"
+#include "cli/lint/c/c_lines.h"
+#include "cli/lint/rules/block_starts.h"
+#include "cli/lint/rules/comparison.h"
+#include "cli/lint/rules/ignored_macros.h"
+#include "cli/lint/rules/missing_blocks.h"
+#include "cli/lint/rules/repeated_macros.h"
+#include "cli/lint/rules/used_values.h"
+#include "cli/output/printable_text.h"
+#include "format/length_limits.h"
+
+namespace morvane::cli {
+
+namespace {
+
+/// What happened on a line, besides what C sees.
+struct line_events {
+  bool took_own = false;
+  bool took_stray = false;
+};
+
+void check_values(comparison& header, object_kind kind, const c_line& line, std::string_view text,
+                  std::size_t end, line_events& events) {
+  kind_cursor& cursor = header.cursor(kind);
+  const kind_reading& reading = header.reading.of(kind);
+  while (cursor.next_value < reading.values.size() &&
+         reading.values[cursor.next_value].place < end) {
+    const taken_value& taken = reading.values[cursor.next_value++];
+    const line_value value{.kind = kind,
+                           .block = static_cast<std::uint32_t>(cursor.next_block - 1),
+                           .row = &macros_of(kind)[taken.row],
+                           .word = header.reading.header.substr(taken.place, taken.length)};
+    const bool is_own = check_value(header, value, line, text);
+    cursor.taken_rows |= std::uint64_t{1} << taken.row;
+    events.took_own = events.took_own || is_own;
+    events.took_stray = events.took_stray || !is_own;
+  }
+}
+
+void check_introductions(comparison& header, object_kind kind, const c_line& line,
+                         std::string_view text, std::size_t end) {
+  kind_cursor& cursor = header.cursor(kind);
+  const auto& blocks = header.reading.of(kind).blocks;
+  while (cursor.next_block < blocks.size() &&
+         header.place_of(blocks[cursor.next_block].name) < end) {
+    note_defaults(header, kind);
+    check_block_end(header, kind);
+    const parsed_block& block = blocks[cursor.next_block++];
+    cursor.is_repeated = header.names.is_repeated(family_of(kind), block.name);
+    if (kind == object_kind::dag) {
+      check_dag_line(header, line, text);
+    } else {
+      check_introduction(header, kind, block, line, text);
+    }
+  }
+}
+
+/// Judges what a parser took from a line. Most lines hold nothing of most kinds.
+void check_kind(comparison& header, object_kind kind, const c_line& line, std::string_view text,
+                std::size_t end, line_events& events) {
+  kind_cursor& cursor = header.cursor(kind);
+  if (cursor.next_place >= end) {
+    return;
+  }
+  check_values(header, kind, line, text, end, events);
+  check_introductions(header, kind, line, text, end);
+  const auto& [blocks, values, stop, is_stopped] = header.reading.of(kind);
+  cursor.next_place = header.reading.header.size();
+  if (cursor.next_value < values.size()) {
+    cursor.next_place = values[cursor.next_value].place;
+  }
+  if (cursor.next_block < blocks.size()) {
+    cursor.next_place =
+        std::min(cursor.next_place, header.place_of(blocks[cursor.next_block].name));
+  }
+}
+
+/// What is before "_DAG_NAME" in the macro that names the DAG, if it is another name.
+std::string_view find_alias(const comparison& header, const c_line& line, std::string_view text) {
+  const std::string_view name = header.reading.dag_name;
+  const bool names_dag =
+      !name.empty() && text.data() <= name.data() && name.data() < text.data() + text.size();
+  if (!names_dag || line.kind != directive::define || !line.name.ends_with(dag_name_macro)) {
+    return {};
+  }
+  const std::string_view alias = line.name.substr(0, line.name.size() - dag_name_macro.size());
+  return alias == name ? std::string_view() : alias;
+}
+
+void check_line(comparison& header, const c_line& line, std::string_view text, std::size_t end) {
+  const std::size_t place = header.place_of(text);
+  if (text.size() > line_limit.longest) {
+    report(header, kind_of("line-too-long"), place,
+           joined("the line has ", text.size(), " bytes, and at most ", line_limit.longest,
+                  " are read: it is ignored"));
+    return;
+  }
+  const std::size_t nul = header.has_nul ? text.find('\0') : std::string_view::npos;
+  if (nul != std::string_view::npos) {
+    report(header, kind_of("nul-byte"), place + nul,
+           "a byte of the line is 0: no value behind it is read");
+  }
+  line_events events;
+  for (const object_kind kind : header.kinds) {
+    check_kind(header, kind, line, text, end, events);
+  }
+  if (!header.undefined.empty() && line.kind == directive::define &&
+      line.state != visibility::inactive) {
+    header.undefined.erase(line.name);
+  }
+  if (!events.took_own && line.kind != directive::none) {
+    check_unread(header, line, text, events.took_stray);
+  }
+}
+
+void check_whole(comparison& header) {
+  for (const object_kind kind : header.kinds) {
+    note_defaults(header, kind);
+    check_block_end(header, kind);
+  }
+  check_missing_block(header);
+  check_repeated(header);
+  check_undefined(header);
+  check_stops(header);
+  const std::string_view text = header.reading.header;
+  if (header.reading.dag_name.empty()) {
+    report(header, kind_of("no-dag-name"), 0,
+           joined("no line has a value for ", dag_name_macro,
+                  ": the DAG gets no name, no image and no counted ports"));
+  }
+  if (header.with_notes && !text.empty() && !text.ends_with('\n')) {
+    report(header, kind_of("no-trailing-newline"), text.size() - 1,
+           "the last line does not end in a newline: it is read all the same");
+  }
+}
+
+}  // namespace
+
+header_findings compare_header(const header_reading& reading, bool with_vproc, bool with_notes) {
+  comparison header(reading, with_vproc, with_notes);
+  header.prefixes.dag_name = reading.dag_name;
+  const std::string_view text = reading.header;
+  header.has_nul = text.find('\0') != std::string_view::npos;
+  c_reader reader{.header = text, .macros = header.macros, .asked = macros_of_conditions(text)};
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t newline = std::min(text.find('\n', begin), text.size());
+    const std::string_view line = text.substr(begin, newline - begin);
+    const c_line seen = read_c_line(reader, line);
+    if (header.prefixes.alias.empty()) {
+      header.prefixes.alias = find_alias(header, seen, line);
+    }
+    check_line(header, seen, line, newline);
+    begin = newline + 1;
+  }
+  check_whole(header);
+  return std::move(header.findings);
+}
+
+}  // namespace morvane::cli

@@ -1,0 +1,140 @@
+#include "cli/lint/rules/repeated_macros.h"
+
+#include <algorithm>
+#include <functional>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include "cli/lint/rules/value_rules.h"
+#include "cli/output/printable_text.h"
+
+namespace morvane::cli {
+
+namespace {
+
+using definitions = std::span<const own_definition>;
+
+std::string_view name_of(const comparison& header, const own_definition& definition) {
+  return header.reading.of(definition.kind).blocks[definition.block].name;
+}
+
+std::string macro_of(const comparison& header, const own_definition& definition) {
+  return printable(macro_name(definition.kind, name_of(header, definition), definition.row->suffix,
+                              header.prefixes));
+}
+
+bool is_same(const own_definition& one, const own_definition& other) {
+  return is_same_value(*one.row, one.word, other.word);
+}
+
+/// Each definition that changes the value of the one before.
+void check_changes(comparison& header, definitions all) {
+  for (std::size_t i = 1; i < all.size(); ++i) {
+    if (!is_same(all[i], all[i - 1])) {
+      report(header, kind_of("defined-twice"), all[i].place,
+             joined(macro_of(header, all[i]), " is ", packed_value(*all[i].row, all[i].word),
+                    " here, but ", packed_value(*all[i].row, all[i - 1].word), " on ",
+                    line_title(header, all[i - 1].place)));
+    }
+  }
+}
+
+std::pair<object_kind, std::uint32_t> block_of(const own_definition& definition) {
+  return {definition.kind, definition.block};
+}
+
+/// The definitions of a macro, block by block; those of a block in the order of the header.
+std::vector<own_definition> by_block(definitions all) {
+  std::vector<own_definition> ordered(all.begin(), all.end());
+  std::ranges::stable_sort(ordered, {}, block_of);
+  return ordered;
+}
+
+/// The last definition of a macro in a block; null if the block has none.
+const own_definition* last_in(definitions ordered, object_kind kind, std::uint32_t block) {
+  const std::pair wanted(kind, block);
+  const auto behind = std::ranges::upper_bound(ordered, wanted, {}, block_of);
+  return behind != ordered.begin() && block_of(behind[-1]) == wanted ? &behind[-1] : nullptr;
+}
+
+/// A block that holds another value than the last definition of all.
+void check_block(comparison& header, const own_definition& last, definitions ordered,
+                 object_kind kind, std::uint32_t index) {
+  const own_definition* const own = last_in(ordered, kind, index);
+  const parsed_block& block = header.reading.of(kind).blocks[index];
+  if (own == nullptr) {
+    if (!is_default(*last.row, last.c_value, empty_record(kind))) {
+      report(header, kind_of("defined-elsewhere"), last.place,
+             joined(macro_of(header, last), " is not in the block of ", block_title(kind, block),
+                    " on ", line_title(header, header.place_of(block.name)), ", which keeps ",
+                    default_value(*last.row, empty_record(kind))));
+    }
+  } else if (!is_same(*own, last)) {
+    report(header, kind_of("defined-twice"), own->place,
+           joined(macro_of(header, last), " is ", packed_value(*last.row, own->word), " in ",
+                  block_title(kind, block), ", but ", packed_value(*last.row, last.word), " on ",
+                  line_title(header, last.place), ", which C takes"));
+  }
+}
+
+/// A text that is still there when the next line is read: a value without its comments is not.
+std::string_view lasting(comparison& header, std::string_view text) {
+  const std::string_view all = header.reading.header;
+  const bool is_in_header = std::less_equal<>()(all.data(), text.data()) &&
+                            std::less_equal<>()(text.data(), all.data() + all.size());
+  return is_in_header || text.empty() ? text : header.kept_texts.emplace_back(text);
+}
+
+}  // namespace
+
+void remember_definition(comparison& header, own_definition definition) {
+  definition.c_value = lasting(header, definition.c_value);
+  kind_cursor& cursor = header.cursor(definition.kind);
+  const auto row = static_cast<std::size_t>(definition.row - macros_of(definition.kind).data());
+  row_state& state = cursor.rows.at(row);
+  const bool is_second = state.own.row != nullptr;
+  const bool has_many_blocks = cursor.is_repeated;
+  if (is_second && !has_many_blocks && state.replacement.empty() &&
+      is_same(state.own, definition)) {
+    state.own = definition;
+    return;
+  }
+  if (is_second && !has_many_blocks) {
+    header.repeated.push_back(state.own);
+  }
+  if (is_second || has_many_blocks) {
+    header.repeated.push_back(definition);
+  }
+  state = {.own = definition};
+}
+
+void check_repeated(comparison& header) {
+  std::vector<own_definition>& all = header.repeated;
+  const auto key = [&](const own_definition& d) {
+    return std::tuple(family_of(d.kind), name_of(header, d), d.row, d.place);
+  };
+  std::ranges::sort(all, {}, key);
+  // A definition may be noted twice.
+  const auto same_place = [](const own_definition& a, const own_definition& b) {
+    return a.place == b.place && a.kind == b.kind;
+  };
+  all.erase(std::unique(all.begin(), all.end(), same_place), all.end());
+  for (std::size_t begin = 0, end = 0; begin < all.size(); begin = end) {
+    const own_definition& first = all[begin];
+    while (end < all.size() && all[end].row == first.row &&
+           family_of(all[end].kind) == family_of(first.kind) &&
+           name_of(header, all[end]) == name_of(header, first)) {
+      ++end;
+    }
+    const definitions same = definitions(all).subspan(begin, end - begin);
+    check_changes(header, same);
+    const std::vector<own_definition> ordered = by_block(same);
+    header.names.for_each(family_of(first.kind), name_of(header, first),
+                          [&](const block_names::entry& block) {
+                            check_block(header, same.back(), ordered, block.kind, block.index);
+                          });
+  }
+}
+
+}  // namespace morvane::cli

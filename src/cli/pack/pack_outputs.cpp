@@ -1,0 +1,81 @@
+#include "cli/pack/pack_outputs.h"
+
+#include <algorithm>
+
+#include "cli/output/printable_text.h"
+#include "discovery/file_names.h"
+#include "format/file_naming.h"
+
+namespace morvane::cli {
+
+namespace {
+
+/// Whether a path leads to one of the inputs, under whatever name.
+bool is_packed_file(const parsed_folder& parsed, const std::string& path) {
+  const auto existing = identity_at(path);
+  const file_states& inputs = parsed.before;
+  return existing && std::ranges::find(inputs, *existing, &file_state::identity) != inputs.end();
+}
+
+/// Whether a header of this name would be read for one of the DVIs. One with the mark counts even
+/// if none is read now: it can make up for the last one that was missing.
+bool is_header_name(const input_list& dvis, const std::string& name) {
+  bool is_one = false;
+  for (const input_entry dvi : dvis) {
+    const std::string_view stem = get_file_stem(dvi.name);
+    is_one = is_one || name == header_name(stem) || name == marked_header_name(stem);
+  }
+  return is_one;
+}
+
+/// Whether the next run would take the file for one of its inputs.
+bool becomes_input(const pack_inputs& inputs, const atomic_replacement& output) {
+  return output.folder() == identity_at(inputs.folder) &&
+         (lower_case_type(output.name()) == dvi_type || is_header_name(inputs.dvis, output.name()));
+}
+
+int find_output(const std::string& path, const parsed_folder& parsed, atomic_replacement& output) {
+  if (is_packed_file(parsed, path)) {
+    print_message(joined(printable(path), ": is one of the files to pack"));
+    return status_failed;
+  }
+  if (const int error = output.find(path); error != 0) {
+    return report_file_error(path, error);
+  }
+  if (becomes_input(parsed.inputs, output)) {
+    print_message(joined(printable(path),
+                         ": with this name in this folder, the next run would pack the file itself "
+                         "or read it as a header"));
+    return status_failed;
+  }
+  return status_fine;
+}
+
+/// Whether two paths lead to the same file, which may not exist yet.
+bool is_same_file(const std::string& package, const std::string& depfile,
+                  const pack_outputs& outputs) {
+  const auto existing = identity_at(package);
+  return (existing && existing == identity_at(depfile)) ||
+         (outputs.package.name() == outputs.depfile.name() &&
+          outputs.package.folder() == outputs.depfile.folder());
+}
+
+}  // namespace
+
+int find_outputs(const std::string& package, const std::string& depfile,
+                 const parsed_folder& parsed, pack_outputs& outputs) {
+  const int status = find_output(package, parsed, outputs.package);
+  if (status != status_fine || depfile.empty()) {
+    return status;
+  }
+  if (const int other = find_output(depfile, parsed, outputs.depfile); other != status_fine) {
+    return other;
+  }
+  if (is_same_file(package, depfile, outputs)) {
+    print_message(joined(printable(depfile), ": the dependency file cannot be the package"));
+    return status_failed;
+  }
+  return status_fine;
+}
+
+}  // namespace morvane::cli

@@ -1,0 +1,40 @@
+#include "cli/package/opened_package.h"
+
+#include "cli/output/printable_text.h"
+
+namespace morvane::cli {
+
+int open_package(const std::string& path, opened_package& package) {
+  package.path = path;
+  if (const int error = package.bytes.load(path); error != 0) {
+    return error;
+  }
+  const auto bytes = package.bytes.bytes();
+  morvane_view_open(&package.view, bytes.data(), bytes.size(), &package.damage);
+  return 0;
+}
+
+void warn_of_damage(const opened_package& package, std::string_view participle, console& streams) {
+  if (is_damaged(package) && !streams.quiet) {
+    flush_results(streams);
+    print_message(joined(printable(package.path),
+                         ": the package is damaged; only what comes before the damage is ",
+                         participle, ", and morvane check tells more"));
+  }
+}
+
+std::uint64_t release_dvi(const opened_package& package, const morvane_view_dvi& dvi) {
+  const std::uint64_t ports = std::uint64_t{dvi.input_num} + dvi.output_num;
+  const std::uint64_t count = ports * sizeof(morvane_port_desc) + dvi.dvi_img_size;
+  package.bytes.release(dvi.block, count);
+  package.bytes.release(dvi.vproc_block, dvi.vproc_records_size);
+  return dvi.block + count;
+}
+
+std::span<const std::uint8_t> image_of(const morvane_view& view, const morvane_view_dvi& dvi) {
+  morvane_bytes image{};
+  const bool is_there = morvane_view_image(&view, &dvi, &image) == MORVANE_VIEW_OK;
+  return {is_there ? image.bytes : view.bytes, is_there ? image.size : 0};
+}
+
+}  // namespace morvane::cli

@@ -1,0 +1,67 @@
+// The bytes of a package: mapped from a file, or read from a pipe.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "io/file.h"
+
+namespace morvane::cli {
+
+/// Owns the bytes of a package for as long as it lives; views of the package end with it.
+class package_bytes {
+ public:
+  package_bytes() = default;
+  package_bytes(package_bytes&& other) noexcept { swap(other); }
+  package_bytes& operator=(package_bytes&& other) noexcept {
+    swap(other);
+    return *this;
+  }
+  package_bytes(const package_bytes&) = delete;
+  package_bytes& operator=(const package_bytes&) = delete;
+  ~package_bytes();
+
+  [[nodiscard]] std::span<const std::uint8_t> bytes() const { return {data_, size_}; }
+
+  /// Gives back the memory of so many bytes from an offset on, except the page in which they end.
+  /// They can still be read, at the cost of reading them from the file again. Bytes that do not
+  /// exist are ignored: another program may have changed the counts in the file.
+  void release(std::size_t offset, std::uint64_t count) const;
+  void release(std::span<const std::uint8_t> part) const {
+    release(static_cast<std::size_t>(part.data() - data_), part.size());
+  }
+
+  /// Asks the system for a large part of the bytes at once, instead of page by page where they are
+  /// read. Does nothing for a small part.
+  void fetch(std::span<const std::uint8_t> part) const;
+
+  /// Has the system copy a part of the bytes from their file to a descriptor. Returns the number of
+  /// bytes copied, which is smaller where the system cannot do that.
+  [[nodiscard]] std::size_t copy(std::span<const std::uint8_t> part, int descriptor) const;
+
+  /// Whether somebody made the file shorter since it was read.
+  [[nodiscard]] bool are_cut() const;
+
+  /// Reads a file, or anything else that ends, such as a pipe. Returns 0 or the errno of the
+  /// failure; the bytes are then as they were.
+  int load(const std::string& path);
+
+  /// Reads an open file in the same way, a regular one from its beginning. A handle that is closed
+  /// failed to open just now.
+  int load(file_handle file);
+
+ private:
+  void swap(package_bytes& other) noexcept;
+
+  const std::uint8_t* data_ = nullptr;
+  std::size_t size_ = 0;
+  bool is_mapped_ = false;
+  file_handle file_{};              // that is mapped
+  std::vector<std::uint8_t> read_;  // of what cannot be mapped
+};
+
+}  // namespace morvane::cli

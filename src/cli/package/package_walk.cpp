@@ -1,0 +1,23 @@
+#include "cli/package/package_walk.h"
+
+#include "io/message.h"
+
+namespace morvane::cli {
+
+std::string str(const record_name& name) {
+  std::string text;
+  if (!name.kind.empty()) {
+    append_pieces(text, name.kind, " ", name.index, " of ");
+  }
+  append_pieces(text, "DVI ", name.dvi);
+  return text;
+}
+
+record_name port_name_at(const morvane_view_dvi& dvi, std::uint32_t position) {
+  if (position < dvi.input_num) {
+    return {.dvi = dvi.position, .kind = "input", .index = position};
+  }
+  return {.dvi = dvi.position, .kind = "output", .index = position - dvi.input_num};
+}
+
+}  // namespace morvane::cli

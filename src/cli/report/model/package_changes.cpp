@@ -1,0 +1,92 @@
+#include "cli/report/model/package_changes.h"
+
+#include <variant>
+
+#include "cli/diff/report_differences.h"
+#include "cli/package/package_walk.h"
+#include "cli/report/model/file_name.h"
+
+namespace morvane::cli {
+
+namespace {
+
+/// Differences that are kept in memory. The others are counted.
+constexpr std::size_t max_changes = 20000;
+
+using dvi_positions = std::map<std::tuple<std::string_view, std::uint32_t>, std::uint32_t>;
+
+/// The positions of DVIs by name and occurrence.
+dvi_positions positions_in(const opened_package& package) {
+  dvi_positions positions;
+  std::unordered_map<std::string_view, std::uint32_t> occurrences;
+  for_each_dvi(package.view, [&](const morvane_view_dvi& dvi) {
+    const std::string_view name = str(dvi.dag_name);
+    positions.emplace(std::tuple(name, ++occurrences[name]), dvi.position);
+  });
+  return positions;
+}
+
+change_mark mark_of(const difference& found) {
+  return std::holds_alternative<appeared>(found.change) ? change_mark::added : change_mark::changed;
+}
+
+/// Marks the DVI that a difference belongs to.
+void mark_dvi(dvi_changes& dvi, const difference& found, bool is_kept, std::size_t at) {
+  const bool is_of_dvi = found.part.kind == part_kind::dvi;
+  if (dvi.mark == change_mark::none) {
+    dvi.mark = is_of_dvi ? mark_of(found) : change_mark::changed;
+  }
+  if (is_kept) {
+    dvi.first = dvi.count == 0 ? at : dvi.first;
+    ++dvi.count;
+  }
+  ++dvi.all;
+}
+
+std::uint64_t dvis_and_ports_of(const opened_package& package) {
+  std::uint64_t count = 0;
+  for_each_dvi(package.view, [&](const morvane_view_dvi& dvi) { count += 1 + port_count(dvi); });
+  return count;
+}
+
+}  // namespace
+
+package_changes find_changes(const opened_package& old_package, const opened_package& new_package,
+                             console& streams) {
+  package_changes changes{.old_name = file_name(old_package.path),
+                          .old_dvis_and_ports = dvis_and_ports_of(old_package),
+                          .is_old_damaged = is_damaged(old_package)};
+  changes.dvis.resize(new_package.view.sound_dvis);
+  const dvi_positions positions = positions_in(new_package);
+  report_differences(old_package, new_package, streams, [&](const difference& found) {
+    const bool is_kept = changes.kept.size() < max_changes;
+    const auto dvi = positions.find({found.part.dvi.name, found.part.dvi.occurrence});
+    if (found.part.kind != part_kind::package && dvi != positions.end()) {
+      mark_dvi(changes.dvis[dvi->second], found, is_kept, changes.kept.size());
+    }
+    if (is_kept) {
+      changes.kept.push_back(found);
+    }
+    ++changes.all;
+  });
+  return changes;
+}
+
+record_marks marks_of(const package_changes& changes, std::uint32_t dvi) {
+  record_marks marks;
+  const dvi_changes& range = changes.dvis[dvi];
+  for (std::size_t i = range.first; i < range.first + range.count; ++i) {
+    const compared_part& part = changes.kept[i].part;
+    marks.emplace(std::tuple(part.kind, part.record.name, part.record.occurrence),
+                  mark_of(changes.kept[i]));
+  }
+  return marks;
+}
+
+change_mark next_mark(const record_marks& marks, part_kind kind, std::string_view name,
+                      occurrence_counter& occurrences) {
+  const auto mark = marks.find({kind, name, occurrences.next(marks, name)});
+  return mark == marks.end() ? change_mark::none : mark->second;
+}
+
+}  // namespace morvane::cli

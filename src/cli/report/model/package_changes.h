@@ -1,0 +1,62 @@
+// What changed since an older package, by the DVIs and records of the new one.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <unordered_map>
+#include <vector>
+
+#include "cli/diff/difference.h"
+#include "cli/output/console.h"
+#include "cli/package/opened_package.h"
+
+namespace morvane::cli {
+
+/// What happened to a DVI, or to a record of one.
+enum class change_mark : std::uint8_t { none, changed, added };
+
+/// The changes of one DVI: a part of package_changes::kept.
+struct dvi_changes {
+  change_mark mark = change_mark::none;
+  std::size_t first = 0;
+  std::size_t count = 0;  // of those that are kept
+  std::uint64_t all = 0;
+};
+
+struct package_changes {
+  std::string old_name{};  // of the file
+  std::uint64_t old_dvis_and_ports = 0;
+  bool is_old_damaged = false;      // then what comes after the damage counts as missing
+  std::vector<difference> kept{};   // the first ones; names and texts lie in the packages
+  std::uint64_t all = 0;            // how many differences there are
+  std::vector<dvi_changes> dvis{};  // of the new package, by position
+};
+
+/// Compares the packages, which must live as long as the result.
+package_changes find_changes(const opened_package& old_package, const opened_package& new_package,
+                             console& streams);
+
+/// The marks of the records of a DVI, by kind, name and occurrence.
+using record_marks = std::map<std::tuple<part_kind, std::string_view, std::uint32_t>, change_mark>;
+
+record_marks marks_of(const package_changes& changes, std::uint32_t dvi);
+
+/// Counts how often each name was met.
+struct occurrence_counter {
+  std::unordered_map<std::string_view, std::uint32_t> counts{};
+
+  /// The occurrence of a name that is met now; not counted when no record has a mark.
+  std::uint32_t next(const record_marks& marks, std::string_view name) {
+    return marks.empty() ? 0 : ++counts[name];
+  }
+};
+
+/// The mark of a record; the records of a kind are asked for one after the other.
+change_mark next_mark(const record_marks& marks, part_kind kind, std::string_view name,
+                      occurrence_counter& occurrences);
+
+}  // namespace morvane::cli

@@ -1,0 +1,55 @@
+#include "cli/report/model/page_content.h"
+
+#include "cli/package/package_walk.h"
+
+namespace morvane::cli {
+
+namespace {
+
+/// Findings of one severity that are kept in memory. The others are counted.
+constexpr std::size_t max_kept = 200;
+
+void keep(const finding& found, checked_package& checked) {
+  count(found, checked.counts);
+  std::vector<finding>& list = found.kind->level == severity::error     ? checked.errors
+                               : found.kind->level == severity::warning ? checked.warnings
+                                                                        : checked.notes;
+  if (list.size() < max_kept) {
+    list.push_back(found);
+  }
+}
+
+checked_package check(const opened_package& package, console& streams) {
+  checked_package checked;
+  streams.progress = begin_progress(package.path, package.view.size, streams.quiet);
+  checked.summary = check_package(
+      package.bytes.bytes(), {.notes = true}, [&](const finding& found) { keep(found, checked); },
+      [&](std::uint64_t done) { show_progress(streams.progress, done); });
+  hide_progress(streams.progress);
+  return checked;
+}
+
+package_totals totals_of(const morvane_view& view) {
+  package_totals totals;
+  for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
+    totals.ports += port_count(dvi);
+    totals.variables += dvi.variable_num;
+    totals.smbs += dvi.smb_num;
+    totals.image_bytes += dvi.dvi_img_size;
+    if (dvi.dvi_img_size > totals.biggest.dvi_img_size) {
+      totals.biggest = dvi;
+    }
+  });
+  return totals;
+}
+
+}  // namespace
+
+page_content find_content(const opened_package& package, console& streams) {
+  return {.package = package,
+          .checked = check(package, streams),
+          .totals = totals_of(package.view),
+          .flow = find_flow(package)};
+}
+
+}  // namespace morvane::cli

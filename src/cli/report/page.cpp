@@ -1,0 +1,52 @@
+#include "cli/report/page.h"
+
+#include "cli/report/html/page_style.h"
+#include "cli/report/model/file_name.h"
+#include "cli/report/sections/dvi_tables.h"
+#include "cli/report/sections/file_picture.h"
+#include "cli/report/sections/memory_picture.h"
+#include "cli/report/sections/network_picture.h"
+#include "cli/report/sections/page_head.h"
+#include "format/build_constants.h"
+
+namespace morvane::cli {
+
+namespace {
+
+/// The policy allows this one style sheet and nothing else: no script, request, image or font.
+void write_document_head(const page_content& content, page_output& out) {
+  write(out,
+        "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
+        "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src '",
+        page_style_hash,
+        "'; base-uri 'none'; form-action 'none'\">\n"
+        "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
+        "<meta name=\"referrer\" content=\"no-referrer\">\n<title>",
+        html{file_name(content.package.path), max_file_name_bytes},
+        ": package report</title>\n<style>", page_style, "</style>\n</head>\n<body>\n");
+}
+
+}  // namespace
+
+void write_page(const page_content& content, page_output& out) {
+  write_document_head(content, out);
+  write_page_head(content, out);
+  write(out, "<main>\n");
+  write_findings(content, out);
+  write_changes(content, out);
+  write_network(content, out);
+  write_images(content, out);
+  write_port_bytes(content, out);
+  write_file(content, out);
+  write_dvis(content, out);
+  write(out, "</main>\n<footer>");
+  if (out.has_shortened) {
+    write(out,
+          "<p>Long names are shortened in their middle. <code>morvane show --json</code> writes "
+          "them as a whole.</p>\n");
+  }
+  write(out, "<p>Made by <code>morvane report</code>, ",
+        version_text(version_word, revision_hash()), ".</p></footer>\n</body>\n</html>\n");
+}
+
+}  // namespace morvane::cli

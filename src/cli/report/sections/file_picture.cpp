@@ -1,0 +1,160 @@
+#include "cli/report/sections/file_picture.h"
+
+#include <algorithm>
+
+#include "cli/output/printable_text.h"
+#include "cli/report/model/file_parts.h"
+#include "cli/report/sections/page_parts.h"
+
+namespace morvane::cli {
+
+namespace {
+
+/// Parts that have room in the bar.
+constexpr std::size_t max_parts = 48;
+
+/// Parts that are of no DVI, or of the vproc records of all.
+constexpr std::size_t max_parts_beside_dvis = 8;
+
+/// The row of the table in which an offset is; every part of the bar leads to one.
+struct row_link {
+  std::uint64_t offset;
+};
+void append_piece(std::string& page, row_link piece) {
+  append_pieces(page, "o", std::string_view(hexadecimal(piece.offset)).substr(2));
+}
+
+/// The class of the part of the file that a changed part of a DVI lies in.
+std::string_view place_of(part_kind kind) {
+  switch (kind) {
+    case part_kind::input:
+    case part_kind::output:
+      return "ports";
+    case part_kind::image:
+      return "image";
+    case part_kind::variable:
+    case part_kind::smb:
+      return "vproc";
+    default:
+      return "head";
+  }
+}
+
+/// Whether one of the DVIs that are joined in a part is new or changed.
+change_mark mark_of_joined(const package_changes& changes, const file_part& part) {
+  const auto first = changes.dvis.begin() + *part.dvi;
+  const auto found = std::find_if(first, first + part.joined_dvis, [](const dvi_changes& one) {
+    return one.mark != change_mark::none;
+  });
+  return found == first + part.joined_dvis ? change_mark::none
+         : part.joined_dvis == 1           ? found->mark
+                                           : change_mark::changed;
+}
+
+/// Whether a part of a DVI is new or changed.
+change_mark mark_of(const package_changes* changes, const file_part& part) {
+  if (changes != nullptr && part.joined_dvis != 0) {
+    return mark_of_joined(*changes, part);
+  }
+  const change_mark of_dvi = part.dvi ? mark_of_dvi(changes, *part.dvi) : change_mark::none;
+  if (of_dvi != change_mark::changed) {
+    return of_dvi;
+  }
+  const dvi_changes& range = changes->dvis[*part.dvi];
+  const auto first = changes->kept.begin() + static_cast<std::ptrdiff_t>(range.first);
+  const bool is_changed =
+      std::any_of(first, first + static_cast<std::ptrdiff_t>(range.count),
+                  [&](const difference& one) { return place_of(one.part.kind) == part.kind; });
+  return is_changed ? change_mark::changed : change_mark::none;
+}
+
+/// Below a part of the bar, what --against tells of it.
+void write_change(change_mark mark, const axis_bar& bar, page_output& out) {
+  if (mark != change_mark::none) {
+    write(out, bar_begin{"changed", bar, 45, 3}, word_of(mark), "</title></rect>");
+  }
+}
+
+/// Whether the table has a row of a part.
+bool has_row(const file_part& part, const page_limits& limits) {
+  return !limits.is_tight || !part.dvi || *part.dvi < limits.max_pictured;
+}
+
+void write_bar(const page_content& content, const std::vector<file_part>& parts, page_output& out) {
+  std::vector<std::uint64_t> sizes;
+  sizes.reserve(parts.size());
+  for (const file_part& part : parts) {
+    sizes.push_back(part.size);
+  }
+  const std::vector<std::uint64_t> widths = visible_widths(sizes);
+  write(out, "<svg class=\"file\" role=\"group\" aria-label=\"The parts of the file\">\n");
+  std::uint64_t place = 0;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const file_part& part = parts[i];
+    const axis_bar bar{place, widths[i]};
+    const bool is_link = has_row(part, out.limits);
+    if (is_link) {
+      write(out, "<a href=\"#", row_link{part.offset}, "\">");
+    }
+    write(out, bar_begin{part.kind, bar, 4, 40}, part.name, ", ", byte_size{part.size}, " at ",
+          hex{part.offset}, "</title></rect>");
+    write_change(mark_of(content.changes, part), bar, out);
+    write(out, is_link ? "</a>\n" : "\n");
+    place += widths[i];
+  }
+  write(out, "</svg>\n");
+}
+
+void write_table(const page_content& content, const std::vector<file_part>& parts,
+                 page_output& out) {
+  write(out, "<details", parts.size() <= max_parts ? " open" : "",
+        "><summary>Offsets and sizes of ", counted{parts.size(), "part"},
+        "</summary>\n<table class=\"parts\"><thead><tr>"
+        "<th scope=\"col\">Part</th><th scope=\"col\">Offset</th><th scope=\"col\">Size</th>"
+        "<th scope=\"col\">Share</th></tr></thead>\n<tbody>\n");
+  const std::uint64_t size = content.package.bytes.bytes().size();
+  for (const file_part& part : parts) {
+    if (!has_row(part, out.limits)) {
+      continue;
+    }
+    write(out, "<tr id=\"", row_link{part.offset}, "\"><th scope=\"row\"><i class=\"key ",
+          part.kind, "\"></i> ", part.name, mark_of(content.changes, part),
+          "</th><td class=\"mono\">", hex{part.offset}, "</td><td>", byte_size{part.size},
+          "</td><td>", percent{part.size * whole_axis / size}, "</td></tr>\n");
+  }
+  write(out, "</tbody></table>\n",
+        out.limits.is_tight ? left_out{content.package.view.sound_dvis, out.limits.max_pictured}
+                            : left_out{},
+        "</details>\n");
+}
+
+}  // namespace
+
+void write_file(const page_content& content, page_output& out) {
+  write(out,
+        "<section id=\"file\" aria-labelledby=\"file-head\">\n"
+        "<h2 id=\"file-head\">File</h2>\n");
+  const std::vector<file_part> parts = parts_of(content.package);
+  if (parts.empty()) {
+    write(out, "<p>The file is empty.</p>\n</section>\n");
+    return;
+  }
+  const std::size_t stretches =
+      std::clamp<std::size_t>(out.limits.is_tight ? out.limits.max_pictured : max_parts, 1,
+                              max_parts - max_parts_beside_dvis);
+  const bool is_joined = parts.size() > stretches + max_parts_beside_dvis;
+  write(out,
+        "<p>To scale, with small parts widened so that they can be seen: "
+        "<i class=\"key head\"></i> header and DVI table, <i class=\"key ports\"></i> ports, "
+        "<i class=\"key image\"></i> images, <i class=\"key vproc\"></i> vproc records.",
+        is_joined ? " A stretch of the bar holds ports and images of a DVI, or of several." : "",
+        content.changes == nullptr
+            ? ""
+            : " <i class=\"key changed\"></i> is below what is new or changed.",
+        "</p>\n");
+  write_bar(content, is_joined ? joined_parts(content.package, stretches) : parts, out);
+  write_table(content, parts, out);
+  write(out, "</section>\n");
+}
+
+}  // namespace morvane::cli

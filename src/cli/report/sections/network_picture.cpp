@@ -1,0 +1,58 @@
+#include "cli/report/sections/network_picture.h"
+
+#include <algorithm>
+
+#include "cli/package/package_walk.h"
+#include "cli/report/sections/network_rows.h"
+#include "cli/report/sections/page_parts.h"
+
+namespace morvane::cli {
+
+namespace {
+
+/// Whether every port gets a row.
+bool has_port_rows(const page_content& content) {
+  constexpr std::uint64_t max_dvis = 30;
+  constexpr std::uint64_t max_ports = 400;
+  return content.package.view.sound_dvis <= max_dvis && content.checked.summary.ports <= max_ports;
+}
+
+void write_sentence(const page_content& content, page_output& out) {
+  const auto differing = content.flow.mismatches.size() - 1;
+  if (content.flow.by_input.empty()) {
+    write(out, "<p>No DVI feeds another one");
+  } else {
+    write(out, "<p>", counted{content.flow.by_input.size(), "connection"}, " between ",
+          counted{content.package.view.sound_dvis, "DVI"},
+          ", from top to bottom in the order of the package. An input gets its data from the last "
+          "output of its name before it");
+  }
+  if (differing != 0) {
+    write(out, "; at <b class=\"bad\">", counted{differing, "input"},
+          "</b> dims, format, size or offset differ from the output's");
+  }
+  write(out,
+        ". Dims are P\xC3\x97"
+        "D\xC3\x97H\xC3\x97W.</p>\n");
+}
+
+}  // namespace
+
+void write_network(const page_content& content, page_output& out) {
+  write(out,
+        "<section id=\"network\" aria-labelledby=\"network-head\">\n"
+        "<h2 id=\"network-head\">Network</h2>\n");
+  if (content.package.view.sound_dvis == 0) {
+    write(out, "<p>There is no DVI to show.</p>\n</section>\n");
+    return;
+  }
+  write_sentence(content, out);
+  if (has_port_rows(content) && !out.limits.is_tight) {
+    write_port_rows(content, out);
+  } else {
+    write_dvi_rows(content, out);
+  }
+  write(out, left_out{content.package.view.sound_dvis, out.limits.max_pictured}, "</section>\n");
+}
+
+}  // namespace morvane::cli

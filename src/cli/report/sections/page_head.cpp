@@ -1,0 +1,164 @@
+#include "cli/report/sections/page_head.h"
+
+#include <algorithm>
+#include <span>
+
+#include "cli/output/printable_text.h"
+#include "cli/package/package_walk.h"
+#include "cli/report/model/file_name.h"
+#include "cli/report/sections/page_parts.h"
+#include "format/build_constants.h"
+
+namespace morvane::cli {
+
+namespace {
+
+void write_verdict(const page_content& content, page_output& out) {
+  const finding_counts& counts = content.checked.counts;
+  const bool is_sound = counts.errors == 0;
+  write(out, "<p><b class=\"verdict ", is_sound ? "sound" : "unsound", "\">",
+        is_sound ? "sound" : "not sound", "</b> ", counted{counts.errors, "error"}, ", ",
+        counted{counts.warnings, "warning"}, ", ", counted{counts.notes, "note"});
+  if (content.changes != nullptr) {
+    write(out, "; <a href=\"#changes\">", counted{content.changes->all, "difference"},
+          "</a> from <bdi>", html{content.changes->old_name, max_file_name_bytes}, "</bdi>");
+  }
+  write(out, "</p>\n");
+}
+
+template <class... Pieces>
+void write_fact(page_output& out, std::string_view name, const Pieces&... value) {
+  write(out, "<div><dt>", name, "</dt><dd>", value..., "</dd></div>\n");
+}
+
+void write_facts(const page_content& content, page_output& out) {
+  const morvane_view& view = content.package.view;
+  write(out, "<dl class=\"facts\">\n");
+  write_fact(out, "Size", byte_size{content.checked.summary.bytes});
+  if (content.checked.summary.bytes >= sizeof(morvane_pkg_header)) {
+    write_fact(out, "Tool", version_text(view.version, view.HASH));
+    write_fact(out, "DVIs", grouped{view.dvi_num});
+  }
+  write_fact(out, "Ports", grouped{content.checked.summary.ports});
+  write_fact(out, "Variables", grouped{content.totals.variables});
+  write_fact(out, "SMB blocks", grouped{content.totals.smbs});
+  write_fact(out, "Images", byte_size{content.totals.image_bytes});
+  write_fact(out, "vproc records", content.checked.summary.has_vproc ? "yes" : "no");
+  write(out, "</dl>\n");
+}
+
+/// What a stranger asks first.
+void write_short_answers(const page_content& content, page_output& out) {
+  const morvane_view_dvi& biggest = content.totals.biggest;
+  if (is_damaged(content.package)) {
+    write(out,
+          "<p class=\"bad\">The package is damaged. This page shows what comes before the "
+          "damage: ",
+          content.package.view.sound_dvis, " of ", count_of(content.package.view.dvi_num, "DVI"),
+          ".</p>\n");
+  }
+  if (biggest.dvi_img_size != 0) {
+    write(out, "<p>The biggest image is that of <b>", dvi_link{biggest.position}, "</b> ",
+          isolated{str(biggest.dag_name)}, ": ", byte_size{biggest.dvi_img_size}, " at ",
+          hex{biggest.dvi_img_vaddr}, ".</p>\n");
+  }
+}
+
+void write_navigation(const page_content& content, page_output& out) {
+  write(out, "<nav aria-label=\"Sections\"><ul>");
+  if (content.changes != nullptr) {
+    write(out, "<li><a href=\"#changes\">Changes</a></li>");
+  }
+  write(out,
+        "<li><a href=\"#network\">Network</a></li><li><a href=\"#memory\">Memory plan</a></li>"
+        "<li><a href=\"#ports\">Bytes of the ports</a></li><li><a href=\"#file\">File</a></li>"
+        "<li><a href=\"#dvis\">DVIs</a></li></ul></nav>\n");
+}
+
+void write_finding(const finding& found, page_output& out) {
+  write(out, "<li><b class=\"", name_of(found.kind->level), "\">", name_of(found.kind->level),
+        "</b> <span class=\"mono\">", hex{found.place.offset}, "</span> ",
+        isolated{found.text, max_sentence_bytes}, " <code>", found.kind->code, "</code></li>\n");
+}
+
+/// Writes the findings of one severity, notes folded.
+void write_severity(const std::vector<finding>& found, std::uint64_t all, std::string_view thing,
+                    page_output& out) {
+  if (all == 0) {
+    return;
+  }
+  constexpr std::uint64_t max_unfolded = 10;
+  const bool is_open = all <= max_unfolded && thing != "note";
+  write(out, "<details", is_open ? " open" : "", "><summary>", counted{all, thing},
+        "</summary>\n<ul class=\"findings\">\n");
+  const std::uint64_t shown =
+      write_entries(out, found, [&](const finding& one) { write_finding(one, out); });
+  if (all > shown) {
+    write(out, "<li>and ", grouped{all - shown},
+          " more, which <code>morvane check --notes"
+          "</code> tells</li>\n");
+  }
+  write(out, "</ul>\n</details>\n");
+}
+
+}  // namespace
+
+void write_page_head(const page_content& content, page_output& out) {
+  write(out, "<header>\n<p class=\"dim\">Package</p>\n<h1><bdi>",
+        html{file_name(content.package.path), max_file_name_bytes}, "</bdi></h1>\n");
+  write_verdict(content, out);
+  write_facts(content, out);
+  write_short_answers(content, out);
+  write_navigation(content, out);
+  write(out, "</header>\n");
+}
+
+void write_findings(const page_content& content, page_output& out) {
+  const checked_package& checked = content.checked;
+  const finding_counts& counts = checked.counts;
+  if (counts.errors + counts.warnings + counts.notes == 0) {
+    return;
+  }
+  write(out,
+        "<section id=\"findings\" aria-labelledby=\"findings-head\">\n"
+        "<h2 id=\"findings-head\">Findings</h2>\n");
+  write_severity(checked.errors, counts.errors, "error", out);
+  write_severity(checked.warnings, counts.warnings, "warning", out);
+  write_severity(checked.notes, counts.notes, "note", out);
+  write(out, "</section>\n");
+}
+
+void write_changes(const page_content& content, page_output& out) {
+  if (content.changes == nullptr) {
+    return;
+  }
+  const package_changes& changes = *content.changes;
+  constexpr std::size_t max_shown = 500;
+  constexpr std::uint64_t max_unfolded = 20;
+  write(out,
+        "<section id=\"changes\" aria-labelledby=\"changes-head\">\n"
+        "<h2 id=\"changes-head\">Changes since <bdi>",
+        html{changes.old_name, max_file_name_bytes}, "</bdi></h2>\n");
+  if (changes.is_old_damaged) {
+    write(out,
+          "<p class=\"bad\">The older package is damaged. What comes after its damage counts as "
+          "missing there, and is new here.</p>\n");
+  }
+  if (changes.all == 0) {
+    write(out, "<p>Every byte is the same.</p>\n</section>\n");
+    return;
+  }
+  write(out, "<details", changes.all <= max_unfolded ? " open" : "", "><summary>",
+        counted{changes.all, "difference"}, "</summary>\n<ul class=\"findings\">\n");
+  const auto kept = std::span(changes.kept).first(std::min(changes.kept.size(), max_shown));
+  const std::uint64_t shown =
+      write_entries(out, kept, [&](const difference& found) { write_difference(found, out); });
+  if (changes.all > shown) {
+    write(out, "<li>and ", grouped{changes.all - shown},
+          " more, which <code>morvane diff"
+          "</code> tells</li>\n");
+  }
+  write(out, "</ul>\n</details>\n</section>\n");
+}
+
+}  // namespace morvane::cli

@@ -1,0 +1,148 @@
+#include <algorithm>
+
+#include "cli/package/package_walk.h"
+#include "cli/report/sections/memory_picture.h"
+#include "cli/report/sections/page_parts.h"
+
+namespace morvane::cli {
+
+namespace {
+
+/// The bytes that the ports use, of each DVI that the picture shows.
+using ranges_of_dvis = std::vector<std::vector<used_range>>;
+
+ranges_of_dvis find_ranges(const morvane_view& view, std::uint32_t max_pictured) {
+  ranges_of_dvis ranges;
+  for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
+    if (dvi.position < max_pictured) {
+      ranges.push_back(port_ranges(view, dvi));
+    }
+  });
+  return ranges;
+}
+
+folded_axis axis_of(const ranges_of_dvis& ranges) {
+  std::vector<used_range> all;
+  for (const std::vector<used_range>& of_dvi : ranges) {
+    all.insert(all.end(), of_dvi.begin(), of_dvi.end());
+  }
+  return fold_axis(std::move(all));
+}
+
+/// The bytes that two ports share, each stretch of them once.
+std::vector<used_range> shared_bytes(const std::vector<overlap>& overlaps) {
+  std::vector<used_range> parts;
+  parts.reserve(overlaps.size());
+  for (const overlap& both : overlaps) {
+    parts.push_back(shared_part(both));
+  }
+  std::ranges::sort(parts, {}, &used_range::begin);
+  std::vector<used_range> stretches;
+  for (const used_range& part : parts) {
+    if (stretches.empty() || part.begin > stretches.back().end) {
+      stretches.push_back(part);
+    } else {
+      stretches.back().end = std::max(stretches.back().end, part.end);
+    }
+  }
+  return stretches;
+}
+
+/// Inputs are above, outputs below, and between them is what two ports share.
+void write_ports(const morvane_view_dvi& dvi, const std::vector<used_range>& ranges,
+                 const folded_axis& axis, const std::vector<overlap>& overlaps, page_output& out) {
+  write(out, "<svg class=\"ports\" role=\"img\"><title>Ports of DVI ", dvi.position, "</title>");
+  for (const used_range& range : ranges) {
+    if (range.begin == range.end) {
+      continue;
+    }
+    const record_name name = port_name_at(dvi, range.owner);
+    const bool is_input = name.kind == "input";
+    write(out,
+          bar_begin{is_input ? "in" : "out", bar_of(axis, range.begin, range.end),
+                    is_input ? 0U : 13U, 9},
+          name.kind, " ", name.index, ", ", rounded_size{range.end - range.begin}, " at ",
+          hex{range.begin}, "</title></rect>");
+  }
+  for (const used_range& range : shared_bytes(overlaps)) {
+    write(out, bar_begin{"shared", bar_of(axis, range.begin, range.end), 9, 4},
+          "shared bytes</title></rect>");
+  }
+  write(out, "</svg>");
+}
+
+/// "input 0 and output 1 share bytes", of many pairs only the first.
+void write_overlaps(const morvane_view_dvi& dvi, const std::vector<overlap>& overlaps,
+                    page_output& out) {
+  constexpr std::size_t max_pairs = 3;
+  if (overlaps.empty()) {
+    return;
+  }
+  write(out, " <b class=\"bad\">");
+  std::string_view separator;
+  for (std::size_t i = 0; i < std::min(overlaps.size(), max_pairs); ++i) {
+    const record_name one = port_name_at(dvi, overlaps[i].one.owner);
+    const record_name other = port_name_at(dvi, overlaps[i].other.owner);
+    write(out, separator, one.kind, " ", one.index, " and ", other.kind, " ", other.index);
+    separator = ", ";
+  }
+  write(out, " share bytes");
+  if (overlaps.size() > max_pairs) {
+    write(out, ", and ", overlaps.size() - max_pairs, " more");
+  }
+  write(out, "</b>");
+}
+
+void write_row(const page_content& content, const morvane_view_dvi& dvi,
+               const std::vector<used_range>& ranges, const folded_axis& axis, page_output& out) {
+  const std::vector<overlap> overlaps = find_overlaps(ranges);
+  write(out, "<li><div><b>", dvi_link{dvi.position}, "</b> ", pictured_name{str(dvi.dag_name)},
+        mark_of_dvi(content.changes, dvi.position));
+  if (!ranges.empty()) {
+    const std::uint64_t first = std::ranges::min(ranges, {}, &used_range::begin).begin;
+    const std::uint64_t end = std::ranges::max(ranges, {}, &used_range::end).end;
+    write(out, " <span class=\"mono\">", hex{first}, " to ", hex{std::max(end, first + 1) - 1},
+          "</span>");
+  }
+  write(out, " <span>", counted{dvi.input_num, "input"}, ", ", counted{dvi.output_num, "output"},
+        "</span>");
+  write_overlaps(dvi, overlaps, out);
+  write(out, "</div>");
+  write_ports(dvi, ranges, axis, overlaps, out);
+  write(out, "</li>\n");
+}
+
+}  // namespace
+
+void write_port_bytes(const page_content& content, page_output& out) {
+  const morvane_view& view = content.package.view;
+  const ranges_of_dvis ranges = find_ranges(view, out.limits.max_pictured);
+  const folded_axis axis = axis_of(ranges);
+  write(out,
+        "<section id=\"ports\" aria-labelledby=\"ports-head\">\n"
+        "<h2 id=\"ports-head\">Bytes of the ports</h2>\n");
+  if (axis.stretches.empty()) {
+    write(out, "<p>There is no port to show.</p>\n</section>\n");
+    return;
+  }
+  write(out,
+        "<p>Ports by <code>port_byte_offset</code>, on one axis for all DVIs: "
+        "<span class=\"key in\"></span> inputs above, <span class=\"key out\"></span> outputs "
+        "below, <span class=\"key shared\"></span> bytes that two ports of a DVI share. What "
+        "is at the same place in two rows uses the same bytes one after the other.</p>\n");
+  const bool is_long = view.sound_dvis > max_unscrolled;
+  write(out,
+        is_long ? "<div class=\"long\" role=\"region\" tabindex=\"0\" aria-label=\"Ports by "
+                  "offset\">\n"
+                : "",
+        "<ol class=\"bars\">\n");
+  for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
+    if (dvi.position < out.limits.max_pictured) {
+      write_row(content, dvi, ranges[dvi.position], axis, out);
+    }
+  });
+  write(out, "</ol>\n", is_long ? "</div>\n" : "",
+        left_out{view.sound_dvis, out.limits.max_pictured}, "</section>\n");
+}
+
+}  // namespace morvane::cli

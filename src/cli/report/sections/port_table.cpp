@@ -1,0 +1,149 @@
+#include "cli/report/sections/port_table.h"
+
+#include <array>
+#include <vector>
+
+#include "cli/package/package_walk.h"
+#include "cli/report/sections/page_parts.h"
+
+namespace morvane::cli {
+
+namespace {
+
+/// A flag of a port, with the bit offset that belongs to it, if any.
+struct port_flag {
+  std::uint32_t bit;
+  std::string_view name;
+  std::uint32_t morvane_view_port::*bit_offset;
+};
+
+constexpr std::array<port_flag, 6> port_flags{{
+    {MORVANE_PORT_BITVECTOR, "bitvector", nullptr},
+    {MORVANE_PORT_DROTATE, "drotate", &morvane_view_port::drotate_bit_offset},
+    {MORVANE_PORT_HFLIP, "hflip", &morvane_view_port::hflip_bit_offset},
+    {MORVANE_PORT_VFLIP, "vflip", &morvane_view_port::vflip_bit_offset},
+    {MORVANE_PORT_DFLIP, "dflip", &morvane_view_port::dflip_bit_offset},
+    {MORVANE_PORT_PFLIP, "pflip", &morvane_view_port::pflip_bit_offset},
+}};
+
+/// A table that is being written.
+struct port_table_rows {
+  const page_content& content;
+  const morvane_view_dvi& dvi;
+  const record_marks& marks;
+  page_output& out;
+  std::vector<std::uint32_t> partners;  // of each port one that shares bytes, or itself
+  occurrence_counter inputs{};
+  occurrence_counter outputs{};
+};
+
+/// For each port another one that shares bytes with it, or the port itself.
+std::vector<std::uint32_t> partners_of(const morvane_view& view, const morvane_view_dvi& dvi) {
+  const std::vector<used_range> ranges = port_ranges(view, dvi);
+  std::vector<std::uint32_t> partners;
+  partners.reserve(ranges.size());
+  for (const used_range& range : ranges) {
+    partners.push_back(range.owner);
+  }
+  for (const auto& [one, other] : find_overlaps(ranges)) {
+    partners[one.owner] = other.owner;
+    partners[other.owner] = one.owner;
+  }
+  return partners;
+}
+
+change_mark mark_of(port_table_rows& rows, bool is_input, std::string_view name) {
+  return is_input ? next_mark(rows.marks, part_kind::input, name, rows.inputs)
+                  : next_mark(rows.marks, part_kind::output, name, rows.outputs);
+}
+
+void write_name(port_table_rows& rows, const morvane_view_port& port, const record_name& name) {
+  const bool is_input = name.kind == "input";
+  const std::string_view port_name = str(port.port_name);
+  write(rows.out, "<tr><th scope=\"row\"><i class=\"", is_input ? "in" : "out", "\">", name.kind,
+        " ", name.index, "</i> ", isolated{port_name}, mark_of(rows, is_input, port_name));
+  if (port.layer_name.length != 0) {
+    write(rows.out, "<small><bdi>", html{str(port.layer_name)}, "</bdi></small>");
+  }
+  write(rows.out, "</th>");
+}
+
+/// Number, data format and flags.
+void write_format(const morvane_view_port& port, page_output& out) {
+  write(out, "<td>", port.dram_format, " <small>", port.sign, ",", port.datasize, ",",
+        port.expoffset, ",", port.expbits);
+  for (const port_flag& flag : port_flags) {
+    if ((port.flags & flag.bit) != 0) {
+      write(out, " ", flag.name);
+      if (flag.bit_offset != nullptr) {
+        write(out, " ", port.*flag.bit_offset);
+      }
+    }
+  }
+  write(out, "</small></td>");
+}
+
+void write_flow(const port_table_rows& rows, const record_name& name) {
+  constexpr std::size_t max_links = 8;
+  const network_flow& flow = rows.content.flow;
+  const port_place place{name.dvi, name.index};
+  write(rows.out, "<td>");
+  if (name.kind == "input") {
+    const connection* const source = connection_to(flow, place);
+    if (source == nullptr) {
+      write(rows.out, "from outside");
+    } else {
+      write(rows.out, "from ", dvi_link{source->output.dvi});
+      write(rows.out, source->mismatch != 0 ? " <b class=\"bad\">differs</b>" : "");
+    }
+  } else {
+    const auto fed = connections_from(flow, place);
+    write(rows.out, fed.empty() ? "to outside" : "to ");
+    for (std::size_t i = 0; i < fed.size() && i < max_links; ++i) {
+      write(rows.out, i == 0 ? "" : ", ", dvi_link{fed[i].input.dvi});
+    }
+    if (fed.size() > max_links) {
+      write(rows.out, " and ", fed.size() - max_links, " more");
+    }
+  }
+  write(rows.out, "</td></tr>\n");
+}
+
+void write_row(port_table_rows& rows, const morvane_view_port& port, const record_name& name) {
+  write_name(rows, port, name);
+  write(rows.out, "<td>", port_dims{port}, "<small>pitch ", grouped{port.pitch}, "</small></td>");
+  write_format(port, rows.out);
+  write(rows.out, "<td>", hex{port.port_byte_offset});
+  const std::uint32_t position =
+      name.kind == "input" ? name.index : rows.dvi.input_num + name.index;
+  if (rows.partners[position] != position) {
+    const record_name partner = port_name_at(rows.dvi, rows.partners[position]);
+    write(rows.out, "<small class=\"bad\">shares bytes with ", partner.kind, " ", partner.index,
+          "</small>");
+  }
+  write(rows.out, "</td><td>", byte_size{port.port_size}, "</td>");
+  write_flow(rows, name);
+}
+
+}  // namespace
+
+void write_port_table(const page_content& content, const morvane_view_dvi& dvi,
+                      const record_marks& marks, page_output& out) {
+  const std::uint64_t count = port_count(dvi);
+  if (count == 0) {
+    return;
+  }
+  port_table_rows rows{content, dvi, marks, out, partners_of(content.package.view, dvi)};
+  write(out, "<h4>", counted{count, "port"},
+        "</h4>\n<table class=\"port-table\"><thead><tr><th scope=\"col\">Port</th>"
+        "<th scope=\"col\">P\xC3\x97"
+        "D\xC3\x97H\xC3\x97W</th><th scope=\"col\">Format</th>"
+        "<th scope=\"col\">Offset</th><th scope=\"col\">Size</th><th scope=\"col\">Data</th></tr>"
+        "</thead>\n<tbody>\n");
+  for_each_port(
+      content.package.view, dvi,
+      [&](const morvane_view_port& port, const record_name& name) { write_row(rows, port, name); });
+  write(out, "</tbody></table>\n");
+}
+
+}  // namespace morvane::cli

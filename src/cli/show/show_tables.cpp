@@ -1,0 +1,100 @@
+#include "cli/show/show_tables.h"
+
+#include "cli/output/printable_text.h"
+#include "cli/output/text_table.h"
+#include "cli/package/digest.h"
+#include "cli/package/package_walk.h"
+#include "format/build_constants.h"
+
+namespace morvane::cli {
+
+namespace {
+
+constexpr std::string_view dvi_indent = "  ";
+
+std::string package_line(const opened_package& package) {
+  if (!has_header(package)) {
+    return joined(printable(package.path), ": ", count_of(package.view.size, "byte"), "\n");
+  }
+  const bool is_whole = !is_damaged(package);
+  const std::string_view vproc = package.view.vproc_table != 0 ? ", with vproc records"
+                                 : is_whole                    ? ", without vproc records"
+                                                               : "";
+  return joined(printable(package.path), ": ", count_of(package.view.size, "byte"), ", ",
+                version_text(package.view.version, package.view.HASH), ", dvi_num ",
+                package.view.dvi_num, vproc, "\n");
+}
+
+std::string dvi_lines(const opened_package& package, const morvane_view_dvi& dvi,
+                      bool with_digests) {
+  const auto image = image_of(package.view, dvi);
+  std::string text =
+      joined("\n", str(record_name{.dvi = dvi.position}), ": ", printable(str(dvi.dag_name)), "\n",
+             dvi_indent, "dvi_id ", dvi.dvi_id, ", vproc_id ", dvi.vproc_id, ", dvi_ppv ",
+             dvi.dvi_ppv, "\n", dvi_indent, "image: offset ",
+             hexadecimal(static_cast<std::uint64_t>(image.data() - package.view.bytes)), ", ",
+             count_of(image.size(), "byte"), ", address ", hexadecimal(dvi.dvi_img_vaddr),
+             ", DAG binary at ", hexadecimal(dvi.dvi_dag_vaddr), "\n");
+  if (with_digests) {
+    append_pieces(text, dvi_indent, "xxh3_128: ", xxh3_128(package.bytes, image), "\n");
+  }
+  return text;
+}
+
+/// "0,8,-5,0", or "-" when the compiler gave no data format.
+std::string data_format(const morvane_view_port& port) {
+  const bool is_given =
+      port.sign != 0xFF || port.datasize != 0xFF || port.expoffset != -1 || port.expbits != 0xFF;
+  return is_given ? joined(port.sign, ",", port.datasize, ",", port.expoffset, ",", port.expbits)
+                  : "-";
+}
+
+std::string port_table(const morvane_view& view, const morvane_view_dvi& dvi) {
+  text_table table{.is_number = {false, false, true, true, true, true, true, false, true, true}};
+  add_row(table, "port", "name", "P", "D", "H", "W", "format", "data", "size", "offset");
+  for_each_port(view, dvi, [&](const morvane_view_port& port, const record_name& name) {
+    add_row(table, joined(name.kind, " ", name.index), printable(str(port.port_name)), port.P,
+            port.D, port.H, port.W, port.dram_format, data_format(port), port.port_size,
+            port.port_byte_offset);
+  });
+  return str(table, dvi_indent);
+}
+
+std::string variable_table(const morvane_view& view, const morvane_view_dvi& dvi) {
+  text_table table{.is_number = {false, false, true, true}};
+  add_row(table, "variable", "name", "bit offset", "bits");
+  for_each_variable(view, dvi, [&](const morvane_view_var& variable, const record_name& name) {
+    add_row(table, name.index, printable(str(variable.var)), variable.boffset, variable.bsize);
+  });
+  return str(table, dvi_indent);
+}
+
+std::string smb_table(const morvane_view& view, const morvane_view_dvi& dvi) {
+  text_table table{.is_number = {false, false, true}};
+  add_row(table, "SMB", "name", "offset");
+  for_each_smb(view, dvi, [&](const morvane_view_smb_block& smb, const record_name& name) {
+    add_row(table, name.index, printable(str(smb.smb_name)), smb.vbase_byte_offset);
+  });
+  return str(table, dvi_indent);
+}
+
+}  // namespace
+
+void show_tables(const opened_package& package, bool with_digests, console& streams) {
+  print_result(streams, package_line(package));
+  for_each_dvi(package.view, [&](const morvane_view_dvi& dvi) {
+    print_result(streams, dvi_lines(package, dvi, with_digests));
+    if (dvi.input_num != 0 || dvi.output_num != 0) {
+      print_result(streams, port_table(package.view, dvi));
+    }
+    if (dvi.variable_num != 0) {
+      print_result(streams, variable_table(package.view, dvi));
+    }
+    if (dvi.smb_num != 0) {
+      print_result(streams, smb_table(package.view, dvi));
+    }
+    show_progress(streams.progress, release_dvi(package, dvi));
+  });
+}
+
+}  // namespace morvane::cli

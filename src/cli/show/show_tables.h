@@ -1,0 +1,13 @@
+// A package as tables, for people.
+#pragma once
+
+#include "cli/output/console.h"
+#include "cli/package/opened_package.h"
+
+namespace morvane::cli {
+
+/// Writes a line about the package and the tables of each DVI, on request with a digest of its
+/// image.
+void show_tables(const opened_package& package, bool with_digests, console& streams);
+
+}  // namespace morvane::cli

@@ -1,0 +1,149 @@
+// What a C compiler sees of a header, as the linter understands it.
+#include "cli/lint/c/c_lines.h"
+
+#include <gtest/gtest.h>
+
+#include "cli/lint/c/c_conditions.h"
+#include "cli/lint/memory_plan.h"
+
+namespace morvane::test {
+namespace {
+
+using namespace cli;
+
+/// The lines of a text, each as "NAME=VALUE", "-" for one without a macro, and what hides it.
+std::string seen_macros(std::string_view text) {
+  macro_index macros(text);
+  c_reader reader{.header = text, .macros = macros, .asked = macros_of_conditions(text)};
+  std::string all;
+  while (!text.empty()) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    const c_line seen = read_c_line(reader, line);
+    constexpr std::array hidden{"", " in a comment", " continued", " left out", " uncertain"};
+    if (seen.kind == directive::none) {
+      all += "-";
+    } else {
+      all.append(seen.name).append("=").append(seen.value);
+    }
+    all.append(hidden.at(static_cast<std::size_t>(seen.state))).append("\n");
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+  }
+  return all;
+}
+
+TEST(CLines, HaveMacrosWithTheirValues) {
+  EXPECT_EQ(seen_macros("#define a 1\n  # define\tb\n#undef c\n#define d \"x // y\" // z\n"),
+            "a=1\nb=\nc=\nd=\"x // y\"\n");
+}
+
+TEST(CLines, HaveNoComments) {
+  EXPECT_EQ(seen_macros("#define a /* one */ 1 /* two */\n/* #define b 2 */\n// #define c 3\n"),
+            "a=1\n- in a comment\n- in a comment\n");
+  EXPECT_EQ(seen_macros("/* one\n#define a 1\n*/ #define b 2\n#define c 3 /* on\n#define d */ 4\n"),
+            "- in a comment\n- in a comment\nb=2\nc=3\n- continued\n");
+}
+
+TEST(CLines, GoOnAfterABackslash) {
+  EXPECT_EQ(seen_macros("#define a \\\n#define b 2\n#define c 3\n// x \\\n#define d 4\n"),
+            "a=\n- continued\nc=3\n- in a comment\n- in a comment\n");
+}
+
+TEST(CLines, AreLeftOutByConditions) {
+  EXPECT_EQ(seen_macros("#if 0\n#define a 1\n#else\n#define b 2\n#endif\n#define c 3\n"),
+            "-\na=1 left out\n- left out\nb=2\n-\nc=3\n");
+  EXPECT_EQ(seen_macros("#ifndef G\n#define G\n#ifdef G\n#define a 1\n#endif\n#endif\n"),
+            "-\nG=\n-\na=1\n-\n-\n");
+  EXPECT_EQ(seen_macros("#if VERSION > 2\n#define a 1\n#elif 1\n#define b 2\n#endif\n"),
+            "-\na=1 uncertain\n- uncertain\nb=2 uncertain\n- uncertain\n");
+  EXPECT_EQ(seen_macros("#if !defined(X)\n#define a 1\n#endif\n"), "-\na=1\n-\n");
+}
+
+/// The line of a text that is one line.
+c_line only_line(std::string_view text) {
+  macro_index macros(text);
+  c_reader reader{.header = text, .macros = macros};
+  return read_c_line(reader, text);
+}
+
+TEST(CLines, DefineOnlyWithTheWholeWord) {
+  for (const char* text : {"#defines a 1", "#define1", "#define$", "#undefined a", "#def a 1", "#",
+                           "define a 1", "# 1", "/ #define a 1"}) {
+    EXPECT_EQ(only_line(text).kind, directive::none) << text;
+  }
+  for (const char* text : {"#define", "#define/* one */a 1", "#/**/ define a", "/* one */#define a",
+                           "\f#\vdefine(a)"}) {
+    EXPECT_EQ(only_line(text).kind, directive::define) << text;
+  }
+  EXPECT_EQ(only_line("#undef").kind, directive::undef);
+}
+
+TEST(CLines, TellAWordThatIsNoName) {
+  EXPECT_EQ(only_line("#define net_in.0_W 40").name, "net_in");
+  EXPECT_EQ(only_line("#define net_in.0_W 40").word, "net_in.0_W");
+  EXPECT_EQ(only_line("#define a:0/* one */ 40").word, "a:0");
+  EXPECT_EQ(only_line("#define a/0// one").word, "a/0");
+  EXPECT_EQ(only_line("#define 0a").word, "0a");
+  EXPECT_EQ(only_line("#define 0a").name, "");
+}
+
+TEST(CLines, TellWhetherAMacroHasParameters) {
+  EXPECT_TRUE(only_line("#define f(x) x").has_parameters);
+  EXPECT_FALSE(only_line("#define f (x)").has_parameters);
+  EXPECT_FALSE(only_line("#define f").has_parameters);
+}
+
+TEST(CLines, GoOnAfterABackslashWithWhiteSpaceBehindIt) {
+  EXPECT_TRUE(only_line("#define a 1 \\").continued);
+  EXPECT_TRUE(only_line("#define a 1 \\ \t\r").continued);
+  EXPECT_FALSE(only_line("#define a 1 \\n").continued);
+  EXPECT_EQ(seen_macros("/* one */ a \\\n#define b 2\n"), "-\n- continued\n");
+}
+
+/// The first of the lines of a header.
+c_line first_line(std::string_view header) {
+  macro_index macros(header);
+  c_reader reader{.header = header, .macros = macros};
+  return read_c_line(reader, header.substr(0, header.find('\n')));
+}
+
+TEST(CLines, GoOnBehindACommentThatEndsBelow) {
+  EXPECT_TRUE(first_line("#define a 1 /* b\n*/ + 2\n").continued);
+  EXPECT_TRUE(first_line("#define a 1 /* b\nc\nd */ + 2").continued);
+  EXPECT_TRUE(first_line("#define a 1 /* b\n*/ /* c\n*/ 2\n").continued);
+  EXPECT_FALSE(first_line("#define a 1 /* b\n*/\n2\n").continued);
+  EXPECT_FALSE(first_line("#define a 1 /* b\n*/ // 2\n").continued);
+  EXPECT_FALSE(first_line("#define a 1 /* b\n*/ /* c */ \n").continued);
+  EXPECT_FALSE(first_line("#define a 1 /* b\nc").continued);
+  EXPECT_FALSE(first_line("#define a 1 /* b */\n*/ 2\n").continued);
+}
+
+TEST(CLines, HaveNamesThatABackslashDivides) {
+  EXPECT_EQ(first_line("#define ab_\\\n0c 1\n").name_rest, "0c");
+  EXPECT_EQ(first_line("#define ab\\ \nc(x) 1\n").name_rest, "c");
+  EXPECT_EQ(first_line("#define ab \\\nc 1\n").name_rest, "");
+  EXPECT_EQ(first_line("#define ab\\\n c 1\n").name_rest, "");
+  EXPECT_EQ(first_line("#define ab\\").name_rest, "");
+}
+
+TEST(CLines, MayHoldACommentThatGoesOn) {
+  EXPECT_EQ(seen_macros("#/* one\n*/define a 1\n#define b 2\n"), "-\n- continued\nb=2\n");
+  EXPECT_EQ(seen_macros("a /* one\n*/ \\\n#define b 2\n"), "-\n- in a comment\n- continued\n");
+  EXPECT_EQ(seen_macros("#define a /* one\n#define b 2 */ \\\n 3\n#define c 3\n"),
+            "a=\n- continued\n- continued\nc=3\n");
+  EXPECT_EQ(seen_macros("#define a 1 // one \\\n#define b 2\n#define c 3\n"),
+            "a=1\n- in a comment\nc=3\n");
+}
+
+TEST(MemoryPlan, NamesAnImageThatSharesAddresses) {
+  memory_plan plan;
+  EXPECT_EQ(plan.add(image_range(0, 100, 10)), std::nullopt);
+  EXPECT_EQ(plan.add(image_range(1, 110, 10)), std::nullopt);
+  EXPECT_EQ(plan.add(image_range(2, 90, 10)), std::nullopt);
+  EXPECT_EQ(plan.add(image_range(3, 119, 2)), 1U);
+  EXPECT_EQ(plan.add(image_range(4, 120, 1)), 3U);
+  EXPECT_EQ(plan.add(image_range(5, 80, 50)), 2U);
+  EXPECT_EQ(plan.add(image_range(6, 100, 0)), std::nullopt);
+}
+
+}  // namespace
+}  // namespace morvane::test

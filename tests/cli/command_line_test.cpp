@@ -1,0 +1,218 @@
+// The command line of morvane: help, mistakes, and streams that take nothing.
+#include <gtest/gtest.h>
+
+#include "cli/outcome.h"
+#include "cli/sound_package.h"
+#include "harness/sanitizer.h"
+#include "harness/scratch_folder.h"
+
+namespace morvane::test {
+namespace {
+
+/// Starts a shell command in which $0 is morvane, behind the prefix command of this build.
+run_result run_bash(const std::string& command, const std::string& folder) {
+  std::string program;
+  for (const std::string& word : run_prefix()) {
+    program += word + " ";
+  }
+  return run_program(
+      {"bash", "-c", "morvane() { " + program + "'" + morvane_path() + "' \"$@\"; }\n" + command},
+      folder);
+}
+
+TEST(CommandLine, TellsItsVersion) {
+  expect_outcome(run_morvane({"--version"}, "."), 0, "morvane version 2.1.6 ( HASH b3b3814 )\n");
+}
+
+TEST(CommandLine, HelpsWithTheProgramAndWithEachCommand) {
+  const run_result program = run_morvane({"--help"}, ".");
+  EXPECT_EQ(program.status, 0);
+  EXPECT_EQ(program.diagnostics, "");
+  for (const char* command : {"check", "show", "diff", "extract"}) {
+    EXPECT_NE(program.output.find(std::string("\n  ") + command + " "), std::string::npos);
+    const run_result help = run_morvane({command, "--help"}, ".");
+    EXPECT_EQ(help.status, 0);
+    EXPECT_NE(help.output.find(std::string("Example:\n  morvane ") + command), std::string::npos);
+  }
+}
+
+/// Expects that a command line is refused with this sentence, and with the help of this command.
+void expect_mistake(const std::vector<std::string>& arguments, const std::string& command,
+                    const std::string& sentence) {
+  expect_outcome(run_morvane(arguments, "."), 2, "",
+                 "morvane: " + sentence + "; try morvane" + command + " --help\n");
+}
+
+TEST(CommandLine, RefusesWhatItDoesNotKnow) {
+  expect_mistake({"chek", "net.bin"}, "", "unknown command \"chek\"");
+  expect_mistake({"[check"}, "", "unknown command \"[check\"");
+  expect_mistake({"++"}, "", "unknown command \"++\"");
+  expect_mistake({""}, "", "unknown command \"\"");
+  expect_mistake({"--all"}, "", "unknown option --all");
+  expect_mistake({"-q", "check"}, "", "unknown option -q");
+  expect_mistake({"check", "--all", "net.bin"}, " check", "unknown option --all");
+  expect_mistake({"check", "-qx", "net.bin"}, " check", "unknown option -qx");
+  expect_mistake({"check", "-q5", "net.bin"}, " check", "unknown option -q5");
+  for (const char* argument : {"-5", "-!", "- ", "---", "--=x", "--QUIET", "--qui", "--a\x1b"}) {
+    const std::string shown = argument == std::string("--a\x1b") ? "--a\\x1b" : argument;
+    expect_mistake({"check", argument, "net.bin"}, " check", "unknown option " + shown);
+  }
+  expect_mistake({"show", "net.bin", "again.bin"}, " show", "unknown argument \"again.bin\"");
+  for (const char* argument : {"[again]", "++", "check", "", "@again.bin", "a=b", "%%"}) {
+    expect_mistake({"show", "net.bin", argument}, " show",
+                   std::string("unknown argument \"") + argument + "\"");
+  }
+  expect_mistake({"check", "--format", "xml", "net.bin"}, " check",
+                 "--format: there is no format xml");
+  expect_mistake({"lint", "--ignore", "no-images,no-code", "out"}, " lint",
+                 "--ignore: there is no code no-code");
+}
+
+TEST(CommandLine, RefusesWhenSomethingIsMissing) {
+  expect_mistake({}, "", "a command is missing");
+  expect_mistake({"check"}, " check", "PACKAGE is missing");
+  expect_mistake({"check", "--"}, " check", "PACKAGE is missing");
+  expect_mistake({"diff", "old.bin"}, " diff", "NEW is missing");
+  expect_mistake({"pack", "-o", "net.bin"}, " pack", "FOLDER is missing");
+  expect_mistake({"pack", "out"}, " pack", "--output is missing");
+  expect_mistake({"report", "net.bin", "-o"}, " report", "-o: the value is missing");
+  expect_mistake({"report", "net.bin", "--against"}, " report", "--against: the value is missing");
+  expect_mistake({"lint", "out", "--ignore"}, " lint", "--ignore: the value is missing");
+}
+
+TEST(CommandLine, RefusesOptionsThatDoNotFit) {
+  expect_mistake({"check", "--werror=yes", "net.bin"}, " check", "--werror takes no value");
+  expect_mistake({"check", "--werror=", "net.bin"}, " check", "--werror takes no value");
+  expect_mistake({"report", "net.bin", "-o", "a", "--output=b"}, " report",
+                 "--output is given more than once");
+  expect_mistake({"check", "--format", "json", "--format", "json", "net.bin"}, " check",
+                 "--format is given more than once");
+  expect_mistake({"check", "--require-vproc", "--forbid-vproc", "net.bin"}, " check",
+                 "--require-vproc and --forbid-vproc exclude each other");
+  expect_mistake({"report", "--dot", "--against", "old.bin", "net.bin"}, " report",
+                 "--against and --dot exclude each other");
+}
+
+TEST(CommandLine, RefusesEmptyNames) {
+  expect_mistake({"check", "net.bin", ""}, " check", "PACKAGE: the name is empty");
+  expect_mistake({"check", "--format=", "net.bin"}, " check", "--format: the name is empty");
+  expect_mistake({"lint", ""}, " lint", "FOLDER: the name is empty");
+  expect_mistake({"lint", "--ignore", "", "out"}, " lint", "--ignore: the name is empty");
+  expect_mistake({"pack", "", "-o", "net.bin"}, " pack", "FOLDER: the name is empty");
+  expect_mistake({"pack", "out", "-o", ""}, " pack", "--output: the name is empty");
+  expect_mistake({"pack", "out", "-o", "net.bin", "--depfile", ""}, " pack",
+                 "--depfile: the name is empty");
+  expect_mistake({"show", ""}, " show", "PACKAGE: the name is empty");
+  expect_mistake({"diff", "", "new.bin"}, " diff", "OLD: the name is empty");
+  expect_mistake({"diff", "old.bin", ""}, " diff", "NEW: the name is empty");
+  expect_mistake({"report", ""}, " report", "PACKAGE: the name is empty");
+  expect_mistake({"report", "net.bin", "--output="}, " report", "--output: the name is empty");
+  expect_mistake({"report", "net.bin", "--against", ""}, " report", "--against: the name is empty");
+  expect_mistake({"extract", ""}, " extract", "PACKAGE: the name is empty");
+  expect_mistake({"extract", "net.bin", ""}, " extract", "DAG_NAME: the name is empty");
+  expect_mistake({"extract", "net.bin", "-o", ""}, " extract", "--output: the name is empty");
+}
+
+/// What check says of the sound package under a name.
+std::string sound_line(const std::string& name) {
+  return name + ": sound, 2 DVIs, 4 ports, without vproc records, 4772 bytes\n";
+}
+
+TEST(CommandLine, TakesFileNamesAsTheyAre) {
+  const scratch_folder folder;
+  for (const char* name :
+       {"check", "[a,b]", "{}", "a b", "[]", "++", "-", "%%", "@a", "a=b", "\"a\"", "a,b", "'"}) {
+    folder.write(name, sound_package());
+    expect_outcome(run_morvane({"check", name, name}, folder.path()), 0,
+                   sound_line(name) + sound_line(name));
+    const run_result page = run_morvane({"report", name, "--against", name}, folder.path());
+    EXPECT_EQ(page.status, 0) << name;
+  }
+}
+
+TEST(CommandLine, TakesWhatFollowsTwoDashesAsItIs) {
+  const scratch_folder folder;
+  for (const char* name : {"net.bin", "-x", "--help", "--", "-"}) {
+    folder.write(name, sound_package());
+    expect_outcome(run_morvane({"check", "--", name}, folder.path()), 0, sound_line(name));
+    expect_outcome(run_morvane({"check", "net.bin", "--", name}, folder.path()), 0,
+                   sound_line("net.bin") + sound_line(name));
+  }
+  expect_outcome(run_morvane({"--", "check", "-q", "net.bin", "--"}, folder.path()), 0, "");
+}
+
+TEST(CommandLine, TakesAnyValueOfAnOption) {
+  const scratch_folder folder;
+  folder.write("net.bin", sound_package());
+  for (const char* name : {"a", "--", "-x", "++", "[a]", "{}", "a=b", "@a", "--help"}) {
+    for (const auto& arguments : std::vector<std::vector<std::string>>{
+             {"report", "-o", name, "net.bin"},
+             {"report", "net.bin", std::string("-qo") + name},
+             {"report", "net.bin", "--output", name},
+             {"report", "net.bin", std::string("--output=") + name}}) {
+      expect_outcome(run_morvane(arguments, folder.path()), 0, "");
+      EXPECT_TRUE(std::filesystem::remove(folder.path(name))) << name;
+    }
+  }
+}
+
+TEST(CommandLine, EndsWithStatus2WhenStandardOutputTakesNothing) {
+  const scratch_folder folder;
+  folder.write("net.bin", sound_package());
+  for (const char* command : {"check net.bin", "show net.bin", "show --json net.bin", "--help"}) {
+    expect_outcome(run_bash(std::string("morvane ") + command + " >/dev/full", folder.path()), 2,
+                   "", "morvane: standard output: No space left on device\n");
+    expect_outcome(run_bash(std::string("morvane ") + command + " >&-", folder.path()), 2, "",
+                   "morvane: standard output: Bad file descriptor\n");
+    expect_outcome(run_bash(std::string("( sleep 0.3; morvane ") + command +
+                                 "; echo $? >status ) | true; while [ ! -s status ]; do sleep 0.1; "
+                                 "done; cat status",
+                             folder.path()),
+                   0, "2\n", "morvane: standard output: Broken pipe\n");
+    std::filesystem::remove(folder.path("status"));
+  }
+}
+
+TEST(CommandLine, EndsWithStatus2WhenThereIsNotEnoughMemory) {
+  if (under_sanitizer || !run_prefix().empty()) {
+    GTEST_SKIP() << "a sanitizer, an emulator or a checker needs more memory than the limit";
+  }
+  const scratch_folder folder;
+  expect_outcome(run_bash("ulimit -v 100000; head -c 200000000 /dev/zero | "
+                           "morvane check /dev/stdin",
+                           folder.path()),
+                 2, "", "morvane: not enough memory\n");
+}
+
+TEST(CommandLine, WorksWithoutStandardInputAndStandardError) {
+  const scratch_folder folder;
+  folder.write("net.bin", sound_package());
+  expect_outcome(run_bash("morvane check net.bin <&- 2>&-", folder.path()), 0,
+                 "net.bin: sound, 2 DVIs, 4 ports, without vproc records, 4772 bytes\n");
+  expect_outcome(run_bash("morvane check none 2>&-", folder.path()), 2, "");
+}
+
+TEST(CommandLine, ColoursSeveritiesOnATerminalOnly) {
+  const scratch_folder folder;
+  folder.write("net.bin", "");
+  const auto on_a_terminal = [&](const std::string& settings) {
+    return run_bash("export -f morvane; " + settings +
+                         " script -qec 'morvane check net.bin' /dev/null | tr -d '\\r'",
+                     folder.path());
+  };
+  const std::string plain =
+      "net.bin:0x0: error: the header is cut: 12 bytes are needed, and 0 are left [header-cut]\n";
+  const std::string coloured =
+      "net.bin:0x0: \x1B[1;31merror\x1B[0m: the header is cut: 12 bytes are needed, and 0 are left "
+      "[header-cut]\n";
+  if (run_bash("script -qec true /dev/null", folder.path()).status != 0) {
+    GTEST_SKIP() << "no pseudo-terminal can be made";
+  }
+  EXPECT_EQ(on_a_terminal("SHELL=/bin/bash TERM=xterm").output, coloured);
+  EXPECT_EQ(on_a_terminal("SHELL=/bin/bash TERM=xterm NO_COLOR=1").output, plain);
+  EXPECT_EQ(on_a_terminal("SHELL=/bin/bash TERM=dumb").output, plain);
+  EXPECT_EQ(run_morvane({"check", "net.bin"}, folder.path()).output, plain);
+}
+
+}  // namespace
+}  // namespace morvane::test

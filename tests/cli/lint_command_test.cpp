@@ -1,0 +1,171 @@
+// morvane lint, as a user starts it: what it prints besides findings, and its status.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+
+#include "cli/linted_folder.h"
+#include "cli/outcome.h"
+
+namespace morvane::test {
+namespace {
+
+constexpr const char* clean_header =
+    "#define net_DAG_NAME \"net\"\n"
+    "#define net_image_size 5\n"
+    "/* net HMB_input data */\n"
+    "#define net_data_W 40\n";
+
+class LintCommand : public linted_folder {
+ protected:
+  void SetUp() override {
+    folder.write("in/net.dvi", "image");
+    folder.write("in/net.h", clean_header);
+  }
+};
+
+constexpr const char* hexadecimal =
+    "in/net.h:5:20: warning: 0x20 is not decimal: net_data_H becomes 0 [not-decimal]\n";
+
+TEST_F(LintCommand, FindsNothingInACleanFolder) {
+  expect_outcome(lint(), 0, "", "morvane: in: 0 errors, 0 warnings\n");
+  expect_outcome(lint({"--quiet"}), 0, "");
+}
+
+TEST_F(LintCommand, FindsNothingInTheSample) {
+  for (const std::string option : {"--werror", "--vproc"}) {
+    const run_result run = run_morvane(
+        {"lint", source_folder() + "/examples/wake_word", option, "--quiet"}, folder.path());
+    expect_outcome(run, 0, "");
+  }
+}
+
+TEST_F(LintCommand, TakesWarningsForErrorsOnRequest) {
+  folder.write("in/net.h", std::string(clean_header) + "#define net_data_H 0x20\n");
+  expect_outcome(lint(), 0, hexadecimal, "morvane: in: 0 errors, 1 warning\n");
+  expect_outcome(lint({"--werror"}), 1, hexadecimal, "morvane: in: 0 errors, 1 warning\n");
+  expect_outcome(lint({"--werror", "--quiet"}), 1, hexadecimal);
+  expect_outcome(lint({"--quiet"}), 0, "");
+}
+
+TEST_F(LintCommand, LeavesOutFindingsOnRequest) {
+  folder.write("in/net.h",
+               std::string(clean_header) + "#define net_data_H 0x20\n#define net_data_D\n");
+  const std::string no_value =
+      "in/net.h:6:9: warning: net_data_D has no value: it stays 0 [no-value]\n";
+  expect_outcome(lint({"--ignore", "not-decimal"}), 0, no_value,
+                 "morvane: in: 0 errors, 1 warning\n");
+  expect_outcome(lint({"--ignore=not-decimal,no-value", "--werror"}), 0, "",
+                 "morvane: in: 0 errors, 0 warnings\n");
+}
+
+class LintManyDags : public linted_folder {
+ protected:
+  /// A DAG with the index as its name, and with one port, whose lines come last.
+  void put_dag(const std::string& index, const std::string& port) const {
+    const std::string dag = "dag" + index;
+    folder.write("in/net_split_" + index + ".dvi", "image");
+    folder.write(
+        "in/net_split_" + index + ".h",
+        "#define " + dag + "_DAG_NAME \"" + dag + "\"\n#define " + dag + "_image_size 5\n" + port);
+  }
+};
+
+// Several headers are read at the same time.
+TEST_F(LintManyDags, TellsTheFindingsInTheOrderOfThePackage) {
+  std::string expected;
+  for (int i = 0; i < 200; ++i) {
+    const std::string index = std::to_string(i);
+    put_dag(index, "/* HMB_input a */\n#define dag" + index + "_a_W 0x1" + index + "\n");
+    expected += "in/net_split_" + index + ".h:4:" + std::to_string(17 + index.size()) +
+                ": warning: 0x1" + index + " is not decimal: dag" + index +
+                "_a_W becomes 0 [not-decimal]\n";
+  }
+  expect_outcome(lint(), 0, expected, "morvane: in: 0 errors, 200 warnings\n");
+}
+
+TEST_F(LintManyDags, ComparesAPortWithTheOutputOfADagFarBefore) {
+  put_dag("0", "/* HMB_output a */\n#define dag0_a_W 3\n");
+  for (int i = 1; i < 150; ++i) {
+    put_dag(std::to_string(i), "/* HMB_output b */\n");
+  }
+  put_dag("150", "/* HMB_input a */\n#define dag150_a_W 4\n");
+  expect_outcome(lint(), 0,
+                 "in/net_split_150.h:3:14: warning: input a differs from the output of the same "
+                 "name in net_split_0.h: W is 4, not 3 [port-mismatch]\n",
+                 "morvane: in: 0 errors, 1 warning\n");
+}
+
+TEST_F(LintCommand, RefusesCodesThatDoNotExist) {
+  const run_result run = lint({"--ignore", "no-such-code"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.output, "");
+  EXPECT_EQ(run.diagnostics,
+            "morvane: --ignore: there is no code no-such-code; try morvane lint --help\n");
+}
+
+TEST_F(LintCommand, CountsNotesWhenTheyAreShown) {
+  folder.write("in/net.h", std::string(clean_header) + "#define net_dagbin_size 3\n");
+  expect_outcome(lint({"--notes", "--ignore=default-used"}), 0,
+                 "in/net.h:5:9: note: net_dagbin_size belongs to nothing that the header "
+                 "introduces, or has an unknown ending: it is not read [unknown-macro]\n",
+                 "morvane: in: 0 errors, 0 warnings, 1 note\n");
+}
+
+TEST_F(LintCommand, EndsWithTheReasonForAFolderThatCannotBeRead) {
+  const run_result run = run_morvane({"lint", "missing"}, folder.path());
+  expect_outcome(run, 2, "", "morvane: missing: No such file or directory\n");
+  const run_result file = run_morvane({"lint", "in/net.h"}, folder.path());
+  expect_outcome(file, 2, "", "morvane: in/net.h: Not a directory\n");
+}
+
+TEST_F(LintCommand, WritesFindingsAsJson) {
+  folder.write("in/net.h", std::string(clean_header) + "#define net_data_H 0x20\n");
+  expect_outcome(lint({"--format", "json"}), 0,
+                 "{\"folder\": \"in\", \"findings\": [\n"
+                 "  {\"severity\": \"warning\", \"code\": \"not-decimal\", \"file\": "
+                 "\"in/net.h\", \"line\": 5, \"column\": 20, \"text\": \"0x20 is not decimal: "
+                 "net_data_H becomes 0\"}], \"errors\": 0, \"warnings\": 1, \"notes\": 0}\n",
+                 "morvane: in: 0 errors, 1 warning\n");
+}
+
+TEST_F(LintCommand, WritesFindingsAsSarifWithTheirPlaces) {
+  folder.write("in/net.h", std::string(clean_header) + "#define net_data_H 0x20\n");
+  const run_result run = lint({"--format=sarif", "--quiet"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_NE(run.output.find("{\"uri\": \"in/net.h\"}, \"region\": {\"startLine\": 5, "
+                            "\"startColumn\": 20}}"),
+            std::string::npos)
+      << run.output;
+}
+
+TEST_F(LintCommand, LeavesTheFolderAsItIs) {
+  struct stat before {};
+  struct stat after {};
+  const auto files = folder.files();
+  ASSERT_EQ(::stat(folder.path("in").c_str(), &before), 0);
+  EXPECT_EQ(lint({"--notes", "--vproc"}).status, 0);
+  ASSERT_EQ(::stat(folder.path("in").c_str(), &after), 0);
+  EXPECT_EQ(folder.files(), files);
+  EXPECT_EQ(before.st_mtim.tv_nsec, after.st_mtim.tv_nsec);
+  EXPECT_EQ(before.st_ctim.tv_nsec, after.st_ctim.tv_nsec);
+}
+
+TEST_F(LintCommand, EscapesNames) {
+  folder.write("in/net.h", "#define x_DAG_NAME \"\x1B[2J\"\n");
+  const run_result run = lint({"--quiet"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.output,
+            "in/net.h:1:21: error: the DAG's name \"\\x1b[2J\" holds a control character "
+            "[unsafe-dag-name]\n");
+}
+
+TEST_F(LintCommand, ReadsNoPipe) {
+  folder.write("in/net.h", clean_header);
+  std::filesystem::remove(folder.path("in/net.h"));
+  ASSERT_EQ(::mkfifo(folder.path("in/net.h").c_str(), 0600), 0);
+  EXPECT_EQ(lint({"--quiet"}).status, 2);
+}
+
+}  // namespace
+}  // namespace morvane::test

@@ -1,0 +1,147 @@
+// Texts, numbers and sizes as a page shows them.
+#include <gtest/gtest.h>
+
+#include "cli/report/html/html_text.h"
+
+namespace morvane::cli {
+namespace {
+
+template <class Piece>
+std::string shown(const Piece& piece) {
+  std::string page;
+  append_piece(page, piece);
+  return page;
+}
+
+TEST(HtmlText, TurnsMarkupIntoText) {
+  EXPECT_EQ(shown(html{R"(<b a="1" c='2'>&amp;]]></b>)"}),
+            "&lt;b a=&quot;1&quot; c=&#39;2&#39;&gt;&amp;amp;]]&gt;&lt;/b&gt;");
+}
+
+TEST(HtmlText, LeavesPlainTextsAsTheyAre) {
+  EXPECT_EQ(shown(html{"net_split_0/conv2d:relu"}), "net_split_0/conv2d:relu");
+  EXPECT_EQ(shown(html{""}), "");
+  EXPECT_EQ(shown(html{"\xC3\xA4\xE4\xB8\xAD\xF0\x9F\x98\x80"}),
+            "\xC3\xA4\xE4\xB8\xAD\xF0\x9F\x98\x80");
+}
+
+TEST(HtmlText, EscapesControlCharactersAndInvalidUtf8) {
+  EXPECT_EQ(shown(html{std::string_view("a\n\x1B\x7F\0b", 6)}), "a\\x0a\\x1b\\x7f\\x00b");
+  EXPECT_EQ(shown(html{"\xFF<\xC3"}), "\\xff&lt;\\xc3");
+  EXPECT_EQ(shown(html{"\xC2\x85\xED\xA0\x80"}), "\\xc2\\x85\\xed\\xa0\\x80");
+}
+
+TEST(HtmlText, EscapesWhatTurnsTheDirectionOfTheTextAroundIt) {
+  EXPECT_EQ(shown(html{"\xE2\x80\xAE"
+                       "gnp.exe\xE2\x80\xAC"}),
+            "\\u202egnp.exe\\u202c");
+  EXPECT_EQ(shown(html{"\xE2\x81\xA6\xE2\x81\xA9\xE2\x80\x8E\xE2\x80\x8F\xD8\x9C"}),
+            "\\u2066\\u2069\\u200e\\u200f\\u61c");
+  EXPECT_EQ(shown(html{"\xD7\x90\xD7\x91"}), "\xD7\x90\xD7\x91");
+}
+
+TEST(HtmlText, EscapesCodesThatHtmlForbids) {
+  EXPECT_EQ(shown(html{"\xEF\xB7\x90\xEF\xBF\xBE\xF4\x8F\xBF\xBF"}), "\\ufdd0\\ufffe\\u10ffff");
+}
+
+TEST(HtmlText, ShortensALongNameInItsMiddle) {
+  EXPECT_EQ(shown(short_html{"net_split_0", 11}), "net_split_0");
+  EXPECT_EQ(shown(short_html{"network_split_0", 9}), "netw\xE2\x80\xA6it_0");
+  EXPECT_EQ(shown(short_html{"\xC3\xA4\xC3\xB6\xC3\xBC\xC3\x9F\xC3\xA9", 3}),
+            "\xC3\xA4\xE2\x80\xA6\xC3\xA9");
+  EXPECT_EQ(shown(short_html{"<<<<<<", 3}), "&lt;\xE2\x80\xA6&lt;");
+}
+
+TEST(HtmlText, NeverCutsAnEscapeOfAShortName) {
+  EXPECT_EQ(shown(short_html{"net\x1B\x1B_split_0", 9}), "net\xE2\x80\xA6it_0");
+  EXPECT_EQ(shown(short_html{"\x1B\x1B\x1B\x1B", 9}), "\\x1b\xE2\x80\xA6\\x1b");
+}
+
+TEST(HtmlText, ShortensATextThatNeedsMoreBytesThanItMay) {
+  EXPECT_EQ(shown(html{"0123456789", 10}), "0123456789");
+  EXPECT_EQ(shown(html{"0123456789a", 10}),
+            "0123\xE2\x80\xA6"
+            "89a");
+  EXPECT_EQ(shown(html{"0123456789b", 10}),
+            "0123\xE2\x80\xA6"
+            "89b");
+}
+
+TEST(HtmlText, CountsTheBytesOfThePageForItsLimit) {
+  EXPECT_EQ(shown(html{"<<<", 12}), "&lt;&lt;&lt;");
+  EXPECT_EQ(shown(html{"<<<<", 13}), "&lt;\xE2\x80\xA6&lt;");
+  EXPECT_EQ(shown(html{"\xFF\xFF\xFF", 12}), "\\xff\\xff\\xff");
+}
+
+TEST(HtmlText, NeverCutsAnEscapeOrACharacter) {
+  EXPECT_EQ(shown(html{"abc<def", 9}),
+            "abc\xE2\x80\xA6"
+            "def");
+  EXPECT_EQ(shown(html{"abc<<ef", 9}),
+            "abc\xE2\x80\xA6"
+            "ef");
+  EXPECT_EQ(shown(html{"a&bcdefg\"", 16}), "a&amp;b\xE2\x80\xA6&quot;");
+  EXPECT_EQ(shown(html{"ab\x01"
+                       "cd\x02"
+                       "ef",
+                       13}),
+            "ab\xE2\x80\xA6"
+            "ef");
+  EXPECT_EQ(shown(html{"ab\x01"
+                       "cd\x02"
+                       "ef",
+                       14}),
+            "ab\\x01cd\\x02ef");
+  EXPECT_EQ(shown(html{"\xE4\xB8\xAD\xE4\xB8\xAD\xE4\xB8\xAD\xE4\xB8\xAD", 11}),
+            "\xE4\xB8\xAD\xE2\x80\xA6\xE4\xB8\xAD");
+  EXPECT_EQ(shown(html{"\xE2\x80\x8E\xE2\x80\x8E\xE2\x80\x8E", 16}), "\\u200e\xE2\x80\xA6\\u200e");
+}
+
+TEST(HtmlText, KeepsEveryHostileNameWithinItsLimit) {
+  for (const char byte : {'<', '"', '\xFF', '\x01', 'n'}) {
+    const std::string page = shown(html{std::string(511, byte)});
+    EXPECT_LE(page.size(), max_name_bytes) << page;
+    EXPECT_GE(page.size(), max_name_bytes - 12) << page;
+  }
+}
+
+TEST(HtmlText, TellsWhetherItShortenedAText) {
+  std::string page;
+  EXPECT_FALSE(append_piece(page, html{std::string(400, 'n')}));
+  EXPECT_TRUE(append_piece(page, html{std::string(401, 'n')}));
+  EXPECT_FALSE(append_piece(page, html{std::string(100, '<')}));
+  EXPECT_TRUE(append_piece(page, html{std::string(101, '<')}));
+}
+
+TEST(HtmlText, WritesNumbers) {
+  EXPECT_EQ(shown(hex{0}), "0x0");
+  EXPECT_EQ(shown(hex{0x90000000}), "0x90000000");
+  EXPECT_EQ(shown(grouped{0}), "0");
+  EXPECT_EQ(shown(grouped{999}), "999");
+  EXPECT_EQ(shown(grouped{1000}), "1,000");
+  EXPECT_EQ(shown(grouped{18446744073709551615U}), "18,446,744,073,709,551,615");
+  EXPECT_EQ(shown(counted{1, "port"}), "1 port");
+  EXPECT_EQ(shown(counted{2000, "port"}), "2,000 ports");
+}
+
+TEST(HtmlText, WritesSizesInBytesAndKib) {
+  EXPECT_EQ(shown(byte_size{1}), "1 byte");
+  EXPECT_EQ(shown(byte_size{1023}), "1,023 bytes");
+  EXPECT_EQ(shown(byte_size{1024}), "1,024 bytes (1.0 KiB)");
+  EXPECT_EQ(shown(byte_size{2047}), "2,047 bytes (2.0 KiB)");
+  EXPECT_EQ(shown(byte_size{4294967295}), "4,294,967,295 bytes (4,194,304.0 KiB)");
+  EXPECT_EQ(shown(rounded_size{1023}), "1023 B");
+  EXPECT_EQ(shown(rounded_size{1536}), "1.5 KiB");
+  EXPECT_EQ(shown(rounded_size{1048575}), "1,024.0 KiB");
+  EXPECT_EQ(shown(rounded_size{std::uint64_t{3} << 40U}), "3.0 TiB");
+}
+
+TEST(HtmlText, WritesPercentages) {
+  EXPECT_EQ(shown(percent{0}), "0%");
+  EXPECT_EQ(shown(percent{5}), "0.05%");
+  EXPECT_EQ(shown(percent{1234}), "12.34%");
+  EXPECT_EQ(shown(percent{10000}), "100%");
+}
+
+}  // namespace
+}  // namespace morvane::cli
