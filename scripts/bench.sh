@@ -299,14 +299,14 @@ row_pack() {
   rm net.bin copy.bin
   ours=(0 out/report "$morvane" pack images -o out/net.bin --no-sync)
   yardstick=(0 out/report "$tool" -d images -f out/net.bin)
-  compare pack "morvane pack, 4 images of $megabytes MiB" "morvane_gen" "1.5, 16 MiB"
+  compare pack "morvane pack, 4 images of $megabytes MiB" "morvane_gen" "2.0, 16 MiB"
 }
 
 row_packs() {
   make_folder small dags="$small_dags" ports=2 image_size=100
   ours=(0 out/report "$morvane" pack small -o out/net.bin --no-sync)
   yardstick=(0 out/report "$tool" -d small -f out/net.bin)
-  compare packs "morvane pack, $small_dags DAGs" "morvane_gen" "1.6"
+  compare packs "morvane pack, $small_dags DAGs" "morvane_gen" "2.5"
   rm -rf small
 }
 
@@ -320,7 +320,7 @@ row_lint() {
   check_lint small
   ours=(0 out/report "$morvane" lint small)
   yardstick=(0 out/report "$tool" -d small -f out/net.bin)
-  compare lint "lint $small_dags DAGs" "morvane_gen packs them" "1.5"
+  compare lint "lint $small_dags DAGs" "morvane_gen packs them" "2.0"
   rm -rf small
 }
 
@@ -339,7 +339,7 @@ row_lintw() {
   check_lint wide
   ours=(0 out/report "$morvane" lint wide)
   yardstick=(0 out/report "$tool" -d wide -f out/net.bin)
-  compare lintw "lint a header of $many_ports ports" "morvane_gen packs it" "1.5"
+  compare lintw "lint a header of $many_ports ports" "morvane_gen packs it" "2.0"
   rm -rf wide
 }
 
