@@ -103,31 +103,5 @@ TEST_F(LintBlocks, TakesTheBlockThatBeganLastForTheOneAbove) {
       "whose macro is net_mask_H [wrong-name]\n");
 }
 
-TEST_F(LintBlocks, FindsAMissingPortByTheNameInTheMacroThatNamesTheDag) {
-  folder.write("in/net.dvi", "image");
-  folder.write("in/net.h",
-               "#define old_DAG_NAME \"net\"\n"
-               "#define net_image_size 5\n"
-               "#define old_mel_W 40\n"
-               "#define old_mel_H 49\n"
-               "#define old_mel_sign 0\n");
-  expect_findings(0,
-                  "in/net.h:3:9: warning: no line with HMB_input or HMB_output introduces mel: it "
-                  "is not in the package, and its 3 macros are not read [missing-block]\n");
-}
-
-TEST_F(LintBlocks, NamesAMissingPortWithoutAllThatNamesTheDag) {
-  folder.write("in/net.dvi", "image");
-  folder.write("in/net.h",
-               "#define net_split_0_DAG_NAME \"net\"\n"
-               "#define net_image_size 5\n"
-               "#define net_split_0_mel_W 3\n"
-               "#define net_split_0_mel_H 3\n"
-               "#define net_split_0_mel_P 3\n");
-  expect_findings(0,
-                  "in/net.h:3:9: warning: no line with HMB_input or HMB_output introduces mel: it "
-                  "is not in the package, and its 3 macros are not read [missing-block]\n");
-}
-
 }  // namespace
 }  // namespace morvane::test

@@ -294,24 +294,6 @@ TEST_F(LintMacros, FindsAMacroThatIsNoDefine) {
                   "becomes 40 [not-a-define]\n");
 }
 
-TEST_F(LintMacros, KnowsTheNameInTheMacroThatNamesTheDag) {
-  folder.write("in/net.dvi", "image");
-  folder.write("in/net.h",
-               "#define net_split_0_DAG_NAME \"net\"\n"
-               "#define net_image_size 5\n"
-               "/* net HMB_input data */\n"
-               "#define net_split_0_data_W 40\n"
-               "/* rows */\n"
-               "#define net_split_0_data_H 49\n"
-               "#define net_data_D 1\n");
-  expect_findings(
-      0,
-      "in/net.h:6:9: warning: net_split_0_data_H is not read: it comes after the block of input "
-      "data, which ended on line 5 [outside-any-block]\n"
-      "in/net.h:7:9: warning: net_data_D is not read: it comes after the block of input data, "
-      "which ended on line 5 [outside-any-block]\n");
-}
-
 TEST_F(LintMacros, FindsASecondNameOfTheDagOnlyIfItDiffers) {
   folder.write("in/net.dvi", "image");
   folder.write("in/net.h",

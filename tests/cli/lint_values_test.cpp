@@ -10,24 +10,6 @@ using namespace std::literals;
 
 class LintValues : public linted_folder {};
 
-TEST_F(LintValues, FindsAMacroThatGoesOnBelow) {
-  folder.write("in/net.dvi", "image");
-  folder.write("in/net.h",
-               "#define net_DAG_NAME \"net\"\n"
-               "#define net_image_size 5\n"
-               "/* net HMB_input data */\n"
-               "#define net_data_W 3 /* columns\n"
-               "without the last */ + 1\n"
-               "#define net_data_\\\n"
-               "H 4\n");
-  expect_findings(
-      0,
-      "in/net.h:4:20: warning: the value goes on in the next line, which is not read: net_data_W "
-      "becomes 3 [continued-line]\n"
-      "in/net.h:6:9: warning: the name net_data_H goes on in the next line: the macro is not read "
-      "[continued-line]\n");
-}
-
 TEST_F(LintValues, FindsANumberThatIsNotDecimal) {
   folder.write("in/net.dvi", "image");
   folder.write("in/net.h",

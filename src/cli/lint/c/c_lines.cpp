@@ -1,6 +1,5 @@
 #include "cli/lint/c/c_lines.h"
 
-#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -80,60 +79,20 @@ std::string_view leading_word(std::string_view text, std::size_t at_least) {
   return text.substr(0, end);
 }
 
-/// What follows a line of the header.
-std::string_view text_below(const c_reader& reader, std::string_view line) {
-  const auto end = static_cast<std::size_t>(line.data() + line.size() - reader.header.data());
-  return reader.header.substr(std::min(end + 1, reader.header.size()));
-}
-
-/// Whether there is text behind the comment that ends below, on the line on which it ends.
-bool has_text_behind_comment(std::string_view below) {
-  std::string buffer;
-  for (std::size_t close = below.find("*/"); close != std::string_view::npos;
-       close = below.find("*/")) {
-    below.remove_prefix(close + 2);
-    const std::string_view line = below.substr(0, below.find('\n'));
-    const bare_text bare = without_comments(line, buffer);
-    if (!bare.text.empty() || bare.end != text_end::open_comment) {
-      return !bare.text.empty();
-    }
-    below.remove_prefix(line.size());
-  }
-  return false;
-}
-
-/// What the next line adds to a name that a backslash divides.
-std::string_view rest_of_name(const c_reader& reader, std::string_view behind_name) {
-  if (!reader.continued || trimmed(behind_name) != "\\" || !behind_name.starts_with('\\')) {
-    return {};
-  }
-  const std::string_view below = text_below(reader, behind_name);
-  std::size_t end = 0;
-  while (end < below.size() && is_name_character(below[end])) {
-    ++end;
-  }
-  return below.substr(0, end);
-}
-
 /// The macro that the text behind #define or #undef names.
 void read_macro(c_reader& reader, std::string_view text, c_line& result) {
   skip_to_text(text);
   result.name = leading_name(text);
   result.word = leading_word(text, result.name.size());
   text.remove_prefix(result.name.size());
-  result.name_rest = rest_of_name(reader, text);
   result.has_parameters = text.starts_with('(');
   result.value = take_text(reader, text);
-  if (reader.in_comment && has_text_behind_comment(text_below(reader, text))) {
-    result.continued = true;
-  }
   note_definition(reader, result);
 }
 
 /// A directive, from behind its "#".
 void read_directive(c_reader& reader, std::string_view text, std::size_t place, c_line& result) {
   skip_to_text(text);
-  reader.in_directive = true;
   for (const auto& [word, kind] :
        {std::pair("define"sv, directive::define), {"undef"sv, directive::undef}}) {
     if (text.starts_with(word) &&
@@ -157,20 +116,17 @@ c_line read_c_line(c_reader& reader, std::string_view line) {
     line.remove_prefix(byte_order_mark.size());
   }
   const bool is_rest = reader.continued && !reader.in_comment && !reader.in_line_comment;
-  const bool was_in_comment = reader.in_comment;
   reader.continued = ends_in_backslash(line);
   if (!leave_comment(reader, line)) {
     result.state = visibility::in_comment;
     return result;
   }
-  if (is_rest || (was_in_comment && reader.in_directive)) {
+  if (is_rest) {
     result.state = visibility::rest;
     take_text(reader, line);
-    reader.in_directive = reader.in_directive && (reader.in_comment || reader.continued);
     return result;
   }
   skip_to_text(line);
-  reader.in_directive = false;
   apply_conditions(reader, result);
   if (line.starts_with('#')) {
     result.continued = reader.continued;

@@ -26,13 +26,12 @@ enum class directive { none, define, undef };
 struct c_line {
   visibility state = visibility::active;
   directive kind = directive::none;
-  std::string_view name{};       // of the macro
-  std::string_view name_rest{};  // what the next line adds to the name, behind a backslash
-  std::string_view word{};       // the name with all that follows it without white space
-  std::string_view value{};      // what replaces the macro, without comments
-  bool has_parameters = false;   // NAME(...)
-  bool continued = false;        // on a later line
-  std::size_t condition = 0;     // the place of the condition, in the header
+  std::string_view name{};      // of the macro
+  std::string_view word{};      // the name with all that follows it without white space
+  std::string_view value{};     // what replaces the macro, without comments
+  bool has_parameters = false;  // NAME(...)
+  bool continued = false;       // in the next line, behind a backslash
+  std::size_t condition = 0;    // the place of the condition, in the header
 };
 
 /// A condition that is open.
@@ -55,7 +54,6 @@ struct c_reader {
   asked_macros asked{};
   bool in_comment = false;
   bool in_line_comment = false;  // that a backslash leads on
-  bool in_directive = false;     // the comment or backslash belongs to a directive
   bool continued = false;
   std::vector<c_condition> conditions{};
   std::string buffer{};

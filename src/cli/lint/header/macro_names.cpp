@@ -85,31 +85,30 @@ macro_family family_of(object_kind kind) {
 }
 
 bool is_macro_of(std::string_view macro, object_kind kind, std::string_view block,
-                 std::string_view suffix, const macro_prefixes& prefixes) {
+                 std::string_view suffix, std::string_view dag_name) {
   if (!take_end(macro, suffix) || !take_end(macro, block)) {
     return false;
   }
   if (kind == object_kind::dag || kind == object_kind::variable) {
     return macro.empty();
   }
-  if (prefixes.dag_name.empty()) {
+  if (dag_name.empty()) {
     return !macro.empty();
   }
-  return take_end(macro, "_") &&
-         (macro == prefixes.dag_name || (!prefixes.alias.empty() && macro == prefixes.alias));
+  return take_end(macro, "_") && macro == dag_name;
 }
 
 std::string macro_name(object_kind kind, std::string_view block, std::string_view suffix,
-                       const macro_prefixes& prefixes) {
+                       std::string_view dag_name) {
   std::string name;
   const bool has_prefix = kind != object_kind::dag && kind != object_kind::variable;
-  if (has_prefix && !prefixes.dag_name.empty()) {
-    name.append(prefixes.alias.empty() ? prefixes.dag_name : prefixes.alias).append("_");
+  if (has_prefix && !dag_name.empty()) {
+    name.append(dag_name).append("_");
   }
   return name.append(block).append(suffix);
 }
 
-macro_parts parts_of(std::string_view macro, macro_family family, const macro_prefixes& prefixes,
+macro_parts parts_of(std::string_view macro, macro_family family, std::string_view dag_name,
                      const block_names& names) {
   const auto rows = macros_of(family);
   const auto has_suffix = [&](const macro_row& row) { return macro.ends_with(row.suffix); };
@@ -117,17 +116,12 @@ macro_parts parts_of(std::string_view macro, macro_family family, const macro_pr
   if (row == rows.end()) {
     return {.family = family};
   }
-  const std::string_view stem = macro.substr(0, macro.size() - row->suffix.size());
+  std::string_view block = macro.substr(0, macro.size() - row->suffix.size());
   const bool has_prefix = family == macro_family::port || family == macro_family::smb;
-  for (const std::string_view prefix : {prefixes.dag_name, prefixes.alias}) {
-    std::string_view block = stem;
-    const bool is_prefix = !prefix.empty() || prefixes.dag_name.empty();
-    const bool is_taken = !has_prefix || (is_prefix && take_prefix(block, prefix));
-    if (is_taken && names.is_known(family, block)) {
-      return {.family = family, .row = &*row, .block = block};
-    }
+  if ((has_prefix && !take_prefix(block, dag_name)) || !names.is_known(family, block)) {
+    return {.family = family};
   }
-  return {.family = family};
+  return {.family = family, .row = &*row, .block = block};
 }
 
 block_names::block_names(const header_reading& reading) {

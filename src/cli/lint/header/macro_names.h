@@ -11,24 +11,17 @@
 
 namespace morvane::cli {
 
-/// What macros of a kind begin with, besides the name of their block.
-struct macro_prefixes {
-  std::string_view dag_name{};  // empty if the header names no DAG
-  /// What is before "_DAG_NAME" in the macro that names the DAG. It may be another name.
-  std::string_view alias{};
-};
-
 /// The kinds that share their macros: inputs and outputs.
 enum class macro_family : std::uint8_t { dag, port, variable, smb };
 macro_family family_of(object_kind kind);
 
 /// Whether a macro's name is that of a block's macro with a suffix.
 bool is_macro_of(std::string_view macro, object_kind kind, std::string_view block,
-                 std::string_view suffix, const macro_prefixes& prefixes);
+                 std::string_view suffix, std::string_view dag_name);
 
 /// The name of a block's macro with a suffix.
 std::string macro_name(object_kind kind, std::string_view block, std::string_view suffix,
-                       const macro_prefixes& prefixes);
+                       std::string_view dag_name);
 
 /// The blocks of each name.
 class block_names {
@@ -70,7 +63,7 @@ struct macro_parts {
   const macro_row* row = nullptr;  // null for a name that belongs to no block of the family
   std::string_view block{};
 };
-macro_parts parts_of(std::string_view macro, macro_family family, const macro_prefixes& prefixes,
+macro_parts parts_of(std::string_view macro, macro_family family, std::string_view dag_name,
                      const block_names& names);
 
 /// Whether one name becomes the other with at most two letters changed, added or left out, or with

@@ -79,18 +79,6 @@ void check_kind(comparison& header, object_kind kind, const c_line& line, std::s
   }
 }
 
-/// What is before "_DAG_NAME" in the macro that names the DAG, if it is another name.
-std::string_view find_alias(const comparison& header, const c_line& line, std::string_view text) {
-  const std::string_view name = header.reading.dag_name;
-  const bool names_dag =
-      !name.empty() && text.data() <= name.data() && name.data() < text.data() + text.size();
-  if (!names_dag || line.kind != directive::define || !line.name.ends_with(dag_name_macro)) {
-    return {};
-  }
-  const std::string_view alias = line.name.substr(0, line.name.size() - dag_name_macro.size());
-  return alias == name ? std::string_view() : alias;
-}
-
 void check_line(comparison& header, const c_line& line, std::string_view text, std::size_t end) {
   const std::size_t place = header.place_of(text);
   if (text.size() > line_limit.longest) {
@@ -142,7 +130,6 @@ void check_whole(comparison& header) {
 
 header_findings compare_header(const header_reading& reading, bool with_vproc, bool with_notes) {
   comparison header(reading, with_vproc, with_notes);
-  header.prefixes.dag_name = reading.dag_name;
   const std::string_view text = reading.header;
   header.has_nul = text.find('\0') != std::string_view::npos;
   c_reader reader{.header = text, .macros = header.macros, .asked = macros_of_conditions(text)};
@@ -150,9 +137,6 @@ header_findings compare_header(const header_reading& reading, bool with_vproc, b
     const std::size_t newline = std::min(text.find('\n', begin), text.size());
     const std::string_view line = text.substr(begin, newline - begin);
     const c_line seen = read_c_line(reader, line);
-    if (header.prefixes.alias.empty()) {
-      header.prefixes.alias = find_alias(header, seen, line);
-    }
     check_line(header, seen, line, newline);
     begin = newline + 1;
   }

@@ -79,7 +79,6 @@ struct comparison {
   line_index lines;
   block_names names;
   std::vector<object_kind> kinds{};  // that the header describes
-  macro_prefixes prefixes{};
   std::array<kind_cursor, object_kinds> cursors{};
   /// The definitions of macros that are defined more than once, or for more than one block.
   std::vector<own_definition> repeated{};

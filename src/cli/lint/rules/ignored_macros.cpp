@@ -170,7 +170,7 @@ void check_dag_name(comparison& header, const c_line& line, std::size_t place) {
 
 /// Whether a compiler's macro begins with the name of the DAG.
 bool is_of_dag(const comparison& header, std::string_view name) {
-  const std::string_view dag = header.prefixes.dag_name;
+  const std::string_view dag = header.reading.dag_name;
   return !dag.empty() && name.size() > dag.size() && name.starts_with(dag) &&
          name[dag.size()] == '_';
 }
@@ -179,7 +179,7 @@ bool is_of_dag(const comparison& header, std::string_view name) {
 macro_parts known_parts(const comparison& header, std::string_view name) {
   for (const macro_family family :
        {macro_family::dag, macro_family::port, macro_family::variable, macro_family::smb}) {
-    const macro_parts parts = parts_of(name, family, header.prefixes, header.names);
+    const macro_parts parts = parts_of(name, family, header.reading.dag_name, header.names);
     if (parts.row != nullptr) {
       return parts;
     }
@@ -187,26 +187,8 @@ macro_parts known_parts(const comparison& header, std::string_view name) {
   return {};
 }
 
-/// A macro of the header whose name goes on in the next line. Returns whether it is one.
-bool check_divided_name(comparison& header, const c_line& line, std::size_t place) {
-  if (line.name_rest.empty()) {
-    return false;
-  }
-  const std::string name = joined(line.name, line.name_rest);
-  const bool is_known = known_parts(header, name).row != nullptr;
-  if (is_known) {
-    report(
-        header, kind_of("continued-line"), place,
-        joined("the name ", printable(name), " goes on in the next line: the macro is not read"));
-  }
-  return is_known;
-}
-
 void check_definition(comparison& header, const c_line& line, std::string_view text) {
   const std::size_t place = header.place_of(line.name);
-  if (check_divided_name(header, line, place)) {
-    return;
-  }
   if (line.name.ends_with(dag_name_macro)) {
     if (!header.reading.dag_name.empty() && text.data() <= header.reading.dag_name.data() &&
         header.reading.dag_name.data() < text.data() + text.size()) {

@@ -1,7 +1,6 @@
 #include "cli/lint/rules/missing_blocks.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <utility>
 
@@ -15,28 +14,19 @@ namespace {
 // meant, such as net_frames_W.
 constexpr int enough_macros = 3;
 
-/// What the names of macros may begin with: the longer one first, as it may begin with the other.
-std::array<std::string_view, 2> longest_first(const macro_prefixes& prefixes) {
-  if (prefixes.alias.size() > prefixes.dag_name.size()) {
-    return {prefixes.alias, prefixes.dag_name};
-  }
-  return {prefixes.dag_name, prefixes.alias};
-}
-
 /// The macro's row among those of a port, and the name before it. Null for other macros.
 macro_parts port_parts(const comparison& header, std::string_view macro) {
   const auto* const row = std::ranges::find_if(
       port_macros, [&](const macro_row& each) { return macro.ends_with(each.suffix); });
-  for (const std::string_view prefix : longest_first(header.prefixes)) {
-    const std::size_t begin = prefix.size() + 1;
-    if (row != port_macros.end() && !prefix.empty() && macro.size() > begin + row->suffix.size() &&
-        macro.starts_with(prefix) && macro[prefix.size()] == '_') {
-      return {.family = macro_family::port,
-              .row = &*row,
-              .block = macro.substr(begin, macro.size() - begin - row->suffix.size())};
-    }
+  const std::string_view dag = header.reading.dag_name;
+  const std::size_t begin = dag.size() + 1;
+  if (row == port_macros.end() || dag.empty() || macro.size() <= begin + row->suffix.size() ||
+      !macro.starts_with(dag) || macro[dag.size()] != '_') {
+    return {.family = macro_family::port};
   }
-  return {.family = macro_family::port};
+  return {.family = macro_family::port,
+          .row = &*row,
+          .block = macro.substr(begin, macro.size() - begin - row->suffix.size())};
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ std::string_view name_of(const comparison& header, const own_definition& definit
 
 std::string macro_of(const comparison& header, const own_definition& definition) {
   return printable(macro_name(definition.kind, name_of(header, definition), definition.row->suffix,
-                              header.prefixes));
+                              header.reading.dag_name));
 }
 
 bool is_same(const own_definition& one, const own_definition& other) {

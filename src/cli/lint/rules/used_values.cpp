@@ -29,11 +29,11 @@ own_value find_own(const comparison& header, const line_value& value, const c_li
   }
   const std::string_view block = block_of(header, value).name;
   const std::string_view suffix = value.row->suffix;
-  if (is_macro_of(line.name, value.kind, block, suffix, header.prefixes)) {
+  if (is_macro_of(line.name, value.kind, block, suffix, header.reading.dag_name)) {
     return {.is_own = true, .macro = line.name, .c_value = line.value};
   }
   // A name that C cannot have, as "net_in.0_W", is compared as it is written.
-  if (is_macro_of(line.word, value.kind, block, suffix, header.prefixes)) {
+  if (is_macro_of(line.word, value.kind, block, suffix, header.reading.dag_name)) {
     return {.is_own = true,
             .macro = line.word,
             .c_value = trimmed(line.value.substr(line.word.size() - line.name.size()))};
@@ -99,8 +99,8 @@ bool check_value(comparison& header, const line_value& value, const c_line& line
   const std::size_t place = header.place_of(value.word);
   const own_value own = find_own(header, value, line);
   if (!own.is_own) {
-    const std::string macro =
-        macro_name(value.kind, block_of(header, value).name, value.row->suffix, header.prefixes);
+    const std::string macro = macro_name(value.kind, block_of(header, value).name,
+                                         value.row->suffix, header.reading.dag_name);
     const stray_source source = find_source(header, value, line, text, macro);
     report(header, source.kind, place,
            joined(source.text, ", which becomes ", packed_value(*value.row, value.word)));
@@ -139,11 +139,12 @@ void check_block_end(comparison& header, object_kind kind) {
     if (own.row != nullptr && !state.replacement.empty() &&
         !is_same_value(macros[i], own.word, state.replacement)) {
       const parsed_block& block = header.reading.of(kind).blocks[own.block];
-      report(header, kind_of("overwritten"), own.place,
-             joined(printable(macro_name(kind, block.name, macros[i].suffix, header.prefixes)),
-                    " is ", packed_value(macros[i], own.word), " here, but ",
-                    line_title(header, header.place_of(state.replacement)), " changes it to ",
-                    packed_value(macros[i], state.replacement)));
+      report(
+          header, kind_of("overwritten"), own.place,
+          joined(printable(macro_name(kind, block.name, macros[i].suffix, header.reading.dag_name)),
+                 " is ", packed_value(macros[i], own.word), " here, but ",
+                 line_title(header, header.place_of(state.replacement)), " changes it to ",
+                 packed_value(macros[i], state.replacement)));
     }
     state = {};
   }

@@ -36,7 +36,7 @@ bool check_misspelling(comparison& header, const c_line& line, std::size_t place
       continue;
     }
     for (const macro_row& row : macros_of(kind)) {
-      const std::string meant = macro_name(kind, block->name, row.suffix, header.prefixes);
+      const std::string meant = macro_name(kind, block->name, row.suffix, header.reading.dag_name);
       const bool has_suffix = line.name.ends_with(row.suffix);
       const std::string_view stem =
           has_suffix ? line.name.substr(0, line.name.size() - row.suffix.size()) : line.name;
@@ -72,7 +72,7 @@ bool check_ending(comparison& header, const c_line& line, std::size_t place) {
     if (block == nullptr || block->name.empty()) {
       continue;
     }
-    const std::string stem = macro_name(kind, block->name, "", header.prefixes);
+    const std::string stem = macro_name(kind, block->name, "", header.reading.dag_name);
     if (!line.name.starts_with(stem)) {
       continue;
     }
@@ -90,30 +90,10 @@ bool check_ending(comparison& header, const c_line& line, std::size_t place) {
   return false;
 }
 
-/// A macro with the name in the macro that names the DAG, when the DAG has another name.
-bool check_alias(comparison& header, const c_line& line, std::size_t place) {
-  const std::string_view alias = header.prefixes.alias;
-  const auto is_alias_macro = [&](const macro_row& row) {
-    return !alias.empty() && line.name.size() == alias.size() + row.suffix.size() &&
-           line.name.starts_with(alias) && line.name.ends_with(row.suffix);
-  };
-  const auto macros = macros_of(object_kind::dag);
-  const auto row = std::ranges::find_if(macros, is_alias_macro);
-  if (row == macros.end()) {
-    return false;
-  }
-  report(header, kind_of("wrong-name"), place,
-         joined(printable(line.name), " is not read: the DAG's name is ",
-                in_quotes(header.reading.dag_name), ", so its macro is ",
-                printable(std::string(header.reading.dag_name).append(row->suffix))));
-  return true;
-}
-
 }  // namespace
 
 bool check_wrong_name(comparison& header, const c_line& line, std::size_t place) {
-  return check_alias(header, line, place) || check_misspelling(header, line, place) ||
-         check_ending(header, line, place);
+  return check_misspelling(header, line, place) || check_ending(header, line, place);
 }
 
 }  // namespace morvane::cli
