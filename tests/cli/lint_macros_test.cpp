@@ -261,7 +261,7 @@ TEST_F(LintMacros, FindsAMacroThatAConditionLeavesOut) {
                "#define net_image_size 5\n"
                "/* net HMB_input data */\n"
                "#define net_data_W 40\n"
-               "#ifdef WIDE_net_data_\n"
+               "#if 0 // _data_\n"
                "#define net_data_H 49\n"
                "#endif\n");
   expect_findings(0,

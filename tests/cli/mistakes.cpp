@@ -214,6 +214,7 @@ void misspell_keyword(header_lines& header, random_numbers& random) {
 }
 
 void add_near(header_lines& header, const chosen_macro& macro, random_numbers& random) {
+  constexpr std::array conditions{"#if 0", "#if 1", "#ifdef __cplusplus", "#if VALUE > 2"};
   const std::string value = good_value(macro.suffix, random);
   switch (below(random, 8)) {
     case 7:
@@ -228,7 +229,7 @@ void add_near(header_lines& header, const chosen_macro& macro, random_numbers& r
       insert(header, macro.line, "#ifdef NOT_DEFINED");
       return insert(header, macro.line + 2, "#endif");
     case 3:
-      insert(header, macro.line, one_in(random, 2) ? "#if 0" : "#if VALUE > 2");
+      insert(header, macro.line, conditions.at(below(random, conditions.size())));
       insert(header, macro.line + 2, "#else");
       insert(header, macro.line + 3, definition(macro.name, value));
       return insert(header, macro.line + 4, "#endif");

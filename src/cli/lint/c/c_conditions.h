@@ -7,14 +7,9 @@
 
 namespace morvane::cli {
 
-/// The names in all conditions of a header, none of them defined yet.
-asked_macros macros_of_conditions(std::string_view header);
-
-/// Notes that a line defines or undefines a macro that conditions ask for.
-void note_definition(c_reader& reader, const c_line& line);
-
 /// Opens, changes or closes a condition, if the directive is one. The place is that of its line,
-/// the argument what follows the directive, without comments.
+/// the argument what follows the directive, without comments. Only what generated headers need is
+/// decided: an include guard, 0, 1, and whether __cplusplus is defined.
 void follow_condition(c_reader& reader, std::string_view directive, std::string_view argument,
                       std::size_t place);
 

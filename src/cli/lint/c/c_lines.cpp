@@ -87,7 +87,7 @@ void read_macro(c_reader& reader, std::string_view text, c_line& result) {
   text.remove_prefix(result.name.size());
   result.has_parameters = text.starts_with('(');
   result.value = take_text(reader, text);
-  note_definition(reader, result);
+  reader.is_at_top = false;
 }
 
 /// A directive, from behind its "#".

@@ -4,10 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
-
-#include "cli/lint/c/macro_index.h"
 
 namespace morvane::cli {
 
@@ -17,7 +14,7 @@ enum class visibility {
   in_comment,  // nothing on it is outside comments
   rest,        // it is the rest of the line before it, which ends in a backslash
   inactive,    // a condition leaves it out
-  unknown      // it depends on a condition that the header alone does not decide
+  unknown      // it depends on a condition that is not decided
 };
 
 enum class directive { none, define, undef };
@@ -34,24 +31,23 @@ struct c_line {
   std::size_t condition = 0;    // the place of the condition, in the header
 };
 
-/// A condition that is open.
+/// A condition that is open. What an example sets at each of its lines:
+///
+///     #if LARGE   taken: unknown, state: unknown
+///     #if 0       taken: inactive, state: inactive; this condition decides
+///     #elif 1     taken: active, state: unknown, as "#if LARGE" around it decides
+///     #else       taken: active, state: inactive; this condition decides
 struct c_condition {
-  visibility now = visibility::active;    // of the lines from here on, by this condition alone
   visibility taken = visibility::active;  // active: a branch was taken; inactive: none yet; unknown
   std::size_t place = 0;                  // of its first line
-  visibility with_outer = visibility::active;  // by the conditions around it too
-  std::size_t deciding = 0;                    // the place of the one that decides
+  visibility state = visibility::active;  // of the lines from here on
+  std::size_t deciding = 0;               // the place of the condition that decides the state
 };
-
-using asked_macros = std::unordered_map<std::string_view, visibility>;
 
 /// Reads the lines of a header one after the other.
 struct c_reader {
   std::string_view header;
-  macro_index& macros;
-  /// The macros that conditions ask for, and whether they are defined where the reader is: active
-  /// or inactive.
-  asked_macros asked{};
+  bool is_at_top = true;  // no line so far defines a macro or has a condition
   bool in_comment = false;
   bool in_line_comment = false;  // that a backslash leads on
   bool continued = false;

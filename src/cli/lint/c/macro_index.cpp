@@ -2,19 +2,16 @@
 
 #include <algorithm>
 #include <functional>
-#include <tuple>
 
 #include "cli/lint/c/c_text.h"
 
 namespace morvane::cli {
 
-bool macro_index::defines(std::string_view name, std::size_t before) {
+bool macro_index::defines(std::string_view name) {
   if (!is_built_) {
     build();
   }
-  const std::uint64_t hash = std::hash<std::string_view>()(name);
-  const auto found = std::ranges::lower_bound(entries_, hash, {}, &entry::hash);
-  return found != entries_.end() && found->hash == hash && found->place < before;
+  return std::ranges::binary_search(hashes_, std::hash<std::string_view>()(name));
 }
 
 void macro_index::build() {
@@ -30,10 +27,10 @@ void macro_index::build() {
     }
     const std::string_view name = leading_name(header_.substr(begin));
     if (before.ends_with('#') && !name.empty()) {
-      entries_.push_back({.hash = std::hash<std::string_view>()(name), .place = place});
+      hashes_.push_back(std::hash<std::string_view>()(name));
     }
   }
-  std::ranges::sort(entries_, {}, [](const entry& e) { return std::tuple(e.hash, e.place); });
+  std::ranges::sort(hashes_);
 }
 
 }  // namespace morvane::cli

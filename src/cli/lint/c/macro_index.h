@@ -1,31 +1,26 @@
-// Where a header defines its macros.
+// The macros that a header defines.
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <string_view>
 #include <vector>
 
 namespace morvane::cli {
 
-/// Finds the definition of a macro by its name. The index is made when it is asked first, as most
-/// headers need none.
+/// Tells whether a macro is defined. The index is made when it is asked first, as most headers need
+/// none.
 class macro_index {
  public:
   explicit macro_index(std::string_view header) : header_(header) {}
 
-  /// Whether the header defines the macro before a place.
-  bool defines(std::string_view name, std::size_t before);
+  /// Whether the header defines the macro anywhere.
+  bool defines(std::string_view name);
 
  private:
-  struct entry {
-    std::uint64_t hash;
-    std::size_t place;
-  };
   void build();
 
   std::string_view header_;
-  std::vector<entry> entries_{};
+  std::vector<std::size_t> hashes_{};  // of the names, sorted
   bool is_built_ = false;
 };
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "cli/lint/c/c_conditions.h"
 #include "cli/lint/c/c_lines.h"
 #include "cli/lint/rules/block_starts.h"
 #include "cli/lint/rules/comparison.h"
@@ -132,7 +131,7 @@ header_findings compare_header(const header_reading& reading, bool with_vproc, b
   comparison header(reading, with_vproc, with_notes);
   const std::string_view text = reading.header;
   header.has_nul = text.find('\0') != std::string_view::npos;
-  c_reader reader{.header = text, .macros = header.macros, .asked = macros_of_conditions(text)};
+  c_reader reader{.header = text};
   for (std::size_t begin = 0; begin < text.size();) {
     const std::size_t newline = std::min(text.find('\n', begin), text.size());
     const std::string_view line = text.substr(begin, newline - begin);

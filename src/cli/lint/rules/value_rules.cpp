@@ -177,8 +177,7 @@ std::optional<value_fault> compare_text(std::string_view macro, std::string_view
                                         std::string_view c_value, macro_index& macros) {
   const std::string_view text = c_text(c_value);
   const bool is_literal = text.data() != c_value.data();
-  if (text == word &&
-      (is_literal || leading_name(word) != word || !macros.defines(word, std::string_view::npos))) {
+  if (text == word && (is_literal || leading_name(word) != word || !macros.defines(word))) {
     return std::nullopt;
   }
   const std::string end = joined(": ", printable(macro), " becomes ", in_quotes(word));

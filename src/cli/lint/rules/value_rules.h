@@ -9,6 +9,7 @@
 
 #include "cli/findings/findings.h"
 #include "cli/lint/c/c_lines.h"
+#include "cli/lint/c/macro_index.h"
 #include "format/macros.h"
 
 namespace morvane::cli {
