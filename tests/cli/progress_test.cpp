@@ -15,6 +15,11 @@ TEST(Progress, TellsBytesAndRate) {
             "net.bin: 512 of 1024 MiB, 256 MiB/s");
 }
 
+TEST(Progress, TellsDvis) {
+  EXPECT_EQ(progress_text({.name = "in", .total = 10, .unit = cli::progress_unit::dvis}, 3, 2.0),
+            "in: 3 of 10 DVIs");
+}
+
 TEST(Progress, IsNotShownWhereStandardErrorIsNoTerminal) {
   testing::internal::CaptureStderr();
   cli::progress_line progress = begin_progress("net.bin", 100, false);

@@ -12,7 +12,7 @@ int run_lint(const lint_options& options, console& streams) {
   lint_output output = begin_lint(streams, options.format, options.scope);
   finding_counts counts;
   progress_line& progress = streams.progress;
-  progress = begin_progress(options.scope.folder, 0, streams.quiet);
+  progress = begin_progress(options.scope.folder, 0, streams.quiet, progress_unit::dvis);
   const auto take = [&](const finding& found) {
     const bool is_hidden = level_of(found) == severity::note && !options.scope.notes;
     if (!is_hidden &&
@@ -23,7 +23,11 @@ int run_lint(const lint_options& options, console& streams) {
   };
   const int error = lint_folder(
       options.scope, take,
-      [&](std::size_t done, std::size_t /*all*/) { show_progress(progress, done); }, nullptr);
+      [&](std::size_t done, std::size_t all) {
+        progress.total = all;
+        show_progress(progress, done);
+      },
+      nullptr);
   hide_progress(progress);
   if (error != 0) {
     return end_failed_lint(output, error);

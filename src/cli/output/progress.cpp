@@ -18,12 +18,13 @@ void write_to_terminal(std::string_view text) {
 
 }  // namespace
 
-progress_line begin_progress(std::string_view name, std::uint64_t total, bool quiet) {
+progress_line begin_progress(std::string_view name, std::uint64_t total, bool quiet,
+                             progress_unit unit) {
   if (quiet || ::isatty(STDERR_FILENO) != 1) {
     return {};
   }
   const auto now = std::chrono::steady_clock::now();
-  return {.name = printable(name), .total = total, .begin = now, .shown = now};
+  return {.name = printable(name), .total = total, .unit = unit, .begin = now, .shown = now};
 }
 
 void show_progress(progress_line& progress, std::uint64_t done) {
@@ -49,6 +50,9 @@ void hide_progress(progress_line& progress) {
 }
 
 std::string progress_text(const progress_line& progress, std::uint64_t done, double seconds) {
+  if (progress.unit == progress_unit::dvis) {
+    return joined(progress.name, ": ", done, " of ", progress.total, " DVIs");
+  }
   constexpr std::uint64_t mebibyte = std::uint64_t{1} << 20U;
   const auto rate = static_cast<std::uint64_t>(static_cast<double>(done) / seconds) / mebibyte;
   return joined(progress.name, ": ", done / mebibyte, " of ", progress.total / mebibyte, " MiB, ",
