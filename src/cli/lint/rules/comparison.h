@@ -4,7 +4,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,9 +24,9 @@ struct own_definition {
   object_kind kind;
   std::uint32_t block;
   const macro_row* row = nullptr;
-  std::size_t place = 0;       // of the value
-  std::string_view word{};     // the value that the pack run takes
-  std::string_view c_value{};  // lies in the header, or in the texts that the comparison keeps
+  std::size_t place = 0;     // of the value
+  std::string_view word{};   // the value that the pack run takes
+  bool has_default = false;  // C gives the macro the value that its field has without it
 };
 
 /// The own definition of a row of the block that is being read, and what was taken after it from
@@ -85,7 +84,6 @@ struct comparison {
   /// The places of the names that #undef removes and no line defines again.
   std::unordered_map<std::string_view, std::size_t> undefined{};
   missing_block missing{};
-  std::deque<std::string> kept_texts{};  // values whose comments were removed
   header_findings findings{};
   bool has_nul = false;
 

@@ -69,7 +69,7 @@ void check_in_block(comparison& header, const unread_macro& macro, object_kind k
                                  .row = macro.parts.row,
                                  .place = macro.place,
                                  .word = {},
-                                 .c_value = macro.line.value});
+                                 .has_default = true});
     return;
   }
   if (macro.line.value.empty() && !macro.line.continued) {

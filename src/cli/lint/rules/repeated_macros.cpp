@@ -1,7 +1,6 @@
 #include "cli/lint/rules/repeated_macros.h"
 
 #include <algorithm>
-#include <functional>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -64,7 +63,7 @@ void check_block(comparison& header, const own_definition& last, definitions ord
   const own_definition* const own = last_in(ordered, kind, index);
   const parsed_block& block = header.reading.of(kind).blocks[index];
   if (own == nullptr) {
-    if (!is_default(*last.row, last.c_value, empty_record(kind))) {
+    if (!last.has_default) {
       report(header, kind_of("defined-elsewhere"), last.place,
              joined(macro_of(header, last), " is not in the block of ", block_title(kind, block),
                     " on ", line_title(header, header.place_of(block.name)), ", which keeps ",
@@ -78,18 +77,9 @@ void check_block(comparison& header, const own_definition& last, definitions ord
   }
 }
 
-/// A text that is still there when the next line is read: a value without its comments is not.
-std::string_view lasting(comparison& header, std::string_view text) {
-  const std::string_view all = header.reading.header;
-  const bool is_in_header = std::less_equal<>()(all.data(), text.data()) &&
-                            std::less_equal<>()(text.data(), all.data() + all.size());
-  return is_in_header || text.empty() ? text : header.kept_texts.emplace_back(text);
-}
-
 }  // namespace
 
-void remember_definition(comparison& header, own_definition definition) {
-  definition.c_value = lasting(header, definition.c_value);
+void remember_definition(comparison& header, const own_definition& definition) {
   kind_cursor& cursor = header.cursor(definition.kind);
   const auto row = static_cast<std::size_t>(definition.row - macros_of(definition.kind).data());
   row_state& state = cursor.rows.at(row);

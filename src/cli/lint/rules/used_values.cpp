@@ -118,12 +118,13 @@ bool check_value(comparison& header, const line_value& value, const c_line& line
   if (fault) {
     report(header, fault->kind, place, fault->text);
   }
-  remember_definition(header, {.kind = value.kind,
-                               .block = value.block,
-                               .row = value.row,
-                               .place = place,
-                               .word = value.word,
-                               .c_value = own.c_value});
+  remember_definition(
+      header, {.kind = value.kind,
+               .block = value.block,
+               .row = value.row,
+               .place = place,
+               .word = value.word,
+               .has_default = is_default(*value.row, own.c_value, empty_record(value.kind))});
   return true;
 }
 
