@@ -320,35 +320,12 @@ std::string chain(std::uint32_t dvis, std::uint32_t ports) {
   return package;
 }
 
-TEST(ReportCommand, NeedsAtMost2KibForEachPortAndDvi) {
-  constexpr std::size_t frame = 16384;  // of every page: its style sheet, headings and legends
-  for (const auto& [dvis, ports] :
-       {std::pair(1000U, 2U), std::pair(20U, 100U), std::pair(31U, 12U)}) {
-    EXPECT_LT(page_of(chain(dvis, ports)).size(), frame + std::size_t{2048} * dvis * (1 + ports))
-        << dvis;
-  }
-  // Names without a character that needs an escape may be as long as they can.
-  const std::string name(511, 'n');
-  std::string package = header(1) + bytes(dvi(std::string(127, 'd'), 0, 400));
-  for (int i = 0; i < 400; ++i) {
-    package += bytes(port(name, name));
-  }
-  EXPECT_LT(page_of(package).size(), frame + 2048 * 401);
-}
-
-TEST(ReportCommand, SaysOnceThatItShortenedNames) {
-  const auto package = [](const std::string& name) {
-    return header(1) + bytes(dvi("net", 0, 2)) + bytes(port(name, "layer")) +
-           bytes(port("data", name));
-  };
-  const std::string sentence =
-      "<footer><p>Long names are shortened in their middle. <code>morvane show --json</code> "
-      "writes them as a whole.</p>\n";
-  expect_not_shown(page_of(package(std::string(400, 'n'))), "shortened");
-  const std::string page = page_of(package("first" + std::string(480, 'n') + "last"));
-  expect_shown(page, "<bdi>first" + std::string(194, 'n') + "\xE2\x80\xA6" + std::string(194, 'n') +
-                         "last</bdi>");
-  expect_shown(page, sentence);
+TEST(ReportCommand, ShowsTheLongestNamesWhole) {
+  const std::string page = page_of(header(1) + bytes(dvi(std::string(127, 'd'), 0, 1)) +
+                                   bytes(port(std::string(511, 'n'), std::string(511, 'l'))));
+  expect_shown(page, "<h3>DVI 0: <bdi>" + std::string(127, 'd') + "</bdi></h3>");
+  expect_shown(page, "<bdi>" + std::string(511, 'n') + "</bdi><small><bdi>" +
+                         std::string(511, 'l') + "</bdi></small></th>");
 }
 
 TEST(ReportCommand, DrawsAThousandDvisAndSaysHowManyItLeavesOut) {

@@ -22,8 +22,8 @@ void write_document_head(const page_content& content, page_output& out) {
         "'; base-uri 'none'; form-action 'none'\">\n"
         "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
         "<meta name=\"referrer\" content=\"no-referrer\">\n<title>",
-        html{file_name(content.package.path), max_file_name_bytes},
-        ": package report</title>\n<style>", page_style, "</style>\n</head>\n<body>\n");
+        html{file_name(content.package.path)}, ": package report</title>\n<style>", page_style,
+        "</style>\n</head>\n<body>\n");
 }
 
 }  // namespace
@@ -40,11 +40,6 @@ void write_page(const page_content& content, page_output& out) {
   write_file(content, out);
   write_dvis(content, out);
   write(out, "</main>\n<footer>");
-  if (out.has_shortened) {
-    write(out,
-          "<p>Long names are shortened in their middle. <code>morvane show --json</code> writes "
-          "them as a whole.</p>\n");
-  }
   write(out, "<p>Made by <code>morvane report</code>, ",
         version_text(version_word, revision_hash()), ".</p></footer>\n</body>\n</html>\n");
 }

@@ -8,7 +8,7 @@
 #include "cli/files/blocked_signals.h"
 #include "cli/output/printable_text.h"
 #include "cli/report/dot_file.h"
-#include "cli/report/fitted_page.h"
+#include "cli/report/page.h"
 #include "io/file.h"
 #include "io/message.h"
 
@@ -44,7 +44,7 @@ void write_report(const report_options& options, const report_inputs& inputs, pa
       changes = find_changes(*inputs.old_package, inputs.package, out.streams);
       content.changes = &*changes;
     }
-    write_fitted_page(content, out);
+    write_page(content, out);
   }
   flush(out);
 }

@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
-#include <vector>
 
 #include "cli/output/printable_text.h"
 #include "cli/output/text_table.h"
+#include "cli/report/model/page_limits.h"
 
 namespace morvane::cli {
 
@@ -39,7 +38,7 @@ constexpr bool is_plain(char byte) {
   return byte >= ' ' && byte <= '~' && !is_markup(byte);
 }
 
-/// Appends a printable text.
+/// Appends a printable text, without markup in it.
 void append_shown(std::string& page, std::string_view text) {
   while (!text.empty()) {
     const auto* const markup = std::ranges::find_if(text, is_markup);
@@ -52,38 +51,15 @@ void append_shown(std::string& page, std::string_view text) {
   }
 }
 
-constexpr std::string_view ellipsis = "\xE2\x80\xA6";
-
-/// A character or an escape on the page, which is shown whole or not at all.
-struct page_unit {
-  std::size_t begin;
-  std::size_t end;
-  std::size_t size;  // as it counts for the limit
-};
-
-/// Appends a text without its middle. The function tells how much a unit counts, by its text and
-/// by its bytes on the page; end and beginning count at most so much.
-template <class Function>
-void append_ends(std::string& page, std::string_view text, std::size_t max_begin,
-                 std::size_t max_end, Function size_of) {
-  std::vector<page_unit> units;
-  for (std::size_t length = 0; !text.empty(); text.remove_prefix(length)) {
-    length = shown_length(text);
-    const std::size_t begin = page.size();
-    append_shown(page, text.substr(0, length));
-    units.push_back({begin, page.size(), size_of(text.substr(0, length), page.size() - begin)});
+void append_text(std::string& page, std::string_view text) {
+  if (std::ranges::all_of(text, is_plain)) {
+    page += text;
+  } else {
+    append_shown(page, printable(text));
   }
-  auto first_left_out = units.begin();
-  for (std::size_t size = 0; (size += first_left_out->size) <= max_begin;) {
-    ++first_left_out;
-  }
-  auto first_of_end = units.end();
-  for (std::size_t size = 0; (size += std::prev(first_of_end)->size) <= max_end;) {
-    --first_of_end;
-  }
-  page.erase(first_left_out->begin, std::prev(first_of_end)->end - first_left_out->begin);
-  page.insert(first_left_out->begin, ellipsis);
 }
+
+constexpr std::string_view ellipsis = "\xE2\x80\xA6";
 
 /// Appends a number with one digit after the point, of units of so many bytes.
 void append_tenths(std::string& page, std::uint64_t bytes, std::uint64_t unit) {
@@ -94,37 +70,38 @@ void append_tenths(std::string& page, std::uint64_t bytes, std::uint64_t unit) {
 
 }  // namespace
 
-bool append_piece(std::string& page, const html& piece) {
-  if (piece.text.size() <= piece.max_bytes && std::ranges::all_of(piece.text, is_plain)) {
-    page += piece.text;
-    return false;
-  }
-  const std::string shown = printable(piece.text);
+void append_piece(std::string& page, const html& piece) {
+  constexpr std::size_t longest_entity = 6;
+  constexpr std::size_t surely_fitting = (max_text_bytes - ellipsis.size()) / longest_entity;
   const std::size_t begin = page.size();
-  append_shown(page, shown);
-  if (page.size() - begin <= piece.max_bytes) {
-    return false;
+  append_text(page, piece.text);
+  if (page.size() - begin > max_text_bytes) {
+    page.resize(begin);
+    append_piece(page, short_html{piece.text, surely_fitting});
   }
-  page.resize(begin);
-  const std::size_t kept = piece.max_bytes - ellipsis.size();
-  append_ends(page, shown, kept - kept / 2, kept / 2,
-              [](std::string_view /*unit*/, std::size_t bytes) { return bytes; });
-  return true;
 }
 
 void append_piece(std::string& page, const short_html& piece) {
-  if (piece.text.size() <= piece.max_characters && std::ranges::all_of(piece.text, is_plain)) {
-    page += piece.text;
-    return;
-  }
-  const std::string shown = printable(piece.text);
-  if (width_of(shown) <= piece.max_characters) {
+  const std::string text = printable(piece.text);
+  const std::string_view shown = text;
+  const std::size_t width = width_of(shown);
+  if (width <= piece.max_characters) {
     append_shown(page, shown);
     return;
   }
   const std::size_t at_end = piece.max_characters / 2;
-  append_ends(page, shown, piece.max_characters - 1 - at_end, at_end,
-              [](std::string_view unit, std::size_t /*bytes*/) { return width_of(unit); });
+  const std::size_t at_begin = piece.max_characters - 1 - at_end;
+  std::size_t begin_length = 0;
+  std::size_t place = 0;
+  for (std::size_t passed = 0; width - passed > at_end;) {
+    const std::size_t length = shown_length(shown.substr(place));
+    passed += width_of(shown.substr(place, length));
+    place += length;
+    begin_length = passed <= at_begin ? place : begin_length;
+  }
+  append_shown(page, shown.substr(0, begin_length));
+  page += ellipsis;
+  append_shown(page, shown.substr(place));
 }
 
 void append_piece(std::string& page, hex piece) {

@@ -9,24 +9,17 @@
 
 namespace morvane::cli {
 
-/// The most bytes of a page that a name from a package takes, a sentence that holds names, and the
-/// name of a file.
-inline constexpr std::size_t max_name_bytes = 400;
-inline constexpr std::size_t max_sentence_bytes = 1024;
-inline constexpr std::size_t max_file_name_bytes = 128;
-
 /// A text from a package, shown as it is on a page: nothing of it becomes markup. Control
 /// characters and bytes that are not UTF-8 are shown as \x1b; what would change the direction of
 /// the text around it, and what HTML forbids, as \u202e. A text that takes more bytes of the page
-/// than it may is shortened in its middle, as names often differ at their end.
+/// than max_text_bytes is shortened like a name in a picture.
 struct html {
   std::string_view text;
-  std::size_t max_bytes = max_name_bytes;
 };
-/// Returns whether the text was shortened.
-bool append_piece(std::string& page, const html& piece);
+void append_piece(std::string& page, const html& piece);
 
-/// A name in a picture, shortened in its middle to so many characters.
+/// A name in a picture, shortened in its middle to so many characters: names often differ at their
+/// end.
 struct short_html {
   std::string_view text;
   std::size_t max_characters;

@@ -5,13 +5,11 @@
 #include "cli/diff/report_differences.h"
 #include "cli/package/package_walk.h"
 #include "cli/report/model/file_name.h"
+#include "cli/report/model/page_limits.h"
 
 namespace morvane::cli {
 
 namespace {
-
-/// Differences that are kept in memory. The others are counted.
-constexpr std::size_t max_changes = 20000;
 
 using dvi_positions = std::map<std::tuple<std::string_view, std::uint32_t>, std::uint32_t>;
 
@@ -43,23 +41,16 @@ void mark_dvi(dvi_changes& dvi, const difference& found, bool is_kept, std::size
   ++dvi.all;
 }
 
-std::uint64_t dvis_and_ports_of(const opened_package& package) {
-  std::uint64_t count = 0;
-  for_each_dvi(package.view, [&](const morvane_view_dvi& dvi) { count += 1 + port_count(dvi); });
-  return count;
-}
-
 }  // namespace
 
 package_changes find_changes(const opened_package& old_package, const opened_package& new_package,
                              console& streams) {
   package_changes changes{.old_name = file_name(old_package.path),
-                          .old_dvis_and_ports = dvis_and_ports_of(old_package),
                           .is_old_damaged = is_damaged(old_package)};
   changes.dvis.resize(new_package.view.sound_dvis);
   const dvi_positions positions = positions_in(new_package);
   report_differences(old_package, new_package, streams, [&](const difference& found) {
-    const bool is_kept = changes.kept.size() < max_changes;
+    const bool is_kept = changes.kept.size() < max_kept_differences;
     const auto dvi = positions.find({found.part.dvi.name, found.part.dvi.occurrence});
     if (found.part.kind != part_kind::package && dvi != positions.end()) {
       mark_dvi(changes.dvis[dvi->second], found, is_kept, changes.kept.size());

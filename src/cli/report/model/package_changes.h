@@ -28,8 +28,7 @@ struct dvi_changes {
 };
 
 struct package_changes {
-  std::string old_name{};  // of the file
-  std::uint64_t old_dvis_and_ports = 0;
+  std::string old_name{};           // of the file
   bool is_old_damaged = false;      // then what comes after the damage counts as missing
   std::vector<difference> kept{};   // the first ones; names and texts lie in the packages
   std::uint64_t all = 0;            // how many differences there are

@@ -1,20 +1,18 @@
 #include "cli/report/model/page_content.h"
 
 #include "cli/package/package_walk.h"
+#include "cli/report/model/page_limits.h"
 
 namespace morvane::cli {
 
 namespace {
-
-/// Findings of one severity that are kept in memory. The others are counted.
-constexpr std::size_t max_kept = 200;
 
 void keep(const finding& found, checked_package& checked) {
   count(found, checked.counts);
   std::vector<finding>& list = found.kind->level == severity::error     ? checked.errors
                                : found.kind->level == severity::warning ? checked.warnings
                                                                         : checked.notes;
-  if (list.size() < max_kept) {
+  if (list.size() < max_kept_findings) {
     list.push_back(found);
   }
 }

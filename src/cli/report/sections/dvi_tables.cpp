@@ -88,30 +88,23 @@ void write_field_text(const morvane_view& view, const morvane_view_dvi& dvi, pag
 }
 
 void write_dvi_changes(const package_changes& changes, std::uint32_t position, page_output& out) {
-  constexpr std::size_t max_shown = 50;
   const dvi_changes& range = changes.dvis[position];
   if (range.all == 0) {
     return;
   }
   write(out, "<h4>Changes</h4>\n<ul class=\"findings\">\n");
-  const auto kept = std::span(changes.kept).subspan(range.first, std::min(range.count, max_shown));
-  const std::uint64_t shown =
-      write_entries(out, kept, [&](const difference& one) { write_difference(one, out); });
-  if (range.all > shown) {
-    write(out, "<li>and ", grouped{range.all - shown},
-          " more, which <code>morvane diff</code> tells</li>\n");
-  }
+  const auto kept = std::span(changes.kept).subspan(range.first, range.count);
+  write_differences(kept, range.all, max_dvi_differences_bytes, out);
   write(out, "</ul>\n");
 }
 
-/// Ends a table of records, and tells how many rows the limits leave out.
-void end_table(std::uint64_t count, page_output& out) {
-  const std::uint64_t most = out.limits.max_entries;
-  write(out, most == 0 ? "" : "</tbody></table>\n");
-  if (count > most) {
-    write(out, "<p class=\"dim\">", grouped{count - most}, most == 0 ? "" : " more",
-          count - most == 1 ? " is" : " are",
-          " left out here; <code>morvane show</code> lists all.</p>\n");
+/// Ends a table of records, and tells how many rows have no room in it.
+void end_table(const bounded_list& rows, std::uint64_t count) {
+  write(rows.out, "</tbody></table>\n");
+  if (count > rows.shown) {
+    const std::uint64_t more = count - rows.shown;
+    write(rows.out, "<p class=\"dim\">", grouped{more}, " more", more == 1 ? " is" : " are",
+          " left out here; <code>morvane show --json</code> lists all.</p>\n");
   }
 }
 
@@ -120,23 +113,18 @@ void write_variables(const morvane_view& view, const morvane_view_dvi& dvi, page
   if (dvi.variable_num == 0) {
     return;
   }
-  write(out, "<h4>", counted{dvi.variable_num, "variable"}, "</h4>\n");
+  write(out, "<h4>", counted{dvi.variable_num, "variable"},
+        "</h4>\n<table class=\"variables\"><thead><tr><th scope=\"col\">Name</th>"
+        "<th scope=\"col\">Bit offset</th><th scope=\"col\">Bits</th></tr></thead>\n<tbody>\n");
+  bounded_list rows{out, max_records_bytes};
   occurrence_counter occurrences;
-  for_each_variable(view, dvi, [&](const morvane_view_var& one, const record_name& record) {
-    write_entry(out, record.index, [&] {
-      if (record.index == 0) {
-        write(out,
-              "<table class=\"variables\"><thead><tr><th scope=\"col\">Name</th>"
-              "<th scope=\"col\">Bit offset</th><th scope=\"col\">Bits</th></tr></thead>\n"
-              "<tbody>\n");
-      }
-      const std::string_view name = str(one.var);
-      write(out, "<tr><th scope=\"row\">", isolated{name},
-            next_mark(marks, part_kind::variable, name, occurrences), "</th><td>",
-            grouped{one.boffset}, "</td><td>", grouped{one.bsize}, "</td></tr>\n");
-    });
+  for_each_variable(view, dvi, [&](const morvane_view_var& one, const record_name& /*record*/) {
+    const std::string_view name = str(one.var);
+    write_entry(rows, "<tr><th scope=\"row\">", isolated{name},
+                next_mark(marks, part_kind::variable, name, occurrences), "</th><td>",
+                grouped{one.boffset}, "</td><td>", grouped{one.bsize}, "</td></tr>\n");
   });
-  end_table(dvi.variable_num, out);
+  end_table(rows, dvi.variable_num);
 }
 
 void write_smbs(const morvane_view& view, const morvane_view_dvi& dvi, page_output& out,
@@ -144,22 +132,18 @@ void write_smbs(const morvane_view& view, const morvane_view_dvi& dvi, page_outp
   if (dvi.smb_num == 0) {
     return;
   }
-  write(out, "<h4>", counted{dvi.smb_num, "SMB block"}, "</h4>\n");
+  write(out, "<h4>", counted{dvi.smb_num, "SMB block"},
+        "</h4>\n<table class=\"smbs\"><thead><tr><th scope=\"col\">Name</th>"
+        "<th scope=\"col\">Byte offset</th></tr></thead>\n<tbody>\n");
+  bounded_list rows{out, max_records_bytes};
   occurrence_counter occurrences;
-  for_each_smb(view, dvi, [&](const morvane_view_smb_block& one, const record_name& record) {
-    write_entry(out, record.index, [&] {
-      if (record.index == 0) {
-        write(out,
-              "<table class=\"smbs\"><thead><tr><th scope=\"col\">Name</th>"
-              "<th scope=\"col\">Byte offset</th></tr></thead>\n<tbody>\n");
-      }
-      const std::string_view name = str(one.smb_name);
-      write(out, "<tr><th scope=\"row\">", isolated{name},
-            next_mark(marks, part_kind::smb, name, occurrences), "</th><td class=\"mono\">",
-            hex{one.vbase_byte_offset}, "</td></tr>\n");
-    });
+  for_each_smb(view, dvi, [&](const morvane_view_smb_block& one, const record_name& /*record*/) {
+    const std::string_view name = str(one.smb_name);
+    write_entry(rows, "<tr><th scope=\"row\">", isolated{name},
+                next_mark(marks, part_kind::smb, name, occurrences), "</th><td class=\"mono\">",
+                hex{one.vbase_byte_offset}, "</td></tr>\n");
   });
-  end_table(dvi.smb_num, out);
+  end_table(rows, dvi.smb_num);
 }
 
 void write_dvi(const page_content& content, const morvane_view_dvi& dvi, page_output& out) {
@@ -176,7 +160,7 @@ void write_dvi(const page_content& content, const morvane_view_dvi& dvi, page_ou
     write_dvi_changes(*content.changes, dvi.position, out);
     marks = marks_of(*content.changes, dvi.position);
   }
-  if (has_groups(view) || out.limits.has_field_text) {
+  if (has_groups(view)) {
     write_field_text(view, dvi, out);
   } else {
     write_field_grid(view, dvi, out);

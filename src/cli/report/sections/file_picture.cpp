@@ -10,9 +10,6 @@ namespace morvane::cli {
 
 namespace {
 
-/// Parts that have room in the bar.
-constexpr std::size_t max_parts = 48;
-
 /// Parts that are of no DVI, or of the vproc records of all.
 constexpr std::size_t max_parts_beside_dvis = 8;
 
@@ -75,11 +72,6 @@ void write_change(change_mark mark, const axis_bar& bar, page_output& out) {
   }
 }
 
-/// Whether the table has a row of a part.
-bool has_row(const file_part& part, const page_limits& limits) {
-  return !limits.is_tight || !part.dvi || *part.dvi < limits.max_pictured;
-}
-
 void write_bar(const page_content& content, const std::vector<file_part>& parts, page_output& out) {
   std::vector<std::uint64_t> sizes;
   sizes.reserve(parts.size());
@@ -92,14 +84,10 @@ void write_bar(const page_content& content, const std::vector<file_part>& parts,
   for (std::size_t i = 0; i < parts.size(); ++i) {
     const file_part& part = parts[i];
     const axis_bar bar{place, widths[i]};
-    const bool is_link = has_row(part, out.limits);
-    if (is_link) {
-      write(out, "<a href=\"#", row_link{part.offset}, "\">");
-    }
-    write(out, bar_begin{part.kind, bar, 4, 40}, part.name, ", ", byte_size{part.size}, " at ",
-          hex{part.offset}, "</title></rect>");
+    write(out, "<a href=\"#", row_link{part.offset}, "\">", bar_begin{part.kind, bar, 4, 40},
+          part.name, ", ", byte_size{part.size}, " at ", hex{part.offset}, "</title></rect>");
     write_change(mark_of(content.changes, part), bar, out);
-    write(out, is_link ? "</a>\n" : "\n");
+    write(out, "</a>\n");
     place += widths[i];
   }
   write(out, "</svg>\n");
@@ -114,18 +102,12 @@ void write_table(const page_content& content, const std::vector<file_part>& part
         "<th scope=\"col\">Share</th></tr></thead>\n<tbody>\n");
   const std::uint64_t size = content.package.bytes.bytes().size();
   for (const file_part& part : parts) {
-    if (!has_row(part, out.limits)) {
-      continue;
-    }
     write(out, "<tr id=\"", row_link{part.offset}, "\"><th scope=\"row\"><i class=\"key ",
           part.kind, "\"></i> ", part.name, mark_of(content.changes, part),
           "</th><td class=\"mono\">", hex{part.offset}, "</td><td>", byte_size{part.size},
           "</td><td>", percent{part.size * whole_axis / size}, "</td></tr>\n");
   }
-  write(out, "</tbody></table>\n",
-        out.limits.is_tight ? left_out{content.package.view.sound_dvis, out.limits.max_pictured}
-                            : left_out{},
-        "</details>\n");
+  write(out, "</tbody></table>\n</details>\n");
 }
 
 }  // namespace
@@ -139,10 +121,7 @@ void write_file(const page_content& content, page_output& out) {
     write(out, "<p>The file is empty.</p>\n</section>\n");
     return;
   }
-  const std::size_t stretches =
-      std::clamp<std::size_t>(out.limits.is_tight ? out.limits.max_pictured : max_parts, 1,
-                              max_parts - max_parts_beside_dvis);
-  const bool is_joined = parts.size() > stretches + max_parts_beside_dvis;
+  const bool is_joined = parts.size() > max_parts;
   write(out,
         "<p>To scale, with small parts widened so that they can be seen: "
         "<i class=\"key head\"></i> header and DVI table, <i class=\"key ports\"></i> ports, "
@@ -152,7 +131,9 @@ void write_file(const page_content& content, page_output& out) {
             ? ""
             : " <i class=\"key changed\"></i> is below what is new or changed.",
         "</p>\n");
-  write_bar(content, is_joined ? joined_parts(content.package, stretches) : parts, out);
+  write_bar(content,
+            is_joined ? joined_parts(content.package, max_parts - max_parts_beside_dvis) : parts,
+            out);
   write_table(content, parts, out);
   write(out, "</section>\n");
 }

@@ -68,13 +68,6 @@ void write_axis_image(const image_plan& plan, const morvane_view_dvi& dvi, std::
         "</title></rect>");
 }
 
-/// The first of some parts of a picture that has only so much room; all when it has enough.
-template <class Part>
-std::span<const Part> first_of(const std::vector<Part>& parts, const page_limits& limits) {
-  const std::size_t most = limits.is_tight ? limits.max_pictured : parts.size();
-  return std::span(parts).first(std::min(parts.size(), most));
-}
-
 /// Writes the axis with all images, the gaps and what is shared.
 void write_axis(const page_content& content, const image_plan& plan, page_output& out) {
   const auto& stretches = plan.axis.stretches;
@@ -83,7 +76,7 @@ void write_axis(const page_content& content, const image_plan& plan, page_output
         "<title id=\"plan-title\">All images by address</title><desc id=\"plan-desc\">",
         counted{plan.images.size(), "image"}, " from ", hex{stretches.front().begin}, " to ",
         hex{stretches.back().end - 1}, "; the list below names each.</desc>");
-  for (const axis_stretch& stretch : first_of(stretches, out.limits)) {
+  for (const axis_stretch& stretch : stretches) {
     if (stretch.is_gap) {
       write(out, bar_begin{"gap", {stretch.place, stretch.width}, 0, 40}, "folded gap of ",
             rounded_size{stretch.end - stretch.begin}, " from ", hex{stretch.begin},
@@ -91,13 +84,13 @@ void write_axis(const page_content& content, const image_plan& plan, page_output
     }
   }
   for (const bool biggest : {false, true}) {  // the biggest on top of the others
-    for (const planned_image& image : first_of(plan.images, out.limits)) {
+    for (const planned_image& image : plan.images) {
       if (image.dvi.dvi_img_size != 0 && is_biggest(content, image.dvi) == biggest) {
         write_axis_image(plan, image.dvi, biggest ? "image biggest" : "image", out);
       }
     }
   }
-  for (const overlap& both : first_of(plan.overlaps, out.limits)) {
+  for (const overlap& both : plan.overlaps) {
     const used_range shared = shared_part(both);
     write(out, bar_begin{"shared", bar_of(plan.axis, shared.begin, shared.end), 6, 28}, "DVI ",
           both.one.owner, " and DVI ", both.other.owner, " share ",
@@ -150,7 +143,7 @@ void write_image_row(const page_content& content, const image_plan& plan,
 /// Writes the images in the order of their addresses, and the folded gaps between them.
 void write_image_rows(const page_content& content, const image_plan& plan, page_output& out) {
   auto stretch = plan.axis.stretches.begin();
-  const auto shown = std::min<std::size_t>(plan.images.size(), out.limits.max_pictured);
+  const auto shown = std::min<std::size_t>(plan.images.size(), max_pictured);
   for (const planned_image& image : std::span(plan.images).first(shown)) {
     for (; stretch != plan.axis.stretches.end() && stretch->begin < image.dvi.dvi_img_vaddr;
          ++stretch) {
@@ -200,8 +193,8 @@ void write_images(const page_content& content, page_output& out) {
                 : "",
         "<ol class=\"bars\">\n");
   write_image_rows(content, plan, out);
-  write(out, "</ol>\n", is_long ? "</div>\n" : "",
-        left_out{content.package.view.sound_dvis, out.limits.max_pictured}, "</section>\n");
+  write(out, "</ol>\n", is_long ? "</div>\n" : "", left_out{content.package.view.sound_dvis},
+        "</section>\n");
 }
 
 }  // namespace morvane::cli

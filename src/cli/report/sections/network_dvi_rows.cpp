@@ -70,15 +70,12 @@ dvi_flow dvi_flow_of(const network_flow& flow, const morvane_view_dvi& dvi) {
 
 /// Writes the numbers of some DVIs, each a link; of many only the first.
 void write_numbers(page_output& out, const std::vector<std::uint32_t>& dvis) {
-  constexpr std::size_t max_numbers = 8;
   std::string_view separator;
-  for (std::size_t i = 0; i < std::min(dvis.size(), max_numbers); ++i) {
+  for (std::size_t i = 0; i < std::min(dvis.size(), max_links); ++i) {
     write(out, separator, "<a href=\"#d", dvis[i], "\">", dvis[i], "</a>");
     separator = ", ";
   }
-  if (dvis.size() > max_numbers) {
-    write(out, " and ", dvis.size() - max_numbers, " more");
-  }
+  write(out, more_links{dvis.size()});
 }
 
 void write_inputs(page_output& out, const dvi_flow& flow) {
@@ -136,7 +133,7 @@ void write_row(const page_content& content, page_output& out, const wiring& plan
 
 void write_dvi_rows(const page_content& content, page_output& out) {
   const morvane_view& view = content.package.view;
-  const auto dvis = std::min(view.sound_dvis, out.limits.max_pictured);
+  const auto dvis = std::min(view.sound_dvis, max_pictured);
   const wiring plan = lay_wires(wires_of(content.flow, dvis), dvis);
   const auto hidden = std::ranges::count(plan.wires, wire::no_track, &wire::track);
   if (hidden != 0) {

@@ -47,12 +47,12 @@ void write_network(const page_content& content, page_output& out) {
     return;
   }
   write_sentence(content, out);
-  if (has_port_rows(content) && !out.limits.is_tight) {
+  if (has_port_rows(content)) {
     write_port_rows(content, out);
   } else {
     write_dvi_rows(content, out);
   }
-  write(out, left_out{content.package.view.sound_dvis, out.limits.max_pictured}, "</section>\n");
+  write(out, left_out{content.package.view.sound_dvis}, "</section>\n");
 }
 
 }  // namespace morvane::cli

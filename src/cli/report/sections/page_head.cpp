@@ -21,7 +21,7 @@ void write_verdict(const page_content& content, page_output& out) {
         counted{counts.warnings, "warning"}, ", ", counted{counts.notes, "note"});
   if (content.changes != nullptr) {
     write(out, "; <a href=\"#changes\">", counted{content.changes->all, "difference"},
-          "</a> from <bdi>", html{content.changes->old_name, max_file_name_bytes}, "</bdi>");
+          "</a> from <bdi>", html{content.changes->old_name}, "</bdi>");
   }
   write(out, "</p>\n");
 }
@@ -75,12 +75,6 @@ void write_navigation(const page_content& content, page_output& out) {
         "<li><a href=\"#dvis\">DVIs</a></li></ul></nav>\n");
 }
 
-void write_finding(const finding& found, page_output& out) {
-  write(out, "<li><b class=\"", name_of(found.kind->level), "\">", name_of(found.kind->level),
-        "</b> <span class=\"mono\">", hex{found.place.offset}, "</span> ",
-        isolated{found.text, max_sentence_bytes}, " <code>", found.kind->code, "</code></li>\n");
-}
-
 /// Writes the findings of one severity, notes folded.
 void write_severity(const std::vector<finding>& found, std::uint64_t all, std::string_view thing,
                     page_output& out) {
@@ -91,13 +85,14 @@ void write_severity(const std::vector<finding>& found, std::uint64_t all, std::s
   const bool is_open = all <= max_unfolded && thing != "note";
   write(out, "<details", is_open ? " open" : "", "><summary>", counted{all, thing},
         "</summary>\n<ul class=\"findings\">\n");
-  const std::uint64_t shown =
-      write_entries(out, found, [&](const finding& one) { write_finding(one, out); });
-  if (all > shown) {
-    write(out, "<li>and ", grouped{all - shown},
-          " more, which <code>morvane check --notes"
-          "</code> tells</li>\n");
+  bounded_list list{out, max_findings_bytes};
+  for (const finding& one : found) {
+    const std::string_view level = name_of(one.kind->level);
+    write_entry(list, "<li><b class=\"", level, "\">", level, "</b> <span class=\"mono\">",
+                hex{one.place.offset}, "</span> ", isolated{one.text}, " <code>", one.kind->code,
+                "</code></li>\n");
   }
+  write(out, more_items{all, list.shown, "morvane check --notes"});
   write(out, "</ul>\n</details>\n");
 }
 
@@ -105,7 +100,7 @@ void write_severity(const std::vector<finding>& found, std::uint64_t all, std::s
 
 void write_page_head(const page_content& content, page_output& out) {
   write(out, "<header>\n<p class=\"dim\">Package</p>\n<h1><bdi>",
-        html{file_name(content.package.path), max_file_name_bytes}, "</bdi></h1>\n");
+        html{file_name(content.package.path)}, "</bdi></h1>\n");
   write_verdict(content, out);
   write_facts(content, out);
   write_short_answers(content, out);
@@ -133,12 +128,11 @@ void write_changes(const page_content& content, page_output& out) {
     return;
   }
   const package_changes& changes = *content.changes;
-  constexpr std::size_t max_shown = 500;
   constexpr std::uint64_t max_unfolded = 20;
   write(out,
         "<section id=\"changes\" aria-labelledby=\"changes-head\">\n"
         "<h2 id=\"changes-head\">Changes since <bdi>",
-        html{changes.old_name, max_file_name_bytes}, "</bdi></h2>\n");
+        html{changes.old_name}, "</bdi></h2>\n");
   if (changes.is_old_damaged) {
     write(out,
           "<p class=\"bad\">The older package is damaged. What comes after its damage counts as "
@@ -150,14 +144,7 @@ void write_changes(const page_content& content, page_output& out) {
   }
   write(out, "<details", changes.all <= max_unfolded ? " open" : "", "><summary>",
         counted{changes.all, "difference"}, "</summary>\n<ul class=\"findings\">\n");
-  const auto kept = std::span(changes.kept).first(std::min(changes.kept.size(), max_shown));
-  const std::uint64_t shown =
-      write_entries(out, kept, [&](const difference& found) { write_difference(found, out); });
-  if (changes.all > shown) {
-    write(out, "<li>and ", grouped{changes.all - shown},
-          " more, which <code>morvane diff"
-          "</code> tells</li>\n");
-  }
+  write_differences(changes.kept, changes.all, max_differences_bytes, out);
   write(out, "</ul>\n</details>\n</section>\n");
 }
 

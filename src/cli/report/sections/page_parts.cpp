@@ -8,11 +8,8 @@ void append_piece(std::string& page, dvi_link piece) {
   append_pieces(page, "<a href=\"#d", piece.position, "\">DVI ", piece.position, "</a>");
 }
 
-bool append_piece(std::string& page, const isolated& piece) {
-  page += "<bdi>";
-  const bool is_shortened = append_piece(page, html{piece.name, piece.max_bytes});
-  page += "</bdi>";
-  return is_shortened;
+void append_piece(std::string& page, const isolated& piece) {
+  append_pieces(page, "<bdi>", html{piece.name}, "</bdi>");
 }
 
 void append_piece(std::string& page, const pictured_name& piece) {
@@ -40,10 +37,28 @@ change_mark mark_of_dvi(const package_changes* changes, std::uint32_t position) 
   return changes == nullptr ? change_mark::none : changes->dvis[position].mark;
 }
 
-void write_difference(const difference& found, page_output& out) {
-  std::string line = difference_line(found);
-  line.pop_back();  // the line feed
-  write(out, "<li>", isolated{line, max_sentence_bytes}, "</li>\n");
+void append_piece(std::string& page, const more_items& piece) {
+  if (piece.all > piece.shown) {
+    append_pieces(page, "<li>and ", grouped{piece.all - piece.shown}, " more, which <code>",
+                  piece.command, "</code> tells</li>\n");
+  }
+}
+
+void append_piece(std::string& page, more_links piece) {
+  if (piece.all > max_links) {
+    append_pieces(page, " and ", piece.all - max_links, " more");
+  }
+}
+
+void write_differences(std::span<const difference> found, std::uint64_t all, std::size_t max_bytes,
+                       page_output& out) {
+  bounded_list list{out, max_bytes};
+  for (const difference& one : found) {
+    std::string line = difference_line(one);
+    line.pop_back();  // the line feed
+    write_entry(list, "<li>", isolated{line}, "</li>\n");
+  }
+  write(out, more_items{all, list.shown, "morvane diff"});
 }
 
 void append_piece(std::string& page, const bar_begin& piece) {
@@ -53,8 +68,8 @@ void append_piece(std::string& page, const bar_begin& piece) {
 }
 
 void append_piece(std::string& page, left_out piece) {
-  if (piece.dvis > piece.pictured) {
-    const std::uint32_t dvis = piece.dvis - piece.pictured;
+  if (piece.dvis > max_pictured) {
+    const std::uint32_t dvis = piece.dvis - max_pictured;
     append_pieces(page, "<p class=\"dim\">", counted{dvis, "DVI"}, dvis == 1 ? " is" : " are",
                   " left out here; the tables show all.</p>\n");
   }

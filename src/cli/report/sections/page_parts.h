@@ -3,12 +3,14 @@
 
 #include <morvane/package_view.h>
 
+#include <span>
 #include <string_view>
 
 #include "cli/report/html/html_text.h"
 #include "cli/report/html/page_output.h"
 #include "cli/report/model/folded_axis.h"
 #include "cli/report/model/package_changes.h"
+#include "cli/report/model/page_limits.h"
 
 namespace morvane::cli {
 
@@ -24,10 +26,8 @@ void append_piece(std::string& page, dvi_link piece);
 /// A name from a package, on its own in the direction of the text.
 struct isolated {
   std::string_view name;
-  std::size_t max_bytes = max_name_bytes;
 };
-/// Returns whether the name was shortened.
-bool append_piece(std::string& page, const isolated& piece);
+void append_piece(std::string& page, const isolated& piece);
 
 /// The same in a picture: a long name is shortened, as the tables have all of it.
 struct pictured_name {
@@ -50,8 +50,24 @@ void append_piece(std::string& page, change_mark mark);
 /// The mark of a DVI, none when there is nothing to compare with.
 change_mark mark_of_dvi(const package_changes* changes, std::uint32_t position);
 
-/// Writes a difference as an item of a list.
-void write_difference(const difference& found, page_output& out);
+/// Writes the items of a list of differences, of which all are so many, and how many more there
+/// are.
+void write_differences(std::span<const difference> found, std::uint64_t all, std::size_t max_bytes,
+                       page_output& out);
+
+/// "and 5 more, which `morvane diff` tells", the last item of a list of which some are shown.
+struct more_items {
+  std::uint64_t all;
+  std::uint64_t shown;
+  std::string_view command;
+};
+void append_piece(std::string& page, const more_items& piece);
+
+/// " and 5 more" after the links that have room, nothing when all have.
+struct more_links {
+  std::size_t all;
+};
+void append_piece(std::string& page, more_links piece);
 
 /// A rectangle of a picture, open: its title follows, and then `</rect>`.
 struct bar_begin {
@@ -64,8 +80,7 @@ void append_piece(std::string& page, const bar_begin& piece);
 
 /// Tells how many of all DVIs a picture leaves out, if any.
 struct left_out {
-  std::uint32_t dvis = 0;
-  std::uint32_t pictured = 0;  // at most
+  std::uint32_t dvis;
 };
 void append_piece(std::string& page, left_out piece);
 

@@ -11,7 +11,7 @@ namespace {
 /// The bytes that the ports use, of each DVI that the picture shows.
 using ranges_of_dvis = std::vector<std::vector<used_range>>;
 
-ranges_of_dvis find_ranges(const morvane_view& view, std::uint32_t max_pictured) {
+ranges_of_dvis find_ranges(const morvane_view& view) {
   ranges_of_dvis ranges;
   for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
     if (dvi.position < max_pictured) {
@@ -116,7 +116,7 @@ void write_row(const page_content& content, const morvane_view_dvi& dvi,
 
 void write_port_bytes(const page_content& content, page_output& out) {
   const morvane_view& view = content.package.view;
-  const ranges_of_dvis ranges = find_ranges(view, out.limits.max_pictured);
+  const ranges_of_dvis ranges = find_ranges(view);
   const folded_axis axis = axis_of(ranges);
   write(out,
         "<section id=\"ports\" aria-labelledby=\"ports-head\">\n"
@@ -137,12 +137,11 @@ void write_port_bytes(const page_content& content, page_output& out) {
                 : "",
         "<ol class=\"bars\">\n");
   for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
-    if (dvi.position < out.limits.max_pictured) {
+    if (dvi.position < max_pictured) {
       write_row(content, dvi, ranges[dvi.position], axis, out);
     }
   });
-  write(out, "</ol>\n", is_long ? "</div>\n" : "",
-        left_out{view.sound_dvis, out.limits.max_pictured}, "</section>\n");
+  write(out, "</ol>\n", is_long ? "</div>\n" : "", left_out{view.sound_dvis}, "</section>\n");
 }
 
 }  // namespace morvane::cli

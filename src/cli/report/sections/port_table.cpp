@@ -84,7 +84,6 @@ void write_format(const morvane_view_port& port, page_output& out) {
 }
 
 void write_flow(const port_table_rows& rows, const record_name& name) {
-  constexpr std::size_t max_links = 8;
   const network_flow& flow = rows.content.flow;
   const port_place place{name.dvi, name.index};
   write(rows.out, "<td>");
@@ -102,9 +101,7 @@ void write_flow(const port_table_rows& rows, const record_name& name) {
     for (std::size_t i = 0; i < fed.size() && i < max_links; ++i) {
       write(rows.out, i == 0 ? "" : ", ", dvi_link{fed[i].input.dvi});
     }
-    if (fed.size() > max_links) {
-      write(rows.out, " and ", fed.size() - max_links, " more");
-    }
+    write(rows.out, more_links{fed.size()});
   }
   write(rows.out, "</td></tr>\n");
 }
