@@ -2,36 +2,68 @@
 
 #include <algorithm>
 
-#include "cli/check/check_output.h"
+#include "cli/check/verdict.h"
 #include "cli/package/package_bytes.h"
 
 namespace morvane::cli {
 
 namespace {
 
-/// Returns the exit status for one package.
-int check_one(const std::string& path, const check_options& options, check_output& output) {
-  package_bytes package;
-  const int error = package.load(path);
-  if (error != 0) {
-    write_open_failure(output, path, error);
-    return status_failed;
+void write_verdict(finding_writer& output, std::string_view path, const package_summary& summary,
+                   bool is_sound) {
+  if (json_writer* json = json_of(output)) {
+    write_member(*json, "sound", is_sound);
+    write_member(*json, "dvis", summary.dvis);
+    write_member(*json, "ports", summary.ports);
+    write_member(*json, "vproc", summary.has_vproc);
+    write_member(*json, "bytes", summary.bytes);
+  } else if (output.format == finding_format::text && is_sound && !output.json.streams.quiet) {
+    print_result(output.json.streams, verdict_line(path, "sound", summary));
   }
-  begin_package(output, path);
-  finding_counts counts;
+}
+
+/// Writes what is found in a package, and the verdict. Returns the exit status.
+int check_loaded(const std::string& path, const package_bytes& package,
+                 const check_options& options, finding_writer& output) {
+  begin_findings(output);
   progress_line& progress = output.json.streams.progress;
   progress = begin_progress(path, package.bytes().size(), output.json.streams.quiet);
   const package_summary summary = check_package(
       package.bytes(), options.scope,
       [&](finding found) {
         found.file = path;
-        count(found, counts);
         write_finding(output, found);
       },
       [&](std::uint64_t done) { show_progress(progress, done); });
   hide_progress(progress);
-  const int status = status_of(counts, options.warnings_are_errors);
-  end_package(output, path, summary, status == status_fine);
+  end_findings(output);
+  const int status = status_of(output.counts, options.warnings_are_errors);
+  write_verdict(output, path, summary, status == status_fine);
+  return status;
+}
+
+/// Returns the exit status for one package.
+int check_one(const std::string& path, const check_options& options, finding_writer& output) {
+  package_bytes package;
+  const int error = package.load(path);
+  if (error != 0) {
+    flush_results(output.json.streams);
+    report_file_error(path, error);
+  }
+  json_writer* json = json_of(output);
+  if (json != nullptr) {
+    begin_object(*json);
+    write_member(*json, "file", path);
+  }
+  int status = status_failed;
+  if (error == 0) {
+    status = check_loaded(path, package, options, output);
+  } else {
+    write_failure(output, path, error);
+  }
+  if (json != nullptr) {
+    end_object(*json);
+  }
   return status;
 }
 
@@ -39,12 +71,20 @@ int check_one(const std::string& path, const check_options& options, check_outpu
 
 int run_check(const check_options& options, console& streams) {
   streams.warnings_are_errors = options.warnings_are_errors;
-  check_output output = begin_check(streams, options.format);
+  finding_writer output{.json = {.streams = streams}, .format = options.format};
+  begin_output(output);
+  json_writer* json = json_of(output);
+  if (json != nullptr) {
+    begin_array(*json, "packages");
+  }
   int status = status_fine;
   for (const std::string& path : options.packages) {
     status = std::max(status, check_one(path, options, output));
   }
-  end_check(output);
+  if (json != nullptr) {
+    end_array(*json);
+  }
+  end_output(output);
   return status;
 }
 

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <utility>
 
+#include "cli/findings/finding_sarif.h"
 #include "cli/output/printable_text.h"
 
 namespace morvane::cli {
@@ -24,6 +26,30 @@ std::string shown_severity(severity level, bool colour) {
   const std::string_view name = name_of(level);
   return joined(colour ? colours.at(static_cast<std::size_t>(level)) : "", name,
                 colour ? "\x1b[0m" : "");
+}
+
+void write_finding_line(console& streams, const finding& found) {
+  const severity level = level_of(found);
+  const bool is_error =
+      level == severity::error || (level == severity::warning && streams.warnings_are_errors);
+  if (!streams.quiet || is_error) {
+    print_result(streams, finding_line(found, streams.colour));
+  }
+}
+
+void write_finding_object(json_writer& json, const finding& found) {
+  begin_object(json);
+  write_member(json, "severity", name_of(level_of(found)));
+  write_member(json, "code", found.kind->code);
+  write_member(json, "file", found.file);
+  if (found.place.line == 0) {
+    write_member(json, "offset", found.place.offset);
+  } else {
+    write_member(json, "line", found.place.line);
+    write_member(json, "column", found.place.column);
+  }
+  write_member(json, "text", found.text);
+  end_object(json);
 }
 
 }  // namespace
@@ -66,28 +92,65 @@ std::string finding_line(const finding& found, bool colour) {
                 "]\n");
 }
 
-void write_finding_line(console& streams, const finding& found) {
-  const severity level = level_of(found);
-  const bool is_error =
-      level == severity::error || (level == severity::warning && streams.warnings_are_errors);
-  if (!streams.quiet || is_error) {
-    print_result(streams, finding_line(found, streams.colour));
+std::string counts_text(const finding_counts& counts, bool with_notes) {
+  std::string text =
+      joined(count_of(counts.errors, "error"), ", ", count_of(counts.warnings, "warning"));
+  return with_notes ? joined(text, ", ", count_of(counts.notes, "note")) : text;
+}
+
+void begin_output(finding_writer& output) {
+  if (output.format == finding_format::json) {
+    begin_object(output.json);
+  } else if (output.format == finding_format::sarif) {
+    begin_sarif(output.json);
   }
 }
 
-void write_finding_object(json_writer& json, const finding& found) {
-  begin_object(json);
-  write_member(json, "severity", name_of(level_of(found)));
-  write_member(json, "code", found.kind->code);
-  write_member(json, "file", found.file);
-  if (found.place.line == 0) {
-    write_member(json, "offset", found.place.offset);
-  } else {
-    write_member(json, "line", found.place.line);
-    write_member(json, "column", found.place.column);
+json_writer* json_of(finding_writer& output) {
+  return output.format == finding_format::json ? &output.json : nullptr;
+}
+
+void begin_findings(finding_writer& output) {
+  output.counts = {};
+  if (json_writer* json = json_of(output)) {
+    begin_array(*json, "findings");
   }
-  write_member(json, "text", found.text);
-  end_object(json);
+}
+
+void write_finding(finding_writer& output, const finding& found) {
+  count(found, output.counts);
+  switch (output.format) {
+    case finding_format::json:
+      return write_finding_object(output.json, found);
+    case finding_format::sarif:
+      return write_sarif_result(output.json, found);
+    default:
+      return write_finding_line(output.json.streams, found);
+  }
+}
+
+void end_findings(finding_writer& output) {
+  if (json_writer* json = json_of(output)) {
+    end_array(*json);
+  }
+}
+
+void write_failure(finding_writer& output, std::string_view path, int error) {
+  // NOLINTNEXTLINE(concurrency-mt-unsafe): one thread
+  const std::string reason = std::strerror(error);
+  if (json_writer* json = json_of(output)) {
+    write_member(*json, "failure", reason);
+  }
+  output.failures.push_back(joined(path, ": ", reason));
+}
+
+void end_output(finding_writer& output) {
+  if (output.format == finding_format::json) {
+    end_object(output.json);
+    end_document(output.json);
+  } else if (output.format == finding_format::sarif) {
+    end_sarif(output.json, output.failures);
+  }
 }
 
 }  // namespace morvane::cli

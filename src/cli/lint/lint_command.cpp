@@ -1,23 +1,61 @@
 #include "cli/lint/lint_command.h"
 
 #include <algorithm>
-#include <cstring>
 
-#include "cli/lint/lint_output.h"
+#include "cli/output/printable_text.h"
 
 namespace morvane::cli {
 
+namespace {
+
+void write_counts(finding_writer& output) {
+  if (json_writer* json = json_of(output)) {
+    write_member(*json, "errors", output.counts.errors);
+    write_member(*json, "warnings", output.counts.warnings);
+    write_member(*json, "notes", output.counts.notes);
+  }
+}
+
+/// Ends the output of a folder that was read. The counts are told on standard error. Returns the
+/// exit status.
+int end_lint(finding_writer& output, const lint_options& options) {
+  console& streams = output.json.streams;
+  write_counts(output);
+  end_output(output);
+  flush_results(streams);
+  if (!streams.quiet) {
+    print_message(joined(printable(options.scope.folder), ": ",
+                         counts_text(output.counts, options.scope.notes)));
+  }
+  return status_of(output.counts, options.warnings_are_errors);
+}
+
+/// Ends the output of a folder that the system did not let the program read. Returns
+/// status_failed.
+int end_failed_lint(finding_writer& output, const std::string& folder, int error) {
+  write_failure(output, folder, error);
+  end_output(output);
+  flush_results(output.json.streams);
+  return report_file_error(folder, error);
+}
+
+}  // namespace
+
 int run_lint(const lint_options& options, console& streams) {
+  const std::string& folder = options.scope.folder;
   streams.warnings_are_errors = options.warnings_are_errors;
-  lint_output output = begin_lint(streams, options.format, options.scope);
-  finding_counts counts;
+  finding_writer output{.json = {.streams = streams}, .format = options.format};
+  begin_output(output);
+  if (json_writer* json = json_of(output)) {
+    write_member(*json, "folder", folder);
+  }
+  begin_findings(output);
   progress_line& progress = streams.progress;
-  progress = begin_progress(options.scope.folder, 0, streams.quiet, progress_unit::dvis);
+  progress = begin_progress(folder, 0, streams.quiet, progress_unit::dvis);
   const auto take = [&](const finding& found) {
     const bool is_hidden = level_of(found) == severity::note && !options.scope.notes;
     if (!is_hidden &&
         std::ranges::find(options.ignored, found.kind->code) == options.ignored.end()) {
-      count(found, counts);
       write_finding(output, found);
     }
   };
@@ -29,11 +67,8 @@ int run_lint(const lint_options& options, console& streams) {
       },
       nullptr);
   hide_progress(progress);
-  if (error != 0) {
-    return end_failed_lint(output, error);
-  }
-  end_lint(output, counts);
-  return status_of(counts, options.warnings_are_errors);
+  end_findings(output);
+  return error == 0 ? end_lint(output, options) : end_failed_lint(output, folder, error);
 }
 
 }  // namespace morvane::cli

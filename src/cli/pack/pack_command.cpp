@@ -15,7 +15,6 @@
 #include "cli/findings/finding_output.h"
 #include "cli/lint/input_states.h"
 #include "cli/lint/lint_folder.h"
-#include "cli/lint/lint_output.h"
 #include "cli/output/checked_write.h"
 #include "cli/output/printable_text.h"
 #include "cli/pack/depfile.h"
@@ -56,11 +55,11 @@ int report_changed(std::string_view path) {
 }
 
 /// Ends a run after what it found.
-int report_unpacked(packing& run, const finding_counts& counts) {
+int report_unpacked(const packing& run, const finding_writer& output) {
   flush_results(run.streams);
-  print_message(joined(printable(run.options.folder), ": ", counts_text(counts, false),
+  print_message(joined(printable(run.options.folder), ": ", counts_text(output.counts, false),
                        ": nothing is packed"));
-  return status_of(counts, run.options.warnings_are_errors);
+  return status_of(output.counts, run.options.warnings_are_errors);
 }
 
 /// An image that the linter could open, and that cannot be read as a whole now.
@@ -72,27 +71,23 @@ int report_lost_image(packing& run, const std::string& path, int error) {
                       .file = path,
                       .place = whole_file,
                       .text = unreadable_text("file", error)};
-  finding_counts counts;
-  count(found, counts);
-  write_finding_line(run.streams, found);
-  return report_unpacked(run, counts);
+  finding_writer output{.json = {.streams = run.streams}};
+  write_finding(output, found);
+  return report_unpacked(run, output);
 }
 
 /// Writes what the linter finds. With errors nothing is packed.
 int lint_inputs(packing& run) {
-  finding_counts counts;
-  const auto take = [&](const finding& found) {
-    count(found, counts);
-    write_finding_line(run.streams, found);
-  };
+  finding_writer output{.json = {.streams = run.streams}};
+  const auto take = [&](const finding& found) { write_finding(output, found); };
   const lint_scope scope{.folder = run.options.folder, .vproc = run.options.vproc};
   const int error = lint_folder(
       scope, take, [](std::size_t /*done*/, std::size_t /*all*/) {}, &run.parsed);
   if (error != 0) {
     return report_file_error(run.options.folder, error);
   }
-  if (status_of(counts, run.options.warnings_are_errors) != status_fine) {
-    return report_unpacked(run, counts);
+  if (status_of(output.counts, run.options.warnings_are_errors) != status_fine) {
+    return report_unpacked(run, output);
   }
   run.paths = input_paths(run.parsed.inputs);
   return status_fine;

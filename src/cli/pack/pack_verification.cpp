@@ -111,17 +111,16 @@ input_comparison compare_with_inputs(const package_bytes& package, const pack_in
 
 bool is_sound(const package_bytes& package, const std::string& path, bool vproc, console& streams,
               package_summary& summary) {
-  finding_counts counts;
+  finding_writer output{.json = {.streams = streams}};
   const check_scope scope{.vproc = vproc ? vproc_demand::required : vproc_demand::forbidden};
   const auto report = [&](finding found) {
     if (level_of(found) == severity::error) {
       found.file = path;
-      count(found, counts);
-      write_finding_line(streams, found);
+      write_finding(output, found);
     }
   };
   summary = check_package(package.bytes(), scope, report, [](std::uint64_t /*done*/) {});
-  return counts.errors == 0;
+  return output.counts.errors == 0;
 }
 
 }  // namespace morvane::cli
