@@ -12,13 +12,13 @@ namespace morvane::cli {
 namespace {
 
 constexpr record_form<morvane_view_port, port_fields.size()> input_form{
-    part_kind::input, sizeof(morvane_port_desc), &morvane_view_port::port_name, port_fields};
+    object_kind::input, sizeof(morvane_port_desc), &morvane_view_port::port_name, port_fields};
 constexpr record_form<morvane_view_port, port_fields.size()> output_form{
-    part_kind::output, sizeof(morvane_port_desc), &morvane_view_port::port_name, port_fields};
+    object_kind::output, sizeof(morvane_port_desc), &morvane_view_port::port_name, port_fields};
 constexpr record_form<morvane_view_var, variable_fields.size()> variable_form{
-    part_kind::variable, sizeof(morvane_var_desc), &morvane_view_var::var, variable_fields};
+    object_kind::variable, sizeof(morvane_var_desc), &morvane_view_var::var, variable_fields};
 constexpr record_form<morvane_view_smb_block, smb_fields.size()> smb_form{
-    part_kind::smb, sizeof(morvane_smb_desc), &morvane_view_smb_block::smb_name, smb_fields};
+    object_kind::smb, sizeof(morvane_smb_desc), &morvane_view_smb_block::smb_name, smb_fields};
 
 /// A DVI of both packages.
 struct dvi_pair {
@@ -98,14 +98,14 @@ void compare_images(const package_pair& both, const dvi_pair& dvi) {
       compare_bytes({both.old_package.bytes, image_of(both.old_package.view, dvi.old_dvi)},
                     {both.new_package.bytes, image_of(both.new_package.view, dvi.new_dvi)});
   if (found) {
-    both.sink({{part_kind::image, dvi.name, {}}, *found});
+    both.sink({{object_kind::image, dvi.name, {}}, *found});
   }
 }
 
 void compare_dvi_fields(const package_pair& both, const dvi_pair& dvi) {
   const std::uint8_t* const old_bytes = both.old_package.view.bytes;
   const std::uint8_t* const new_bytes = both.new_package.view.bytes;
-  const compared_part part{part_kind::dvi, dvi.name, {}};
+  const compared_part part{object_kind::dvi, dvi.name, {}};
   compare_fields(
       part,
       record_pair<morvane_view_dvi>{dvi.old_dvi, dvi.new_dvi, old_bytes + dvi.old_dvi.offset,
@@ -141,7 +141,7 @@ void compare_packages(const opened_package& old_package, const opened_package& n
   for (const matched_name& match : match_names(names_of(old_dvis, &morvane_view_dvi::dag_name),
                                                names_of(new_dvis, &morvane_view_dvi::dag_name))) {
     const named_record name{match.name, match.occurrence};
-    if (compare_positions({part_kind::dvi, name, {}}, match, sink)) {
+    if (compare_positions({object_kind::dvi, name, {}}, match, sink)) {
       const morvane_view_dvi& old_dvi = old_dvis[*match.old_position];
       compare_dvis(both, {name, old_dvi, new_dvis[*match.new_position]});
       progress(old_dvi.block);

@@ -65,7 +65,7 @@ struct record_list {
 /// What records of one kind have in common.
 template <class Record, std::size_t count>
 struct record_form {
-  part_kind kind;
+  object_kind kind;
   std::size_t width;  // bytes
   morvane_text Record::*name;
   const std::array<record_field<Record>, count>& fields;

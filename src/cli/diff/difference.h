@@ -12,9 +12,6 @@
 
 namespace morvane::cli {
 
-/// The parts of packages that are compared.
-enum class part_kind { package, dvi, image, input, output, variable, smb };
-
 /// A record by its name. Of records with one name, the n-th of the old package is compared with the
 /// n-th of the new one.
 struct named_record {
@@ -24,7 +21,7 @@ struct named_record {
 
 /// A part of a package: its DVI, and the record of the DVI if it is one.
 struct compared_part {
-  part_kind kind = part_kind::package;
+  object_kind kind = object_kind::package;
   named_record dvi{};
   named_record record{};
 };

@@ -1,6 +1,6 @@
 #include "cli/diff/difference_output.h"
 
-#include <array>
+#include <cctype>
 
 #include "cli/output/printable_text.h"
 
@@ -8,35 +8,23 @@ namespace morvane::cli {
 
 namespace {
 
-/// How a kind of part is called, in lines and in JSON.
-struct part_name {
-  part_kind kind;
-  std::string_view in_text;
-  std::string_view in_json;
-};
-
-constexpr std::array<part_name, 7> part_names{{
-    {part_kind::package, "package", "package"},
-    {part_kind::dvi, "DVI", "dvi"},
-    {part_kind::image, "image", "image"},
-    {part_kind::input, "input", "input"},
-    {part_kind::output, "output", "output"},
-    {part_kind::variable, "variable", "variable"},
-    {part_kind::smb, "SMB", "smb"},
-}};
-
-const part_name& name_of(part_kind kind) {
-  return part_names.at(static_cast<std::size_t>(kind));
+/// How JSON calls a part: "dvi", "smb".
+std::string json_name(object_kind kind) {
+  std::string name(name_of(kind));
+  for (char& character : name) {
+    character = static_cast<char>(std::tolower(static_cast<unsigned char>(character)));
+  }
+  return name;
 }
 
 /// Parts of a DVI that have a name of their own.
-bool is_named_record(part_kind kind) {
-  return kind > part_kind::image;
+bool is_named_record(object_kind kind) {
+  return kind >= object_kind::input && kind <= object_kind::smb;
 }
 
 /// "DVI "net"", or "DVI "net" #2" for the second one.
-std::string part_text(part_kind kind, const named_record& record) {
-  std::string text = joined(name_of(kind).in_text, " ", in_quotes(record.name));
+std::string part_text(object_kind kind, const named_record& record) {
+  std::string text = joined(name_of(kind), " ", in_quotes(record.name));
   if (record.occurrence > 1) {
     append_pieces(text, " #", record.occurrence);
   }
@@ -44,12 +32,12 @@ std::string part_text(part_kind kind, const named_record& record) {
 }
 
 std::string part_text(const compared_part& part) {
-  if (part.kind == part_kind::package) {
-    return std::string(name_of(part.kind).in_text);
+  if (part.kind == object_kind::package) {
+    return std::string(name_of(part.kind));
   }
-  std::string text = part_text(part_kind::dvi, part.dvi);
-  if (part.kind == part_kind::image) {
-    append_pieces(text, ": ", name_of(part.kind).in_text);
+  std::string text = part_text(object_kind::dvi, part.dvi);
+  if (part.kind == object_kind::image) {
+    append_pieces(text, ": ", name_of(part.kind));
   } else if (is_named_record(part.kind)) {
     append_pieces(text, ": ", part_text(part.kind, part.record));
   }
@@ -133,8 +121,8 @@ std::string difference_line(const difference& found) {
 
 void write_difference_object(json_writer& json, const difference& found) {
   begin_object(json);
-  write_member(json, "part", name_of(found.part.kind).in_json);
-  if (found.part.kind != part_kind::package) {
+  write_member(json, "part", json_name(found.part.kind));
+  if (found.part.kind != object_kind::package) {
     write_member(json, "dag_name", found.part.dvi.name);
     write_member(json, "dag_occurrence", found.part.dvi.occurrence);
   }

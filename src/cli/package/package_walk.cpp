@@ -6,8 +6,8 @@ namespace morvane::cli {
 
 std::string str(const record_name& name) {
   std::string text;
-  if (!name.kind.empty()) {
-    append_pieces(text, name.kind, " ", name.index, " of ");
+  if (name.kind != object_kind::dvi) {
+    append_pieces(text, name_of(name.kind), " ", name.index, " of ");
   }
   append_pieces(text, "DVI ", name.dvi);
   return text;
@@ -15,9 +15,9 @@ std::string str(const record_name& name) {
 
 record_name port_name_at(const morvane_view_dvi& dvi, std::uint32_t position) {
   if (position < dvi.input_num) {
-    return {.dvi = dvi.position, .kind = "input", .index = position};
+    return {.dvi = dvi.position, .kind = object_kind::input, .index = position};
   }
-  return {.dvi = dvi.position, .kind = "output", .index = position - dvi.input_num};
+  return {.dvi = dvi.position, .kind = object_kind::output, .index = position - dvi.input_num};
 }
 
 }  // namespace morvane::cli

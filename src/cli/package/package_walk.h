@@ -8,6 +8,8 @@
 #include <string_view>
 #include <utility>
 
+#include "cli/package/object_kind.h"
+
 namespace morvane::cli {
 
 /// The text's characters. They lie in the package.
@@ -18,8 +20,8 @@ inline std::string_view str(const morvane_text& text) {
 /// How messages name a record: "DVI 7", "input 2 of DVI 7".
 struct record_name {
   std::uint32_t dvi = 0;
-  std::string_view kind{};  // "input", "output", "variable" or "SMB"; none for the DVI itself
-  std::uint32_t index = 0;
+  object_kind kind = object_kind::dvi;
+  std::uint32_t index = 0;  // none for the DVI itself
 };
 std::string str(const record_name& name);
 
@@ -47,7 +49,8 @@ template <class Function>
 void for_each_input(const morvane_view& view, const morvane_view_dvi& dvi, Function function) {
   morvane_view_port port{};
   for (std::uint32_t i = 0; morvane_view_input(&view, &dvi, i, &port) == MORVANE_VIEW_OK; ++i) {
-    function(std::as_const(port), record_name{.dvi = dvi.position, .kind = "input", .index = i});
+    function(std::as_const(port),
+             record_name{.dvi = dvi.position, .kind = object_kind::input, .index = i});
   }
 }
 
@@ -56,7 +59,8 @@ template <class Function>
 void for_each_output(const morvane_view& view, const morvane_view_dvi& dvi, Function function) {
   morvane_view_port port{};
   for (std::uint32_t i = 0; morvane_view_output(&view, &dvi, i, &port) == MORVANE_VIEW_OK; ++i) {
-    function(std::as_const(port), record_name{.dvi = dvi.position, .kind = "output", .index = i});
+    function(std::as_const(port),
+             record_name{.dvi = dvi.position, .kind = object_kind::output, .index = i});
   }
 }
 
@@ -74,7 +78,7 @@ void for_each_variable(const morvane_view& view, const morvane_view_dvi& dvi, Fu
   for (std::uint32_t i = 0; morvane_view_variable(&view, &dvi, i, &variable) == MORVANE_VIEW_OK;
        ++i) {
     function(std::as_const(variable),
-             record_name{.dvi = dvi.position, .kind = "variable", .index = i});
+             record_name{.dvi = dvi.position, .kind = object_kind::variable, .index = i});
   }
 }
 
@@ -83,7 +87,8 @@ template <class Function>
 void for_each_smb(const morvane_view& view, const morvane_view_dvi& dvi, Function function) {
   morvane_view_smb_block smb{};
   for (std::uint32_t i = 0; morvane_view_smb(&view, &dvi, i, &smb) == MORVANE_VIEW_OK; ++i) {
-    function(std::as_const(smb), record_name{.dvi = dvi.position, .kind = "SMB", .index = i});
+    function(std::as_const(smb),
+             record_name{.dvi = dvi.position, .kind = object_kind::smb, .index = i});
   }
 }
 

@@ -146,12 +146,6 @@ std::span<const macro_row> macros_of(object_kind kind) {
   }
 }
 
-std::string_view name_of(object_kind kind) {
-  constexpr std::array<std::string_view, object_kinds> names{
-      "DAG", input_ports.direction, output_ports.direction, "variable", "SMB"};
-  return names.at(static_cast<std::size_t>(kind));
-}
-
 header_reading read_header(std::string_view header, bool vproc, std::int32_t index,
                            std::size_t position, const record_sink& sink) {
   const collected_messages forgotten(false);

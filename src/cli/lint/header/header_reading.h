@@ -8,20 +8,14 @@
 #include <string_view>
 #include <vector>
 
+#include "cli/package/object_kind.h"
 #include "format/macros.h"
 #include "format/records.h"
 
 namespace morvane::cli {
 
-/// What a macro belongs to.
-enum class object_kind : std::uint8_t { dag, input, output, variable, smb };
-inline constexpr std::size_t object_kinds = 5;
-
 /// The macros of a kind.
 std::span<const macro_row> macros_of(object_kind kind);
-
-/// "input", "output", "variable" or "SMB"; "DAG".
-std::string_view name_of(object_kind kind);
 
 /// A value that a parser took: its place in the header, its length in bytes, and the macro's row in
 /// the table of its kind.

@@ -30,7 +30,7 @@ change_mark mark_of(const difference& found) {
 
 /// Marks the DVI that a difference belongs to.
 void mark_dvi(dvi_changes& dvi, const difference& found, bool is_kept, std::size_t at) {
-  const bool is_of_dvi = found.part.kind == part_kind::dvi;
+  const bool is_of_dvi = found.part.kind == object_kind::dvi;
   if (dvi.mark == change_mark::none) {
     dvi.mark = is_of_dvi ? mark_of(found) : change_mark::changed;
   }
@@ -52,7 +52,7 @@ package_changes find_changes(const opened_package& old_package, const opened_pac
   report_differences(old_package, new_package, streams, [&](const difference& found) {
     const bool is_kept = changes.kept.size() < max_kept_differences;
     const auto dvi = positions.find({found.part.dvi.name, found.part.dvi.occurrence});
-    if (found.part.kind != part_kind::package && dvi != positions.end()) {
+    if (found.part.kind != object_kind::package && dvi != positions.end()) {
       mark_dvi(changes.dvis[dvi->second], found, is_kept, changes.kept.size());
     }
     if (is_kept) {
@@ -74,7 +74,7 @@ record_marks marks_of(const package_changes& changes, std::uint32_t dvi) {
   return marks;
 }
 
-change_mark next_mark(const record_marks& marks, part_kind kind, std::string_view name,
+change_mark next_mark(const record_marks& marks, object_kind kind, std::string_view name,
                       occurrence_counter& occurrences) {
   const auto mark = marks.find({kind, name, occurrences.next(marks, name)});
   return mark == marks.end() ? change_mark::none : mark->second;

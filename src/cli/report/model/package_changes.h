@@ -40,7 +40,8 @@ package_changes find_changes(const opened_package& old_package, const opened_pac
                              console& streams);
 
 /// The marks of the records of a DVI, by kind, name and occurrence.
-using record_marks = std::map<std::tuple<part_kind, std::string_view, std::uint32_t>, change_mark>;
+using record_marks =
+    std::map<std::tuple<object_kind, std::string_view, std::uint32_t>, change_mark>;
 
 record_marks marks_of(const package_changes& changes, std::uint32_t dvi);
 
@@ -55,7 +56,7 @@ struct occurrence_counter {
 };
 
 /// The mark of a record; the records of a kind are asked for one after the other.
-change_mark next_mark(const record_marks& marks, part_kind kind, std::string_view name,
+change_mark next_mark(const record_marks& marks, object_kind kind, std::string_view name,
                       occurrence_counter& occurrences);
 
 }  // namespace morvane::cli

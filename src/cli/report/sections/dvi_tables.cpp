@@ -121,7 +121,7 @@ void write_variables(const morvane_view& view, const morvane_view_dvi& dvi, page
   for_each_variable(view, dvi, [&](const morvane_view_var& one, const record_name& /*record*/) {
     const std::string_view name = str(one.var);
     write_entry(rows, "<tr><th scope=\"row\">", isolated{name},
-                next_mark(marks, part_kind::variable, name, occurrences), "</th><td>",
+                next_mark(marks, object_kind::variable, name, occurrences), "</th><td>",
                 grouped{one.boffset}, "</td><td>", grouped{one.bsize}, "</td></tr>\n");
   });
   end_table(rows, dvi.variable_num);
@@ -140,7 +140,7 @@ void write_smbs(const morvane_view& view, const morvane_view_dvi& dvi, page_outp
   for_each_smb(view, dvi, [&](const morvane_view_smb_block& one, const record_name& /*record*/) {
     const std::string_view name = str(one.smb_name);
     write_entry(rows, "<tr><th scope=\"row\">", isolated{name},
-                next_mark(marks, part_kind::smb, name, occurrences), "</th><td class=\"mono\">",
+                next_mark(marks, object_kind::smb, name, occurrences), "</th><td class=\"mono\">",
                 hex{one.vbase_byte_offset}, "</td></tr>\n");
   });
   end_table(rows, dvi.smb_num);

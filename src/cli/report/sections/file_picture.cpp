@@ -22,15 +22,15 @@ void append_piece(std::string& page, row_link piece) {
 }
 
 /// The class of the part of the file that a changed part of a DVI lies in.
-std::string_view place_of(part_kind kind) {
+std::string_view place_of(object_kind kind) {
   switch (kind) {
-    case part_kind::input:
-    case part_kind::output:
+    case object_kind::input:
+    case object_kind::output:
       return "ports";
-    case part_kind::image:
+    case object_kind::image:
       return "image";
-    case part_kind::variable:
-    case part_kind::smb:
+    case object_kind::variable:
+    case object_kind::smb:
       return "vproc";
     default:
       return "head";

@@ -94,7 +94,7 @@ void write_input(port_rows& rows, const morvane_view_port& port, port_place plac
   const connection* const source = connection_to(rows.content.flow, place);
   begin_row(rows, "row port", {.has_inputs = source == nullptr});
   write_port(rows, "in", port,
-             next_mark(rows.marks, part_kind::input, str(port.port_name), rows.inputs));
+             next_mark(rows.marks, object_kind::input, str(port.port_name), rows.inputs));
   if (source == nullptr) {
     write(rows.out, "<span class=\"flow\">from outside");
   } else {
@@ -111,7 +111,7 @@ void write_output(port_rows& rows, const morvane_view_port& port, port_place pla
   const auto fed = connections_from(rows.content.flow, place);
   begin_row(rows, "row port", {.has_outputs = fed.empty()});
   write_port(rows, "out", port,
-             next_mark(rows.marks, part_kind::output, str(port.port_name), rows.outputs));
+             next_mark(rows.marks, object_kind::output, str(port.port_name), rows.outputs));
   write(rows.out, "<span class=\"flow\">to ", fed.empty() ? "outside" : "");
   std::string_view separator;
   for (const connection& one : fed) {

@@ -57,11 +57,11 @@ void write_ports(const morvane_view_dvi& dvi, const std::vector<used_range>& ran
       continue;
     }
     const record_name name = port_name_at(dvi, range.owner);
-    const bool is_input = name.kind == "input";
+    const bool is_input = name.kind == object_kind::input;
     write(out,
           bar_begin{is_input ? "in" : "out", bar_of(axis, range.begin, range.end),
                     is_input ? 0U : 13U, 9},
-          name.kind, " ", name.index, ", ", rounded_size{range.end - range.begin}, " at ",
+          name_of(name.kind), " ", name.index, ", ", rounded_size{range.end - range.begin}, " at ",
           hex{range.begin}, "</title></rect>");
   }
   for (const used_range& range : shared_bytes(overlaps)) {
@@ -83,7 +83,8 @@ void write_overlaps(const morvane_view_dvi& dvi, const std::vector<overlap>& ove
   for (std::size_t i = 0; i < std::min(overlaps.size(), max_pairs); ++i) {
     const record_name one = port_name_at(dvi, overlaps[i].one.owner);
     const record_name other = port_name_at(dvi, overlaps[i].other.owner);
-    write(out, separator, one.kind, " ", one.index, " and ", other.kind, " ", other.index);
+    write(out, separator, name_of(one.kind), " ", one.index, " and ", name_of(other.kind), " ",
+          other.index);
     separator = ", ";
   }
   write(out, " share bytes");

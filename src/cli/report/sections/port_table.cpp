@@ -53,15 +53,16 @@ std::vector<std::uint32_t> partners_of(const morvane_view& view, const morvane_v
 }
 
 change_mark mark_of(port_table_rows& rows, bool is_input, std::string_view name) {
-  return is_input ? next_mark(rows.marks, part_kind::input, name, rows.inputs)
-                  : next_mark(rows.marks, part_kind::output, name, rows.outputs);
+  return is_input ? next_mark(rows.marks, object_kind::input, name, rows.inputs)
+                  : next_mark(rows.marks, object_kind::output, name, rows.outputs);
 }
 
 void write_name(port_table_rows& rows, const morvane_view_port& port, const record_name& name) {
-  const bool is_input = name.kind == "input";
+  const bool is_input = name.kind == object_kind::input;
   const std::string_view port_name = str(port.port_name);
-  write(rows.out, "<tr><th scope=\"row\"><i class=\"", is_input ? "in" : "out", "\">", name.kind,
-        " ", name.index, "</i> ", isolated{port_name}, mark_of(rows, is_input, port_name));
+  write(rows.out, "<tr><th scope=\"row\"><i class=\"", is_input ? "in" : "out", "\">",
+        name_of(name.kind), " ", name.index, "</i> ", isolated{port_name},
+        mark_of(rows, is_input, port_name));
   if (port.layer_name.length != 0) {
     write(rows.out, "<small><bdi>", html{str(port.layer_name)}, "</bdi></small>");
   }
@@ -87,7 +88,7 @@ void write_flow(const port_table_rows& rows, const record_name& name) {
   const network_flow& flow = rows.content.flow;
   const port_place place{name.dvi, name.index};
   write(rows.out, "<td>");
-  if (name.kind == "input") {
+  if (name.kind == object_kind::input) {
     const connection* const source = connection_to(flow, place);
     if (source == nullptr) {
       write(rows.out, "from outside");
@@ -112,11 +113,11 @@ void write_row(port_table_rows& rows, const morvane_view_port& port, const recor
   write_format(port, rows.out);
   write(rows.out, "<td>", hex{port.port_byte_offset});
   const std::uint32_t position =
-      name.kind == "input" ? name.index : rows.dvi.input_num + name.index;
+      name.kind == object_kind::input ? name.index : rows.dvi.input_num + name.index;
   if (rows.partners[position] != position) {
     const record_name partner = port_name_at(rows.dvi, rows.partners[position]);
-    write(rows.out, "<small class=\"bad\">shares bytes with ", partner.kind, " ", partner.index,
-          "</small>");
+    write(rows.out, "<small class=\"bad\">shares bytes with ", name_of(partner.kind), " ",
+          partner.index, "</small>");
   }
   write(rows.out, "</td><td>", byte_size{port.port_size}, "</td>");
   write_flow(rows, name);
