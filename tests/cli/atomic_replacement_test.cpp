@@ -32,7 +32,7 @@ int replace_file(const std::string& path, std::string_view content) {
   return error == 0 ? file.put_in_place() : error;
 }
 
-TEST(ReplacementFile, ReplacesAFile) {
+TEST(AtomicReplacement, ReplacesAFile) {
   const scratch_folder folder;
   folder.write("net.d", "older");
   EXPECT_EQ(replace_file(folder.path("net.d"), "newer"), 0);
@@ -40,7 +40,7 @@ TEST(ReplacementFile, ReplacesAFile) {
   EXPECT_EQ(folder.files(), (file_contents{{"net.d", "newer"}, {"new.d", "new"}}));
 }
 
-TEST(ReplacementFile, ReplacesAFileOfTheCurrentFolder) {
+TEST(AtomicReplacement, ReplacesAFileOfTheCurrentFolder) {
   const scratch_folder folder;
   const std::filesystem::path before = std::filesystem::current_path();
   std::filesystem::current_path(folder.path());
@@ -49,7 +49,7 @@ TEST(ReplacementFile, ReplacesAFileOfTheCurrentFolder) {
   EXPECT_EQ(folder.files(), (file_contents{{"net.d", "new"}}));
 }
 
-TEST(ReplacementFile, KeepsThePermissions) {
+TEST(AtomicReplacement, KeepsThePermissions) {
   const scratch_folder folder;
   folder.write("net.d", "older");
   ASSERT_EQ(::chmod(folder.path("net.d").c_str(), 0604), 0);
@@ -59,7 +59,7 @@ TEST(ReplacementFile, KeepsThePermissions) {
   EXPECT_EQ(status.st_mode & 07777U, 0604U);
 }
 
-TEST(ReplacementFile, ReplacesTheFileThatALinkLeadsTo) {
+TEST(AtomicReplacement, ReplacesTheFileThatALinkLeadsTo) {
   const scratch_folder folder;
   ASSERT_EQ(::symlink("missing.d", folder.path("net.d").c_str()), 0);
   EXPECT_EQ(replace_file(folder.path("net.d"), "new"), 0);
@@ -67,7 +67,7 @@ TEST(ReplacementFile, ReplacesTheFileThatALinkLeadsTo) {
   EXPECT_EQ(folder.read("missing.d"), "new");
 }
 
-TEST(ReplacementFile, IsNotMadeInPlaceOfWhatIsNoFile) {
+TEST(AtomicReplacement, IsNotMadeInPlaceOfWhatIsNoFile) {
   const scratch_folder folder;
   folder.write("file", "");
   ASSERT_EQ(::symlink("loop", folder.path("loop").c_str()), 0);
@@ -78,7 +78,7 @@ TEST(ReplacementFile, IsNotMadeInPlaceOfWhatIsNoFile) {
   EXPECT_EQ(replace_file(folder.path("loop"), "new"), ELOOP);
 }
 
-TEST(ReplacementFile, MayHaveANameOfAnyLengthThatTheSystemAllows) {
+TEST(AtomicReplacement, MayHaveANameOfAnyLengthThatTheSystemAllows) {
   const scratch_folder folder;
   const std::string longest(255, 'n');
   EXPECT_EQ(replace_file(folder.path(longest), "new"), 0);
@@ -87,7 +87,7 @@ TEST(ReplacementFile, MayHaveANameOfAnyLengthThatTheSystemAllows) {
   EXPECT_EQ(folder.files(), (file_contents{{longest, "newer"}}));
 }
 
-TEST(ReplacementFile, IsOnTheDiskWhenItIsSynchronised) {
+TEST(AtomicReplacement, IsOnTheDiskWhenItIsSynchronised) {
   const scratch_folder folder;
   atomic_replacement file;
   ASSERT_EQ(file.find(folder.path("net.bin")), 0);
@@ -99,7 +99,7 @@ TEST(ReplacementFile, IsOnTheDiskWhenItIsSynchronised) {
   EXPECT_EQ(folder.files(), (file_contents{{"net.bin", ""}}));
 }
 
-TEST(ReplacementFile, NeedsNoSyncWhereThereIsNothingToSynchronise) {
+TEST(AtomicReplacement, NeedsNoSyncWhereThereIsNothingToSynchronise) {
   std::array<int, 2> ends{};
   ASSERT_EQ(::pipe(ends.data()), 0);
   EXPECT_EQ(cli::sync_file(ends[1]), 0);

@@ -24,7 +24,7 @@ struct c_line {
   visibility state = visibility::active;
   directive kind = directive::none;
   std::string_view name{};      // of the macro
-  std::string_view word{};      // the name with all that follows it without white space
+  std::string_view word{};      // the name and what follows it: a.0_W of "#define a.0_W 1"
   std::string_view value{};     // what replaces the macro, without comments
   bool has_parameters = false;  // NAME(...)
   bool continued = false;       // in the next line, behind a backslash

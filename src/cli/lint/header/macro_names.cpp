@@ -35,7 +35,8 @@ char lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-/// What is left of two texts behind what they share, and how many edits are left for it.
+/// What is left of two texts behind what they share, and how many edits are left for it: of "pixl"
+/// and "pixel", "l" and "el".
 struct two_rests {
   std::string_view one{};
   std::string_view other{};

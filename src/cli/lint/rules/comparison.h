@@ -29,8 +29,8 @@ struct own_definition {
   bool has_default = false;  // C gives the macro the value that its field has without it
 };
 
-/// The own definition of a row of the block that is being read, and what was taken after it from
-/// another line, if anything.
+/// The last definition of a macro in the block that is being read, and what replaced its value:
+/// behind "#define net_data_W 40", the "idth" of "#define net_data_Width 7" does.
 struct row_state {
   own_definition own{};
   std::string_view replacement{};  // empty if there is none
@@ -40,7 +40,7 @@ struct row_state {
 struct kind_cursor {
   std::size_t next_block = 0;
   std::size_t next_value = 0;
-  std::size_t next_place = 0;     // in the header: nothing of the kind is before it
+  std::size_t next_place = 0;     // in the header: no name or value that is left is before it
   bool is_repeated = false;       // whether another block has the name of this one
   std::uint64_t taken_rows = 0;   // of the block, a bit for each
   std::vector<row_state> rows{};  // one for each macro of the kind

@@ -2,10 +2,9 @@
 
 #include "cli/lint/c/c_number.h"
 #include "cli/lint/c/c_text.h"
-#include "cli/lint/rules/missing_blocks.h"
 #include "cli/lint/rules/repeated_macros.h"
+#include "cli/lint/rules/unknown_macros.h"
 #include "cli/lint/rules/value_rules.h"
-#include "cli/lint/rules/wrong_name_rules.h"
 #include "cli/output/printable_text.h"
 #include "headers/dag_descriptions.h"
 
@@ -168,13 +167,6 @@ void check_dag_name(comparison& header, const c_line& line, std::size_t place) {
   }
 }
 
-/// Whether a compiler's macro begins with the name of the DAG.
-bool is_of_dag(const comparison& header, std::string_view name) {
-  const std::string_view dag = header.reading.dag_name;
-  return !dag.empty() && name.size() > dag.size() && name.starts_with(dag) &&
-         name[dag.size()] == '_';
-}
-
 /// What a macro belongs to; without a row if that is nothing that the header introduces.
 macro_parts known_parts(const comparison& header, std::string_view name) {
   for (const macro_family family :
@@ -203,16 +195,7 @@ void check_definition(comparison& header, const c_line& line, std::string_view t
                                       : check_known_block(header, macro);
     return;
   }
-  if (check_wrong_name(header, line, place)) {
-    return;
-  }
-  const bool is_of_smb = !header.with_vproc && line.name.ends_with(smb_macros[0].suffix);
-  if (header.with_notes && is_of_dag(header, line.name) && !is_of_smb) {
-    report(header, kind_of("unknown-macro"), place,
-           joined(printable(line.name), " belongs to nothing that the header introduces, ",
-                  "or has an unknown ending: it is not read"));
-  }
-  take_unknown_macro(header, line.name, place);
+  check_unknown_macro(header, line, place);
 }
 
 /// A later definition makes the removal harmless.

@@ -105,7 +105,7 @@ void check_repeated(comparison& header) {
     return std::tuple(family_of(d.kind), name_of(header, d), d.row, d.place);
   };
   std::ranges::sort(all, {}, key);
-  // A definition may be noted twice.
+  // The second of three definitions is there twice: with the first and with the third.
   const auto same_place = [](const own_definition& a, const own_definition& b) {
     return a.place == b.place && a.kind == b.kind;
   };

@@ -104,7 +104,8 @@ std::string_view c_text(std::string_view c_value) {
   return literal ? *literal : c_value;
 }
 
-/// The most decimal digits of which every number fits into the field. A flag holds 0 and 1.
+/// The most decimal digits of which every number fits into the field: 2 for a byte, as 999 does not
+/// fit, and none for a flag.
 std::size_t sure_digits(const macro_row& row) {
   switch (row.kind) {
     case macro_kind::word:

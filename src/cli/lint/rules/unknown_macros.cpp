@@ -1,6 +1,8 @@
-#include "cli/lint/rules/wrong_name_rules.h"
+#include "cli/lint/rules/unknown_macros.h"
 
 #include <algorithm>
+#include <bit>
+#include <utility>
 
 #include "cli/output/printable_text.h"
 
@@ -90,10 +92,81 @@ bool check_ending(comparison& header, const c_line& line, std::size_t place) {
   return false;
 }
 
+/// Whether a compiler's macro begins with the name of the DAG.
+bool is_of_dag(const comparison& header, std::string_view name) {
+  const std::string_view dag = header.reading.dag_name;
+  return !dag.empty() && name.size() > dag.size() && name.starts_with(dag) &&
+         name[dag.size()] == '_';
+}
+
+// So many different macros of a port have one name by intention. With fewer, something else may be
+// meant, such as net_frames_W.
+constexpr int enough_macros = 3;
+
+/// The macro's row among those of a port, and the name before it. Null for other macros.
+macro_parts port_parts(const comparison& header, std::string_view macro) {
+  const auto* const row = std::ranges::find_if(
+      port_macros, [&](const macro_row& each) { return macro.ends_with(each.suffix); });
+  const std::size_t begin = header.reading.dag_name.size() + 1;
+  if (row == port_macros.end() || !is_of_dag(header, macro) ||
+      macro.size() <= begin + row->suffix.size()) {
+    return {.family = macro_family::port};
+  }
+  return {.family = macro_family::port,
+          .row = &*row,
+          .block = macro.substr(begin, macro.size() - begin - row->suffix.size())};
+}
+
+/// Takes up a macro that may be one of a port without a line that introduces it.
+void take_unknown_macro(comparison& header, std::string_view name, std::size_t place) {
+  const macro_parts parts = port_parts(header, name);
+  if (parts.row == nullptr) {
+    return;
+  }
+  if (header.missing.name != parts.block) {
+    const std::size_t last = header.findings.size() - 1;
+    const bool has_note = !header.findings.empty() && header.findings[last].place == place;
+    check_missing_block(header);
+    header.missing = {.name = parts.block, .place = place};
+    if (has_note) {
+      header.missing.note = last;
+    }
+  }
+  header.missing.rows |= std::uint64_t{1} << (parts.row - port_macros.data());
+}
+
 }  // namespace
 
-bool check_wrong_name(comparison& header, const c_line& line, std::size_t place) {
-  return check_misspelling(header, line, place) || check_ending(header, line, place);
+void check_unknown_macro(comparison& header, const c_line& line, std::size_t place) {
+  if (check_misspelling(header, line, place) || check_ending(header, line, place)) {
+    return;
+  }
+  const bool is_of_smb = !header.with_vproc && line.name.ends_with(smb_macros[0].suffix);
+  if (header.with_notes && is_of_dag(header, line.name) && !is_of_smb) {
+    report(header, kind_of("unknown-macro"), place,
+           joined(printable(line.name), " belongs to nothing that the header introduces, ",
+                  "or has an unknown ending: it is not read"));
+  }
+  take_unknown_macro(header, line.name, place);
+}
+
+void check_missing_block(comparison& header) {
+  const missing_block missing = std::exchange(header.missing, {});
+  const int macros = std::popcount(missing.rows);
+  if (macros < enough_macros) {
+    return;
+  }
+  header_finding found{
+      .kind = kind_of("missing-block"),
+      .place = missing.place,
+      .text = joined("no line with ", input_ports.keyword, " or ", output_ports.keyword,
+                     " introduces ", printable(missing.name),
+                     ": it is not in the package, and its ", macros, " macros are not read")};
+  if (missing.note) {
+    header.findings[*missing.note] = std::move(found);
+  } else {
+    header.findings.push_back(std::move(found));
+  }
 }
 
 }  // namespace morvane::cli
