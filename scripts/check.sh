@@ -19,7 +19,7 @@ require_the_rest() {
 
 sources() {
   # Headers that the tool reads are not ours.
-  git ls-files -co --exclude-standard -- "$@" ':!*/_*.h' ':!tests/fuzz/corpus'
+  git ls-files -co --exclude-standard -- "$@" ':!*/_*.h' ':!tests/findings' ':!tests/fuzz/corpus'
 }
 
 # Tests that a build rules out for good say so: these words are in the reasons of tests that no sanitizer, no emulator

@@ -149,14 +149,22 @@ std::string source_folder() {
   return MORVANE_SOURCE_FOLDER;
 }
 
-void copy_sample(const scratch_folder& folder) {
+void copy_files(const std::string& source, const scratch_folder& folder, std::string_view name) {
   namespace fs = std::filesystem;
-  folder.make_folder("in");
-  for (const auto& file : fs::directory_iterator(source_folder() + "/examples/wake_word")) {
-    const std::string copy = folder.path("in/" + file.path().filename().string());
-    fs::copy_file(file, copy);
-    fs::permissions(copy, fs::perms::owner_write, fs::perm_options::add);
+  folder.make_folder(name);
+  for (const auto& entry : fs::recursive_directory_iterator(source)) {
+    const fs::path copy = folder.path(name) / entry.path().lexically_relative(source);
+    if (entry.is_directory()) {
+      fs::create_directory(copy);
+    } else {
+      fs::copy_file(entry, copy);
+      fs::permissions(copy, fs::perms::owner_write, fs::perm_options::add);
+    }
   }
+}
+
+void copy_sample(const scratch_folder& folder) {
+  copy_files(source_folder() + "/examples/wake_word", folder, "in");
 }
 
 }  // namespace morvane::test

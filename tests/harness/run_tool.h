@@ -4,6 +4,7 @@
 #include <sys/types.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace morvane::test {
@@ -52,8 +53,11 @@ std::string morvane_path();
 std::string library_path();
 std::string source_folder();
 
-/// Copies the sample folder of the source tree to the folder "in" of a scratch folder. The copies
+/// Copies all files below a folder of the source tree to a folder in a scratch folder. The copies
 /// can be written, also when the source tree cannot.
+void copy_files(const std::string& source, const scratch_folder& folder, std::string_view name);
+
+/// Copies the sample folder of the source tree to the folder "in" in the same way.
 void copy_sample(const scratch_folder& folder);
 
 }  // namespace morvane::test

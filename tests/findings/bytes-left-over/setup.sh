@@ -1,0 +1,2 @@
+cp vproc.bin net.bin
+printf '12' >>net.bin

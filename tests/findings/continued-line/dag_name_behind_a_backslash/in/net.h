@@ -1,0 +1,3 @@
+#define x 1 \
+ net_DAG_NAME net
+#define net_image_size 5

@@ -1,0 +1,5 @@
+#define net_DAG_NAME "net"
+#define net_image_size 5
+/* net HMB_input data:0 */
+#define net_data_qubrix_demangled_name "a b"
+#define net_data_W 2 * 20

@@ -1,0 +1,6 @@
+#define net_DAG_NAME "net"
+#define net_image_size 5
+/* net HMB_input data */
+#define net_data_W 40 /* columns */
+/* net HMB_output data */
+#define net_data_H 0 /* rows */

@@ -1,0 +1,5 @@
+cp vproc.bin net.bin
+put 0x28 "$(times 128 '\x00')"
+put 0x17c "$(times 512 '\x00')"
+put 0x12bc "$(times 128 '\x00')"
+put 0x1344 "$(times 128 '\x00')"

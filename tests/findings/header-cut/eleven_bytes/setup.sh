@@ -1,0 +1,2 @@
+cp plain.bin net.bin
+truncate -s 11 net.bin

@@ -1,0 +1,2 @@
+cp plain.bin net.bin
+truncate -s 0 net.bin

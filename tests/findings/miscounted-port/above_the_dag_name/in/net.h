@@ -1,0 +1,3 @@
+/* net HMB_input data */
+#define net_DAG_NAME "net"
+#define net_image_size 5

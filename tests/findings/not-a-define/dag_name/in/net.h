@@ -1,0 +1,2 @@
+char net_DAG_NAME net
+#define net_image_size 5

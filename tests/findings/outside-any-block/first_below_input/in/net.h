@@ -1,0 +1,5 @@
+#define net_DAG_NAME "net"
+#define net_image_size 5
+#define net_data_H 49
+/* net HMB_input data */
+/* net HMB_output data */

@@ -1,0 +1,5 @@
+#define net_DAG_NAME "net"
+#define net_image_size 5
+/* net HMB_input data */
+#define net_data_W 40
+#undef net_data_W

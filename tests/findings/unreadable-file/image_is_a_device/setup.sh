@@ -1,0 +1,1 @@
+ln -s /dev/zero in/net.dvi

@@ -1,0 +1,1 @@
+#define x_DAG_NAME "[2J"

@@ -1,0 +1,2 @@
+#define x_DAG_NAME ".."
+#define .._image_size 5

@@ -1,0 +1,2 @@
+cp vproc.bin net.bin
+truncate -s $((0x1343)) net.bin

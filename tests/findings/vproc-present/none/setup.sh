@@ -1,0 +1,1 @@
+cp plain.bin net.bin

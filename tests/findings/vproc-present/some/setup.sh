@@ -1,0 +1,1 @@
+cp vproc.bin net.bin

@@ -1,0 +1,2 @@
+cp vproc.bin net.bin
+put 0x12ac "$(word 269)"

@@ -1,0 +1,2 @@
+cp plain.bin net.bin
+printf '1' >>net.bin

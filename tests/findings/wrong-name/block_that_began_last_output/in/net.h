@@ -1,0 +1,5 @@
+#define net_DAG_NAME "net"
+#define net_image_size 5
+/* net HMB_input data */
+/* net HMB_output mask */
+#define net_msk_H 49
