@@ -26,14 +26,6 @@ TEST(CheckCommand, CountsOneOfAThingInTheSingular) {
                  "net.bin: sound, 1 DVI, 1 port, without vproc records, 1312 bytes\n");
 }
 
-TEST(CheckCommand, TellsWhereAndWhyAPackageIsNotSound) {
-  const scratch_folder folder;
-  folder.write("net.bin", sound_package() + "x");
-  expect_outcome(run_morvane({"check", "net.bin"}, folder.path()), 1,
-                 "net.bin:0x12a4: error: the vproc table is cut: 24 bytes are needed, and 1 is "
-                 "left [vproc-table-cut]\n");
-}
-
 TEST(CheckCommand, ShowsWarningsOfASoundPackage) {
   const scratch_folder folder;
   folder.write("net.bin", header(1) + bytes(sound_dvi(0, "net", 0, 0)) + image());
@@ -51,14 +43,6 @@ TEST(CheckCommand, GoesOnAfterAPackageThatCannotBeRead) {
   expect_outcome(run_morvane({"check", "missing.bin", ".", "net.bin"}, folder.path()), 2,
                  "net.bin: sound, 2 DVIs, 4 ports, without vproc records, 4772 bytes\n",
                  "morvane: missing.bin: No such file or directory\nmorvane: .: Is a directory\n");
-}
-
-TEST(CheckCommand, DoesNotTakeAnEmptyFileForSound) {
-  const scratch_folder folder;
-  folder.write("net.bin", "");
-  expect_outcome(
-      run_morvane({"check", "net.bin"}, folder.path()), 1,
-      "net.bin:0x0: error: the header is cut: 12 bytes are needed, and 0 are left [header-cut]\n");
 }
 
 TEST(CheckCommand, EscapesTheFileName) {
