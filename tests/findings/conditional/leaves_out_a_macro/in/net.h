@@ -1,0 +1,7 @@
+#define net_DAG_NAME "net"
+#define net_image_size 5
+/* net HMB_input data */
+#define net_data_W 40
+#if 0 // _data_
+#define net_data_H 49
+#endif
