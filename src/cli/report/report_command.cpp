@@ -33,20 +33,8 @@ int open_inputs(const report_options& options, report_inputs& inputs) {
   return status_fine;
 }
 
-void write_report(const report_options& options, const report_inputs& inputs, page_output& out) {
-  if (options.dot) {
-    warn_of_damage(inputs.package, "shown", out.streams);
-    write_dot(inputs.package, find_flow(inputs.package), out);
-  } else {
-    page_content content = find_content(inputs.package, out.streams);
-    std::optional<package_changes> changes;
-    if (inputs.old_package) {
-      changes = find_changes(*inputs.old_package, inputs.package, out.streams);
-      content.changes = &*changes;
-    }
-    write_page(content, out);
-  }
-  flush(out);
+bool is_to_file(const report_options& options) {
+  return !options.output.empty() && options.output != standard_output_path;
 }
 
 /// Whether a path leads to one of the packages, under whatever name.
@@ -55,24 +43,48 @@ bool is_input(const std::string& path, const report_options& options) {
   return file && (file == identity_at(options.package) || file == identity_at(options.old_package));
 }
 
-/// Writes the page to a file that takes the place of an older one when it is complete.
-int write_file(const report_options& options, const report_inputs& inputs, console& streams) {
-  if (is_input(options.output, options)) {
-    print_message(joined(printable(options.output),
-                         ": the page must not replace a package that it is made from"));
+/// Where a page goes.
+struct report_target {
+  const report_options& options;
+  console& streams;
+  std::optional<blocked_signals> signals{};  // as long as the file is not complete
+  atomic_replacement file{};
+};
+
+/// Finds the place of the page, and makes nothing there yet.
+int find_target(report_target& target) {
+  const std::string& path = target.options.output;
+  if (!is_to_file(target.options)) {
+    return status_fine;
+  }
+  if (is_input(path, target.options)) {
+    print_message(
+        joined(printable(path), ": the page must not replace a package that it is made from"));
     return status_failed;
   }
-  const blocked_signals signals;
-  atomic_replacement file;
-  if (const int error = file.find(options.output); error != 0) {
-    return report_file_error(options.output, error);
+  const int error = target.file.find(path);
+  return error == 0 ? status_fine : report_file_error(path, error);
+}
+
+/// Writes all that a function adds to a page. A file takes the place of an older one when it is
+/// complete, and only while it is not, signals wait.
+template <class Function>
+int write_target(report_target& target, Function add_all) {
+  const std::string& path = target.options.output;
+  if (!is_to_file(target.options)) {
+    page_output out{target.streams, STDOUT_FILENO, "standard output", nullptr};
+    add_all(out);
+    flush(out);
+    return status_fine;
   }
-  if (const int error = file.create(); error != 0) {
-    return report_creation_error(options.output, error);
+  target.signals.emplace();
+  if (const int error = target.file.create(); error != 0) {
+    return report_creation_error(path, error);
   }
-  page_output out{streams, file.descriptor(), printable(options.output), &signals};
-  write_report(options, inputs, out);
-  return finish_file(file, options.output, streams);
+  page_output out{target.streams, target.file.descriptor(), printable(path), &*target.signals};
+  add_all(out);
+  flush(out);
+  return finish_file(target.file, path, target.streams);
 }
 
 }  // namespace
@@ -82,12 +94,23 @@ int run_report(const report_options& options, console& streams) try {
   if (const int status = open_inputs(options, inputs); status != status_fine) {
     return status;
   }
-  if (!options.output.empty() && options.output != standard_output_path) {
-    return write_file(options, inputs, streams);
+  report_target target{options, streams};
+  if (const int status = find_target(target); status != status_fine) {
+    return status;
   }
-  page_output out{streams, STDOUT_FILENO, "standard output", nullptr};
-  write_report(options, inputs, out);
-  return status_fine;
+  const opened_package& package = inputs.package;
+  if (options.dot) {
+    warn_of_damage(package, "shown", streams);
+    const network_flow flow = find_flow(package);
+    return write_target(target, [&](page_output& out) { write_dot(package, flow, out); });
+  }
+  page_content content = find_content(package, streams);
+  std::optional<package_changes> changes;
+  if (inputs.old_package) {
+    changes = find_changes(*inputs.old_package, package, streams);
+    content.changes = &*changes;
+  }
+  return write_target(target, [&](page_output& out) { write_page(content, out); });
 } catch (const page_interruption&) {
   return status_failed;  // for a signal that does not end the program
 }
