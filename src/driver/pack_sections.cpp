@@ -105,16 +105,15 @@ int find_inputs(pack_inputs& inputs, bool vproc) {
   return 0;
 }
 
-void append_header(package_writer& package, std::size_t dvi_count) {
-  const pkg_header header{.version = version_word,
-                          .HASH = revision_hash(),
-                          .dvi_num = static_cast<std::uint32_t>(dvi_count)};
-  append_records(package, std::vector{header});
+pkg_header header_of(std::size_t dvi_count) {
+  return {.version = version_word,
+          .HASH = revision_hash(),
+          .dvi_num = static_cast<std::uint32_t>(dvi_count)};
 }
 
 int append_sections(package_writer& package, const pack_inputs& inputs, bool vproc,
                     std::uint32_t& size) {
-  append_header(package, inputs.dvis.size());
+  append_records(package, std::vector{header_of(inputs.dvis.size())});
   std::vector<dvi_desc> dvis;
   const int status = parse_dag_descriptions(dvis, inputs.folder, inputs.headers);
   append_records_or_warn(package, dvis, "DVI descriptions in ", inputs.folder);

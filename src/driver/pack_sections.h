@@ -21,8 +21,8 @@ struct pack_inputs {
 /// Returns 0; or -1 after the message of what is wrong with the folder.
 int find_inputs(pack_inputs& inputs, bool vproc);
 
-/// Appends the package's first record.
-void append_header(package_writer& package, std::size_t dvi_count);
+/// The package's first record.
+pkg_header header_of(std::size_t dvi_count);
 
 /// Appends all sections of the package. The size is the sum of the sizes in the records. It is the
 /// size of the file modulo 2^32 if the counts of one parser agree with the records of the other.

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <cstdint>
+#include <filesystem>
 #include <string>
 
 #include "cli/lint/lint_folder.h"
@@ -33,7 +35,8 @@ struct packed_dags {
   [[nodiscard]] cli::input_comparison compare() const {
     cli::package_bytes package;
     EXPECT_EQ(package.load(folder.path("net.bin")), 0);
-    return compare_with_inputs(package, parsed.inputs, parsed.dvis, [](std::uint64_t /*done*/) {});
+    return compare_with_inputs(package, parsed.inputs, parsed.dvis, false,
+                               [](std::uint64_t /*done*/) {});
   }
 
   scratch_folder folder{};
@@ -59,6 +62,16 @@ TEST(PackVerification, FindsEveryRecordThatDiffers) {
     packed_dags dags;
     dags.parsed.dvis[dvi].ports[0] ^= std::byte{1};
     EXPECT_FALSE(dags.compare().are_same) << dvi;
+  }
+}
+
+TEST(PackVerification, FindsBytesThatAreTooManyOrTooFew) {
+  for (const int more : {1, -1}) {
+    const packed_dags dags;
+    const std::string package = dags.folder.path("net.bin");
+    const auto size = static_cast<int>(std::filesystem::file_size(package));
+    std::filesystem::resize_file(package, static_cast<std::uintmax_t>(size + more));
+    EXPECT_FALSE(dags.compare().are_same) << more;
   }
 }
 

@@ -152,7 +152,7 @@ int verify_package(packing& run) {
     return report_file_error(run.options.package, error);
   }
   const input_comparison comparison =
-      compare_with_inputs(package, run.parsed.inputs, run.parsed.dvis,
+      compare_with_inputs(package, run.parsed.inputs, run.parsed.dvis, run.options.vproc,
                           [&](std::uint64_t /*done*/) { check_signals(run); });
   if (comparison.error != 0) {
     return report_lost_image(run, comparison.path, comparison.error);

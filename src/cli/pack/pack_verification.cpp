@@ -1,7 +1,6 @@
 #include "cli/pack/pack_verification.h"
 
 #include <fcntl.h>
-#include <morvane/package_view.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -9,104 +8,73 @@
 #include <vector>
 
 #include "cli/findings/finding_output.h"
-#include "cli/package/opened_package.h"
-#include "format/build_constants.h"
+#include "cli/pack/package_layout.h"
 
 namespace morvane::cli {
 
 namespace {
 
-/// A comparison on its way over the DVIs. The buffer is used for one image after the other.
+/// A comparison on its way from the front of the package to its back.
 struct comparing {
   const package_bytes& package;
   const progress_sink& progress;
-  morvane_view view{};
+  std::size_t offset = 0;  // of the next part
+  std::size_t kept = 0;    // bytes from here on are still in memory
   std::vector<std::byte> buffer = std::vector<std::byte>(chunk_size);
-};
-
-/// Compares an image with its file. The file is read, not mapped: it may be cut meanwhile.
-input_comparison compare_image(comparing& run, const morvane_view_dvi& dvi,
-                               const std::string& path) {
-  const file_handle file = open_at(AT_FDCWD, path, O_RDONLY | O_NONBLOCK);
-  if (!file.is_open()) {
-    return {.path = path, .error = errno};
-  }
-  auto image = image_of(run.view, dvi);
-  bool are_same = image.size() == dvi.dvi_img_size;
-  for (off_t offset = 0; are_same && !image.empty();) {
-    const auto written = image.first(std::min(image.size(), run.buffer.size()));
-    const auto bytes = std::span(run.buffer).first(written.size());
-    run.package.fetch(written);
-    const bytes_read read = read_bytes_at(file, offset, bytes);
-    if (read.error != 0) {
-      return {.path = path, .error = read.error};
-    }
-    are_same =
-        read.count == bytes.size() && std::memcmp(bytes.data(), written.data(), bytes.size()) == 0;
-    run.package.release(written);
-    run.progress(dvi.block + static_cast<std::uint64_t>(offset));
-    image = image.subspan(written.size());
-    offset += static_cast<off_t>(written.size());
-  }
-  return {.are_same = are_same};
-}
-
-/// Whether the package holds these bytes at an offset.
-bool holds_bytes(const morvane_view& view, std::size_t offset, std::span<const std::byte> bytes) {
-  return bytes.empty() || (offset <= view.size && bytes.size() <= view.size - offset &&
-                           std::memcmp(std::span(view.bytes, view.size).subspan(offset).data(),
-                                       bytes.data(), bytes.size()) == 0);
-}
-
-bool holds_records(const morvane_view& view, const morvane_view_dvi& dvi,
-                   const parsed_dvi& parsed) {
-  const bool has_vproc = morvane_view_need_vproc(&view) == MORVANE_VIEW_OK;
-  return holds_bytes(view, dvi.offset, bytes_of(parsed.dvi)) &&
-         holds_bytes(view, dvi.block, parsed.ports) &&
-         (!has_vproc || (holds_bytes(view, dvi.vproc_offset, bytes_of(parsed.vproc)) &&
-                         holds_bytes(view, dvi.vproc_block, parsed.vproc_records)));
-}
-
-bool has_header_of(const morvane_view& view, const pack_inputs& inputs) {
-  return view.version == version_word && view.HASH == revision_hash() &&
-         view.dvi_num == inputs.headers.size();
-}
-
-/// Compares every DVI.
-input_comparison compare_dvis(comparing& run, const pack_inputs& inputs,
-                              const parsed_dvis& parsed) {
-  constexpr std::size_t step = std::size_t{1} << 20U;  // bytes that are given back at a time
   input_comparison result{.are_same = true};
-  std::size_t kept = 0;  // bytes from here on are still in memory
-  morvane_view_dvi dvi{};
-  int walk = morvane_view_first(&run.view, &dvi);
-  for (std::size_t i = 0; result.are_same && walk == MORVANE_VIEW_OK; ++i) {
-    run.progress(dvi.block);
-    result.are_same = holds_records(run.view, dvi, parsed[i]);
-    if (result.are_same) {
-      result = compare_image(run, dvi, join_path(inputs.folder, inputs.dvis[i].name));
-    }
-    if (dvi.block - kept >= step) {
-      run.package.release(kept, dvi.block - kept);
-      kept = dvi.block;
-    }
-    walk = morvane_view_next(&run.view, &dvi);
+
+  /// Whether these are the next bytes of the package.
+  bool visit(std::span<const std::byte> bytes) {
+    give_back();
+    const auto rest = package.bytes().subspan(offset);
+    const auto written = rest.first(std::min(bytes.size(), rest.size()));
+    package.fetch(written);
+    offset += written.size();
+    result.are_same =
+        bytes.empty() || (written.size() == bytes.size() &&
+                          std::memcmp(written.data(), bytes.data(), bytes.size()) == 0);
+    return result.are_same;
   }
-  return result;
-}
+
+  /// Whether an image comes next. Its file is read, not mapped: it may be cut meanwhile.
+  bool visit_image(const std::string& path, std::uint32_t size) {
+    progress(offset);
+    const file_handle file = open_at(AT_FDCWD, path, O_RDONLY | O_NONBLOCK);
+    if (!file.is_open()) {
+      result = {.path = path, .error = errno};
+    }
+    for (std::size_t begin = 0; result.are_same && begin < size; begin += buffer.size()) {
+      const auto bytes = std::span(buffer).first(std::min(size - begin, buffer.size()));
+      const bytes_read read = read_bytes_at(file, static_cast<off_t>(begin), bytes);
+      if (read.error != 0) {
+        result = {.path = path, .error = read.error};
+      } else {
+        result.are_same = read.count == bytes.size() && visit(bytes);
+      }
+    }
+    return result.are_same;
+  }
+
+  /// Gives back the memory of what was compared, many bytes at a time.
+  void give_back() {
+    constexpr std::size_t step = std::size_t{1} << 20U;
+    if (offset - kept >= step) {
+      progress(offset);
+      package.release(kept, offset - kept);
+      kept = offset;
+    }
+  }
+};
 
 }  // namespace
 
 input_comparison compare_with_inputs(const package_bytes& package, const pack_inputs& inputs,
-                                     const parsed_dvis& parsed, const progress_sink& progress) {
+                                     const parsed_dvis& parsed, bool vproc,
+                                     const progress_sink& progress) {
   comparing run{.package = package, .progress = progress};
-  const auto bytes = package.bytes();
-  const int opened = morvane_view_open(&run.view, bytes.data(), bytes.size(), nullptr);
-  if (opened != MORVANE_VIEW_OK || !has_header_of(run.view, inputs) ||
-      parsed.size() != inputs.dvis.size()) {
-    return {};
-  }
-  return compare_dvis(run, inputs, parsed);
+  visit_parts(inputs, parsed, vproc, run);
+  run.result.are_same = run.result.are_same && run.offset == package.bytes().size();
+  return run.result;
 }
 
 bool is_sound(const package_bytes& package, const std::string& path, bool vproc, console& streams,

@@ -19,10 +19,12 @@ struct input_comparison {
 };
 
 /// Compares every byte of the package with its inputs: the records with those that the linter read
-/// in the headers, the images with their files, which are read once more. Tells how far it came
+/// in the headers, the images with their files, which are read once more; vproc tells whether vproc
+/// records were written. Tells how far it came
 /// often enough for a signal to end the run soon. Prints nothing.
 input_comparison compare_with_inputs(const package_bytes& package, const pack_inputs& inputs,
-                                     const parsed_dvis& parsed, const progress_sink& progress);
+                                     const parsed_dvis& parsed, bool vproc,
+                                     const progress_sink& progress);
 
 /// Whether the package is sound. Writes the errors that are found; the linter told the warnings.
 /// Findings name the path; vproc tells whether vproc records were written. Sets the summary.
