@@ -4,7 +4,7 @@
 #include <cerrno>
 #include <cstddef>
 
-#include "cli/output/checked_write.h"
+#include "cli/output/console.h"
 
 namespace morvane::cli {
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <utility>
 
 #include "cli/findings/finding_sarif.h"
@@ -136,8 +135,7 @@ void end_findings(finding_writer& output) {
 }
 
 void write_failure(finding_writer& output, std::string_view path, int error) {
-  // NOLINTNEXTLINE(concurrency-mt-unsafe): one thread
-  const std::string reason = std::strerror(error);
+  const std::string reason = reason_of(error);
   if (json_writer* json = json_of(output)) {
     write_member(*json, "failure", reason);
   }

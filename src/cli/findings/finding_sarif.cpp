@@ -70,8 +70,8 @@ std::string uri_of(std::string_view path) {
     if (stands_in_uris(character)) {
       uri += character;
     } else {
-      const auto value = static_cast<unsigned char>(character);
-      uri += {'%', digits[value >> 4U], digits[value & 0xFU]};
+      uri += '%';
+      append_digits(uri, static_cast<std::uint8_t>(character), digits);
     }
   }
   return uri;

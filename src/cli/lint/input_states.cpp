@@ -1,8 +1,8 @@
 #include "cli/lint/input_states.h"
 
 #include <cerrno>
-#include <cstring>
 
+#include "cli/output/console.h"
 #include "cli/output/printable_text.h"
 
 namespace morvane::cli {
@@ -40,9 +40,8 @@ readable_file open_input(const std::string& path, file_state& state) {
 }
 
 std::string unreadable_text(std::string_view what, int error) {
-  // NOLINTNEXTLINE(concurrency-mt-unsafe): one thread
-  const std::string_view reason = error == EINVAL ? "it is no regular file" : std::strerror(error);
-  return joined("the ", what, " cannot be read: ", reason);
+  return joined("the ", what,
+                " cannot be read: ", error == EINVAL ? "it is no regular file" : reason_of(error));
 }
 
 std::vector<std::string> input_paths(const pack_inputs& inputs) {

@@ -4,23 +4,18 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
-#include <span>
 #include <system_error>
 
-#include "cli/output/checked_write.h"
 #include "cli/output/printable_text.h"
+#include "io/file.h"
 
 namespace morvane::cli {
 
 namespace {
-
-/// Returns 0, or the errno of the failure.
-int write_all(int descriptor, std::string_view text) {
-  return write_checked(descriptor, std::as_bytes(std::span(text)));
-}
 
 bool is_set(const char* variable) {
   const char* value = std::getenv(variable);  // NOLINT(concurrency-mt-unsafe): one thread
@@ -51,6 +46,18 @@ bool has_colours() {
   return ::isatty(STDOUT_FILENO) == 1 && !is_dumb && !is_set("NO_COLOR");
 }
 
+int write_checked(int descriptor, std::span<const std::byte> bytes) {
+  return write_bytes(descriptor, bytes) == bytes.size() ? 0 : errno;
+}
+
+int write_checked(int descriptor, std::string_view text) {
+  return write_checked(descriptor, std::as_bytes(std::span(text)));
+}
+
+std::string reason_of(int error) {
+  return std::strerror(error);  // NOLINT(concurrency-mt-unsafe): one thread
+}
+
 void print_result(console& streams, std::string_view text) {
   streams.pending += text;
   if (streams.pending.size() >= max_pending) {
@@ -60,7 +67,7 @@ void print_result(console& streams, std::string_view text) {
 
 void flush_results(console& streams) {
   hide_progress(streams.progress);
-  const int error = write_all(STDOUT_FILENO, streams.pending);
+  const int error = write_checked(STDOUT_FILENO, streams.pending);
   streams.pending.clear();
   if (error != 0) {
     throw std::system_error(error, std::generic_category(), "standard output");
@@ -69,12 +76,11 @@ void flush_results(console& streams) {
 
 void print_message(std::string_view text) {
   // Nothing is left to complain to. NOLINTNEXTLINE(bugprone-unused-return-value)
-  static_cast<void>(write_all(STDERR_FILENO, joined("morvane: ", text, "\n")));
+  static_cast<void>(write_checked(STDERR_FILENO, joined("morvane: ", text, "\n")));
 }
 
 int report_file_error(std::string_view path, int error) {
-  // NOLINTNEXTLINE(concurrency-mt-unsafe): one thread
-  print_message(joined(printable(path), ": ", std::strerror(error)));
+  print_message(joined(printable(path), ": ", reason_of(error)));
   return status_failed;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -38,6 +39,14 @@ void open_standard_streams();
 
 /// Whether standard output shows colours: a terminal that is not dumb, and NO_COLOR is not set.
 bool has_colours();
+
+/// Writes all bytes, and waits where a descriptor takes none now. Returns 0, or the errno of the
+/// failure.
+int write_checked(int descriptor, std::span<const std::byte> bytes);
+int write_checked(int descriptor, std::string_view text);
+
+/// The system's reason for an errno: "No such file or directory".
+std::string reason_of(int error);
 
 /// Puts a text among the results. Throws std::system_error when standard output does not take them,
 /// and so ends the command; so below.

@@ -79,9 +79,8 @@ constexpr bool is_control_code(std::uint32_t code) {
 
 void append_bytes(std::string& shown, std::string_view bytes) {
   for (const char byte : bytes) {
-    const auto value = static_cast<std::uint8_t>(byte);
-    append_pieces(shown, "\\x", hexadecimal_digits.substr(value >> 4U, 1),
-                  hexadecimal_digits.substr(value & 0xFU, 1));
+    shown += "\\x";
+    append_digits(shown, static_cast<std::uint8_t>(byte));
   }
 }
 

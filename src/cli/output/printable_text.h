@@ -23,6 +23,12 @@ constexpr bool is_continuation(char byte) {
 
 inline constexpr std::string_view hexadecimal_digits = "0123456789abcdef";
 
+/// Appends the two digits of a byte, from these 16.
+inline void append_digits(std::string& text, std::uint8_t byte,
+                          std::string_view digits = hexadecimal_digits) {
+  text += {digits[byte >> 4U], digits[byte & 0xFU]};
+}
+
 /// The text with every control character, and every byte that is not UTF-8, as \x and two
 /// hexadecimal digits: "a\x1b[0m". The control characters U+0080 to U+009F count too. What turns
 /// the direction of the text around it, and codes that mean no character, are as \u202e.

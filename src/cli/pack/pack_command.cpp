@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <optional>
-#include <span>
 #include <string_view>
 #include <vector>
 
@@ -15,7 +14,6 @@
 #include "cli/findings/finding_output.h"
 #include "cli/lint/input_states.h"
 #include "cli/lint/lint_folder.h"
-#include "cli/output/checked_write.h"
 #include "cli/output/printable_text.h"
 #include "cli/pack/depfile.h"
 #include "cli/pack/pack_outputs.h"
@@ -188,7 +186,7 @@ int write_depfile(packing& run) {
   if (const int error = file.create(); error != 0) {
     return report_creation_error(path, error);
   }
-  const int error = write_checked(file.descriptor(), std::as_bytes(std::span(text)));
+  const int error = write_checked(file.descriptor(), text);
   return error == 0 ? finish_file(file, path, run.streams) : report_file_error(path, error);
 }
 

@@ -20,8 +20,7 @@ std::string hexadecimal_text(XXH128_hash_t hash) {
   XXH128_canonicalFromHash(&canonical, hash);
   std::string text;
   for (const unsigned char byte : canonical.digest) {
-    text += hexadecimal_digits[byte >> 4U];
-    text += hexadecimal_digits[byte & 0xFU];
+    append_digits(text, byte);
   }
   return text;
 }

@@ -1,6 +1,7 @@
 #include "cli/package/opened_package.h"
 
 #include "cli/output/printable_text.h"
+#include "cli/package/package_walk.h"
 
 namespace morvane::cli {
 
@@ -24,8 +25,7 @@ void warn_of_damage(const opened_package& package, std::string_view participle, 
 }
 
 std::uint64_t release_dvi(const opened_package& package, const morvane_view_dvi& dvi) {
-  const std::uint64_t ports = std::uint64_t{dvi.input_num} + dvi.output_num;
-  const std::uint64_t count = ports * sizeof(morvane_port_desc) + dvi.dvi_img_size;
+  const std::uint64_t count = port_count(dvi) * sizeof(morvane_port_desc) + dvi.dvi_img_size;
   package.bytes.release(dvi.block, count);
   package.bytes.release(dvi.vproc_block, dvi.vproc_records_size);
   return dvi.block + count;

@@ -44,7 +44,8 @@ struct overlap {
 used_range shared_part(const overlap& both);
 
 /// Names at least one partner for every owner whose range overlaps another; fewer overlaps than
-/// ranges. Empty ranges overlap nothing. In the order of the greater owner.
+/// ranges. One is enough to tell that an owner shares its bytes, and all pairs could be as many as
+/// the square of the ranges. Empty ranges overlap nothing. In the order of the greater owner.
 std::vector<overlap> find_overlaps(std::vector<used_range> ranges);
 
 }  // namespace morvane::cli

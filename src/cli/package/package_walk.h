@@ -44,24 +44,29 @@ void for_each_dvi(const morvane_view& view, Function function) {
   }
 }
 
-/// Calls a function with each input port of a DVI, and how messages name it; so below.
+/// Calls a function with each record of a kind in a DVI, and how messages name it. The record at an
+/// index is read by a function of the view.
+template <class Record, class Function>
+void for_each_record(const morvane_view& view, const morvane_view_dvi& dvi, object_kind kind,
+                     int (*read)(const morvane_view*, const morvane_view_dvi*, std::uint32_t,
+                                 Record*),
+                     Function function) {
+  Record record{};
+  for (std::uint32_t i = 0; read(&view, &dvi, i, &record) == MORVANE_VIEW_OK; ++i) {
+    function(std::as_const(record), record_name{.dvi = dvi.position, .kind = kind, .index = i});
+  }
+}
+
+/// Each input port.
 template <class Function>
 void for_each_input(const morvane_view& view, const morvane_view_dvi& dvi, Function function) {
-  morvane_view_port port{};
-  for (std::uint32_t i = 0; morvane_view_input(&view, &dvi, i, &port) == MORVANE_VIEW_OK; ++i) {
-    function(std::as_const(port),
-             record_name{.dvi = dvi.position, .kind = object_kind::input, .index = i});
-  }
+  for_each_record(view, dvi, object_kind::input, morvane_view_input, function);
 }
 
 /// Each output port.
 template <class Function>
 void for_each_output(const morvane_view& view, const morvane_view_dvi& dvi, Function function) {
-  morvane_view_port port{};
-  for (std::uint32_t i = 0; morvane_view_output(&view, &dvi, i, &port) == MORVANE_VIEW_OK; ++i) {
-    function(std::as_const(port),
-             record_name{.dvi = dvi.position, .kind = object_kind::output, .index = i});
-  }
+  for_each_record(view, dvi, object_kind::output, morvane_view_output, function);
 }
 
 /// Each port, inputs first.
@@ -74,22 +79,13 @@ void for_each_port(const morvane_view& view, const morvane_view_dvi& dvi, Functi
 /// Each variable.
 template <class Function>
 void for_each_variable(const morvane_view& view, const morvane_view_dvi& dvi, Function function) {
-  morvane_view_var variable{};
-  for (std::uint32_t i = 0; morvane_view_variable(&view, &dvi, i, &variable) == MORVANE_VIEW_OK;
-       ++i) {
-    function(std::as_const(variable),
-             record_name{.dvi = dvi.position, .kind = object_kind::variable, .index = i});
-  }
+  for_each_record(view, dvi, object_kind::variable, morvane_view_variable, function);
 }
 
 /// Each SMB block.
 template <class Function>
 void for_each_smb(const morvane_view& view, const morvane_view_dvi& dvi, Function function) {
-  morvane_view_smb_block smb{};
-  for (std::uint32_t i = 0; morvane_view_smb(&view, &dvi, i, &smb) == MORVANE_VIEW_OK; ++i) {
-    function(std::as_const(smb),
-             record_name{.dvi = dvi.position, .kind = object_kind::smb, .index = i});
-  }
+  for_each_record(view, dvi, object_kind::smb, morvane_view_smb, function);
 }
 
 }  // namespace morvane::cli

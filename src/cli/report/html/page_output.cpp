@@ -1,9 +1,6 @@
 #include "cli/report/html/page_output.h"
 
-#include <span>
 #include <system_error>
-
-#include "cli/output/checked_write.h"
 
 namespace morvane::cli {
 
@@ -11,7 +8,7 @@ void flush(page_output& out) {
   if (out.signals != nullptr && out.signals->is_waiting()) {
     throw page_interruption();
   }
-  const int error = write_checked(out.descriptor, std::as_bytes(std::span(out.pending)));
+  const int error = write_checked(out.descriptor, out.pending);
   out.pending.clear();
   if (error != 0) {
     hide_progress(out.streams.progress);
