@@ -128,6 +128,13 @@ TEST(ReportCommand, ListsEveryRecordOfADvi) {
   expect_shown(page, "<bdi>middle</bdi><small><bdi>layer</bdi></small></th>");
 }
 
+TEST(ReportCommand, ShowsADashForADataFormatThatIsNotGiven) {
+  std::string package = sound_package();
+  package.replace(0x144 + 44, 4, 4, '\xFF');
+  expect_shown(page_of(package), "<td>0 <small>-");
+  expect_not_shown(page_of(sound_package()), "<td>0 <small>-");
+}
+
 TEST(ReportCommand, NeverLetsANameBecomeMarkup) {
   const std::string_view name = "</bdi><script>\"'&\xFF\x1B\xE2\x80\xAE";
   std::string package = header(1) + bytes(sound_dvi(0, name)) + bytes(port(name, name)) +

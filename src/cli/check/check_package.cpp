@@ -38,7 +38,7 @@ std::uint64_t check_blocks(const morvane_view& view, bool with_notes, const find
     if (with_notes) {
       note_port_overlaps(view, dvi, sink);
     }
-    ports += std::uint64_t{dvi.input_num} + dvi.output_num;
+    ports += port_count(dvi);
     progress(dvi.block);
   });
   if (view.vproc_table != 0) {

@@ -1,6 +1,6 @@
 #include "cli/package/package_walk.h"
 
-#include "io/message.h"
+#include "cli/output/printable_text.h"
 
 namespace morvane::cli {
 
@@ -11,6 +11,13 @@ std::string str(const record_name& name) {
   }
   append_pieces(text, "DVI ", name.dvi);
   return text;
+}
+
+std::string data_format(const morvane_view_port& port) {
+  const bool is_given =
+      port.sign != 0xFF || port.datasize != 0xFF || port.expoffset != -1 || port.expbits != 0xFF;
+  return is_given ? joined(port.sign, ",", port.datasize, ",", port.expoffset, ",", port.expbits)
+                  : "-";
 }
 
 record_name port_name_at(const morvane_view_dvi& dvi, std::uint32_t position) {

@@ -30,6 +30,9 @@ inline std::uint64_t port_count(const morvane_view_dvi& dvi) {
   return std::uint64_t{dvi.input_num} + dvi.output_num;
 }
 
+/// "0,8,-5,0": sign, datasize, expoffset and expbits, or "-" when the compiler gave none.
+std::string data_format(const morvane_view_port& port);
+
 /// The name of a DVI's port at a position of its inputs and outputs together.
 record_name port_name_at(const morvane_view_dvi& dvi, std::uint32_t position);
 

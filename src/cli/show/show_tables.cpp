@@ -41,14 +41,6 @@ std::string dvi_lines(const opened_package& package, const morvane_view_dvi& dvi
   return text;
 }
 
-/// "0,8,-5,0", or "-" when the compiler gave no data format.
-std::string data_format(const morvane_view_port& port) {
-  const bool is_given =
-      port.sign != 0xFF || port.datasize != 0xFF || port.expoffset != -1 || port.expbits != 0xFF;
-  return is_given ? joined(port.sign, ",", port.datasize, ",", port.expoffset, ",", port.expbits)
-                  : "-";
-}
-
 std::string port_table(const morvane_view& view, const morvane_view_dvi& dvi) {
   text_table table{.is_number = {false, false, true, true, true, true, true, false, true, true}};
   add_row(table, "port", "name", "P", "D", "H", "W", "format", "data", "size", "offset");

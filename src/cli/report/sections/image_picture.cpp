@@ -32,8 +32,7 @@ std::string_view kind_of_bar(const page_content& content, const planned_image& i
 }
 
 bool is_dagbin_inside(const morvane_view_dvi& dvi) {
-  const used_range image = image_range(dvi);
-  return dvi.dvi_dag_vaddr >= image.begin && dvi.dvi_dag_vaddr < image.end;
+  return is_inside(dvi.dvi_dag_vaddr, image_range(dvi));
 }
 
 image_plan plan_of(const morvane_view& view) {

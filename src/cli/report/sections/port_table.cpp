@@ -71,8 +71,7 @@ void write_name(port_table_rows& rows, const morvane_view_port& port, const reco
 
 /// Number, data format and flags.
 void write_format(const morvane_view_port& port, page_output& out) {
-  write(out, "<td>", port.dram_format, " <small>", port.sign, ",", port.datasize, ",",
-        port.expoffset, ",", port.expbits);
+  write(out, "<td>", port.dram_format, " <small>", data_format(port));
   for (const port_flag& flag : port_flags) {
     if ((port.flags & flag.bit) != 0) {
       write(out, " ", flag.name);
