@@ -9,7 +9,7 @@ namespace morvane::cli {
 
 namespace {
 
-void write_verdict(finding_writer& output, std::string_view path, const package_summary& summary,
+void write_summary(finding_writer& output, std::string_view path, const package_summary& summary,
                    bool is_sound) {
   if (json_writer* json = json_of(output)) {
     write_member(*json, "sound", is_sound);
@@ -38,7 +38,7 @@ int check_loaded(const std::string& path, const package_bytes& package,
   hide_progress(progress);
   end_findings(output);
   const int status = status_of(output.counts, options.warnings_are_errors);
-  write_verdict(output, path, summary, status == status_fine);
+  write_summary(output, path, summary, status == status_fine);
   return status;
 }
 
