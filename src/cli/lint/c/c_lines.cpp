@@ -1,16 +1,11 @@
 #include "cli/lint/c/c_lines.h"
 
-#include <string>
-#include <utility>
-
 #include "cli/lint/c/c_conditions.h"
 #include "cli/lint/c/c_text.h"
 
 namespace morvane::cli {
 
 namespace {
-
-using namespace std::literals;
 
 /// Editors put it at the start of a file, and compilers skip it.
 constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
@@ -93,18 +88,14 @@ void read_macro(c_reader& reader, std::string_view text, c_line& result) {
 /// A directive, from behind its "#".
 void read_directive(c_reader& reader, std::string_view text, std::size_t place, c_line& result) {
   skip_to_text(text);
-  for (const auto& [word, kind] :
-       {std::pair("define"sv, directive::define), {"undef"sv, directive::undef}}) {
-    if (text.starts_with(word) &&
-        (text.size() == word.size() || !is_name_character(text[word.size()]))) {
-      result.kind = kind;
-      read_macro(reader, text.substr(word.size()), result);
-      return;
-    }
+  const std::string_view word = leading_name(text);
+  text.remove_prefix(word.size());
+  if (word == "define" || word == "undef") {
+    result.kind = word == "define" ? directive::define : directive::undef;
+    read_macro(reader, text, result);
+  } else {
+    follow_condition(reader, word, take_text(reader, text), place);
   }
-  const std::string_view directive = leading_name(text);
-  text.remove_prefix(directive.size());
-  follow_condition(reader, directive, take_text(reader, text), place);
 }
 
 }  // namespace
