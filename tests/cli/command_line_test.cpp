@@ -165,9 +165,9 @@ TEST(CommandLine, EndsWithStatus2WhenStandardOutputTakesNothing) {
     expect_outcome(run_bash(std::string("morvane ") + command + " >&-", folder.path()), 2, "",
                    "morvane: standard output: Bad file descriptor\n");
     expect_outcome(run_bash(std::string("( sleep 0.3; morvane ") + command +
-                                 "; echo $? >status ) | true; while [ ! -s status ]; do sleep 0.1; "
-                                 "done; cat status",
-                             folder.path()),
+                                "; echo $? >status ) | true; while [ ! -s status ]; do sleep 0.1; "
+                                "done; cat status",
+                            folder.path()),
                    0, "2\n", "morvane: standard output: Broken pipe\n");
     std::filesystem::remove(folder.path("status"));
   }
@@ -179,8 +179,8 @@ TEST(CommandLine, EndsWithStatus2WhenThereIsNotEnoughMemory) {
   }
   const scratch_folder folder;
   expect_outcome(run_bash("ulimit -v 100000; head -c 200000000 /dev/zero | "
-                           "morvane check /dev/stdin",
-                           folder.path()),
+                          "morvane check /dev/stdin",
+                          folder.path()),
                  2, "", "morvane: not enough memory\n");
 }
 
@@ -197,8 +197,8 @@ TEST(CommandLine, ColoursSeveritiesOnATerminalOnly) {
   folder.write("net.bin", "");
   const auto on_a_terminal = [&](const std::string& settings) {
     return run_bash("export -f morvane; " + settings +
-                         " script -qec 'morvane check net.bin' /dev/null | tr -d '\\r'",
-                     folder.path());
+                        " script -qec 'morvane check net.bin' /dev/null | tr -d '\\r'",
+                    folder.path());
   };
   const std::string plain =
       "net.bin:0x0: error: the header is cut: 12 bytes are needed, and 0 are left [header-cut]\n";

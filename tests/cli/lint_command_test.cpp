@@ -102,6 +102,14 @@ TEST_F(LintCommand, RefusesCodesThatDoNotExist) {
             "morvane: --ignore: there is no code no-such-code; try morvane lint --help\n");
 }
 
+TEST_F(LintCommand, DoesNotIgnoreAFileThatCannotBeRead) {
+  std::filesystem::remove(folder.path("in/net.h"));
+  folder.make_folder("in/net.h");
+  expect_outcome(lint({"--ignore", "unreadable-file", "--quiet"}), 2,
+                 "in/net.h:1:1: error: the file cannot be read: Is a directory, so the DAG gets no "
+                 "name and no image [unreadable-file]\n");
+}
+
 TEST_F(LintCommand, CountsNotesWhenTheyAreShown) {
   folder.write("in/net.h", std::string(clean_header) + "#define net_dagbin_size 3\n");
   expect_outcome(lint({"--notes", "--ignore=default-used"}), 0,

@@ -39,6 +39,15 @@ int end_failed_lint(finding_writer& output, const std::string& folder, int error
   return report_file_error(folder, error);
 }
 
+/// What the user does not want to see. A file that cannot be read is told in any case: nobody knows
+/// what was not found in it.
+bool is_left_out(const finding& found, const lint_options& options) {
+  const bool is_hidden = level_of(found) == severity::note && !options.scope.notes;
+  const bool is_ignored =
+      std::ranges::find(options.ignored, found.kind->code) != options.ignored.end();
+  return is_hidden || (is_ignored && found.kind != kind_of("unreadable-file"));
+}
+
 }  // namespace
 
 int run_lint(const lint_options& options, console& streams) {
@@ -53,9 +62,7 @@ int run_lint(const lint_options& options, console& streams) {
   progress_line& progress = streams.progress;
   progress = begin_progress(folder, 0, streams.quiet, progress_unit::dvis);
   const auto take = [&](const finding& found) {
-    const bool is_hidden = level_of(found) == severity::note && !options.scope.notes;
-    if (!is_hidden &&
-        std::ranges::find(options.ignored, found.kind->code) == options.ignored.end()) {
+    if (!is_left_out(found, options)) {
       write_finding(output, found);
     }
   };
