@@ -26,7 +26,7 @@ class SafeExtract : public testing::TestWithParam<nameless_files> {
       GTEST_SKIP() << "a preloaded library would reach the run prefix";
     }
     if (!can_have(GetParam(), folder.path())) {
-      GTEST_SKIP() << "the file system is of the other kind";
+      GTEST_SKIP() << "the file system, or a run prefix, has files of the other kind only";
     }
     folder.write("net.bin", header(2) + bytes(dvi("first", 4)) + bytes(dvi("second", large)) +
                                 images["first.dvi"] + images["second.dvi"]);

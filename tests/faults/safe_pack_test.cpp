@@ -27,7 +27,7 @@ class SafePack : public testing::TestWithParam<nameless_files> {
       GTEST_SKIP() << "morvane is not built";
     }
     if (!can_have(GetParam(), folder.path())) {
-      GTEST_SKIP() << "the file system is of the other kind";
+      GTEST_SKIP() << "the file system, or a run prefix, has files of the other kind only";
     }
     copy_sample(folder);
     ASSERT_EQ(run_tool({"-d", "in", "-f", "expected", "-c"}, folder.path()).status, 0);

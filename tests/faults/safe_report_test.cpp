@@ -22,7 +22,7 @@ class SafeReport : public testing::TestWithParam<nameless_files> {
       GTEST_SKIP() << "a preloaded library would reach the run prefix";
     }
     if (!can_have(GetParam(), folder.path())) {
-      GTEST_SKIP() << "the file system is of the other kind";
+      GTEST_SKIP() << "the file system, or a run prefix, has files of the other kind only";
     }
     folder.write("net.bin", header(1) + bytes(dvi("net", 4)) + "AAAA");
     folder.write("out/net.html", "older");
