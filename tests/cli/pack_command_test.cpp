@@ -287,7 +287,7 @@ TEST_F(Pack, RefusesToReplaceWhatIsNoFile) {
   EXPECT_EQ(run.status, 2);
   EXPECT_EQ(run.diagnostics, "morvane: net.bin: Is a directory\n");
   EXPECT_EQ(run_morvane({"pack", "in", "-o", "/dev/full"}, folder.path()).diagnostics,
-            "morvane: /dev/full: Invalid argument\n");
+            "morvane: /dev/full: it is no regular file\n");
 }
 
 TEST_F(Pack, RefusesAFolderThatDoesNotExistForThePackage) {
@@ -302,7 +302,9 @@ TEST_F(Pack, TellsThatStandardOutputIsFullAfterThePackageIsThere) {
   words.insert(words.end(), command.begin(), command.end());
   const run_result run = run_program(words, folder.path());
   EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.diagnostics, "morvane: standard output: No space left on device\n");
+  EXPECT_EQ(run.diagnostics,
+            "morvane: net.bin: is in place, but cannot be told of: standard output: No space left "
+            "on device\n");
   EXPECT_TRUE(folder.read("net.bin") == expected());
 }
 

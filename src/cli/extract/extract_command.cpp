@@ -1,5 +1,6 @@
 #include "cli/extract/extract_command.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -49,20 +50,33 @@ int write_file(const opened_package& package, const morvane_view_dvi& dvi,
   return error == 0 ? file.put_in_place(name, options.force) : error;
 }
 
+/// An image must not replace the package that it comes from.
+int check_target(const opened_package& package, const file_handle& folder, const std::string& name,
+                 const std::string& path) {
+  struct stat status {};
+  if (::fstatat(folder.descriptor(), name.c_str(), &status, 0) != 0) {
+    const bool is_free = errno == ENOENT || errno == ELOOP;
+    return is_free ? status_fine : report_file_error(path, errno);
+  }
+  if (identity_in(status) != package.bytes.identity()) {
+    return status_fine;
+  }
+  print_message(
+      joined(printable(path), ": the image must not replace the package that it comes from"));
+  return status_failed;
+}
+
 int extract_to_folder(const opened_package& package, const std::vector<morvane_view_dvi>& selected,
                       const extract_options& options, console& streams) {
   const file_handle folder = open_folder(options.folder);
   if (!folder.is_open()) {
     return report_file_error(options.folder, errno);
   }
-  const auto package_file = identity_at(package.path);
   int status = status_fine;
   for (const morvane_view_dvi& dvi : selected) {
     const std::string name = image_name(str(dvi.dag_name));
     const std::string path = options.folder == "." ? name : join_path(options.folder, name);
-    if (options.force && package_file && identity_at(path) == package_file) {
-      print_message(
-          joined(printable(path), ": the image must not replace the package that it comes from"));
+    if (options.force && check_target(package, folder, name, path) != status_fine) {
       status = status_failed;
       continue;
     }

@@ -12,15 +12,17 @@ namespace morvane::cli {
 
 namespace {
 
-/// The file that a path means after its symbolic links. The last link may lead to a missing file.
-std::filesystem::path target_of(const std::string& path) {
+/// Follows symbolic links to the file that a path means. The last link may lead to a missing file.
+/// Returns 0 or an errno.
+int follow_links(std::filesystem::path& target) {
+  namespace fs = std::filesystem;
   constexpr int max_links = 40;  // what the system follows
-  std::filesystem::path target(path);
   std::error_code error;
-  for (int i = 0; i < max_links && std::filesystem::is_symlink(target, error); ++i) {
-    target = target.parent_path() / std::filesystem::read_symlink(target, error);
+  for (int i = 0;
+       i < max_links && fs::symlink_status(target, error).type() == fs::file_type::symlink; ++i) {
+    target = target.parent_path() / fs::read_symlink(target, error);
   }
-  return target;
+  return error && error != std::errc::no_such_file_or_directory ? error.value() : 0;
 }
 
 /// Looks at a regular file; nothing for a missing one. Returns 0 or an errno.
@@ -43,21 +45,38 @@ void keep_owner(int file, const struct stat& older) {
                     ::fchown(file, same_owner, older.st_gid) == 0);
 }
 
+/// The permissions of the older file. Whatever that was trusted to do, nobody trusted the new
+/// content, so bits that lend rights are not kept. Another group gets no more than everybody has.
+mode_t kept_permissions(const struct stat& older, gid_t group) {
+  constexpr mode_t all = 0777;
+  constexpr mode_t of_group = 070;
+  const mode_t of_others = older.st_mode & 07U;
+  const mode_t lost = group == older.st_gid ? 0 : of_group & ~(of_others << 3U);
+  return older.st_mode & all & ~lost;
+}
+
 }  // namespace
 
 int atomic_replacement::find(const std::string& path) {
-  const std::filesystem::path target = target_of(path);
+  std::filesystem::path target(path);
+  if (const int error = follow_links(target); error != 0) {
+    return error;
+  }
   if (const int error = look_at(target, older_); error != 0) {
     return error;
   }
   name_ = target.filename().string();
   folder_ = open_folder(target.has_parent_path() ? target.parent_path().string() : ".");
-  return folder_.is_open() ? 0 : errno;
+  const std::optional<struct stat> status = status_of(folder_);
+  if (!status) {
+    return errno;
+  }
+  folder_identity_ = identity_in(*status);
+  return 0;
 }
 
-std::optional<file_identity> atomic_replacement::folder() const {
-  const auto status = status_of(folder_);
-  return status ? std::optional(identity_in(*status)) : std::nullopt;
+std::optional<file_identity> atomic_replacement::replaced() const {
+  return older_ ? std::optional(identity_in(*older_)) : std::nullopt;
 }
 
 int atomic_replacement::prepare_sync() {
@@ -77,14 +96,11 @@ int atomic_replacement::create() {
 }
 
 int atomic_replacement::complete(bool sync) {
-  // Whatever the older file was trusted to do, nobody trusted this content. On a file the sticky
-  // bit means nothing.
-  constexpr mode_t kept_permissions = 0777;
   const int file = descriptor();
   if (older_) {
     keep_owner(file, *older_);
-    struct stat status {};
-    if (::fchmod(file, older_->st_mode & kept_permissions) != 0 || ::fstat(file, &status) != 0) {
+    const std::optional<struct stat> status = status_of(file_->handle());
+    if (!status || ::fchmod(file, kept_permissions(*older_, status->st_gid)) != 0) {
       return errno;
     }
     newer_ = status;
@@ -107,6 +123,14 @@ int atomic_replacement::put_in_place() {
 
 int atomic_replacement::sync_folder() const {
   return sync_file(synchronised_.descriptor());
+}
+
+int report_place_error(std::string_view path, int error) {
+  if (error != EINVAL) {
+    return report_file_error(path, error);
+  }
+  print_message(joined(printable(path), ": ", no_regular_file));
+  return status_failed;
 }
 
 int report_creation_error(std::string_view path, int error) {

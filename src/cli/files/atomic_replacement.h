@@ -20,8 +20,11 @@ class atomic_replacement {
   int find(const std::string& path);
 
   /// Where the file will be: its folder, and its name in it.
-  [[nodiscard]] std::optional<file_identity> folder() const;
+  [[nodiscard]] const file_identity& folder() const { return folder_identity_; }
   [[nodiscard]] const std::string& name() const { return name_; }
+
+  /// The file that will be replaced; nothing if there is none.
+  [[nodiscard]] std::optional<file_identity> replaced() const;
 
   /// Opens the folder, so that sync_folder cannot fail for want of a permission.
   int prepare_sync();
@@ -47,12 +50,16 @@ class atomic_replacement {
 
  private:
   file_handle folder_{};
+  file_identity folder_identity_{};
   file_handle synchronised_{};  // the same folder, open to read
   std::string name_{};
   std::optional<struct stat> older_{};
   std::optional<struct stat> newer_{};  // once the file is complete
   std::optional<temporary_file> file_{};
 };
+
+/// Prints why a path cannot be that of a new file: what find returned. Returns status_failed.
+int report_place_error(std::string_view path, int error);
 
 /// Prints that no file can be created beside the one at a path. Returns status_failed.
 int report_creation_error(std::string_view path, int error);

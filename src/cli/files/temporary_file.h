@@ -44,6 +44,7 @@ class temporary_file {
   /// Creates the file, empty, to read and to write. Returns 0 or an errno; so below.
   int create();
 
+  [[nodiscard]] const file_handle& handle() const { return file_; }
   [[nodiscard]] int descriptor() const { return file_.descriptor(); }
 
   /// Gives the file its name, without a slash. Whatever had the name is replaced, a link itself and

@@ -40,8 +40,9 @@ readable_file open_input(const std::string& path, file_state& state) {
 }
 
 std::string unreadable_text(std::string_view what, int error) {
+  const bool is_no_file = error == EINVAL || error == ENXIO;  // ENXIO: a socket cannot be opened
   return joined("the ", what,
-                " cannot be read: ", error == EINVAL ? "it is no regular file" : reason_of(error));
+                " cannot be read: ", is_no_file ? std::string(no_regular_file) : reason_of(error));
 }
 
 std::vector<std::string> input_paths(const pack_inputs& inputs) {

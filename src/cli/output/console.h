@@ -48,6 +48,9 @@ int write_checked(int descriptor, std::string_view text);
 /// The system's reason for an errno: "No such file or directory".
 std::string reason_of(int error);
 
+/// The reason for what is neither a file nor a folder.
+inline constexpr std::string_view no_regular_file = "it is no regular file";
+
 /// Puts a text among the results. Throws std::system_error when standard output does not take them,
 /// and so ends the command; so below.
 void print_result(console& streams, std::string_view text);

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <optional>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "cli/check/verdict.h"
@@ -201,10 +202,16 @@ int put_in_place(packing& run) {
     return report_file_error(joined(path, ": is in place, but may not survive a power failure"),
                              error);
   }
-  if (!run.streams.quiet) {
-    print_result(run.streams, verdict_line(path, "packed", run.summary));
+  try {
+    if (!run.streams.quiet) {
+      print_result(run.streams, verdict_line(path, "packed", run.summary));
+    }
+    flush_results(run.streams);
+  } catch (const std::system_error& failure) {
+    print_message(
+        joined(printable(path), ": is in place, but cannot be told of: ", failure.what()));
+    return status_failed;
   }
-  flush_results(run.streams);
   return status_fine;
 }
 

@@ -1,6 +1,7 @@
 #include "cli/pack/pack_outputs.h"
 
 #include <algorithm>
+#include <cerrno>
 
 #include "cli/output/printable_text.h"
 #include "discovery/file_names.h"
@@ -10,11 +11,11 @@ namespace morvane::cli {
 
 namespace {
 
-/// Whether a path leads to one of the inputs, under whatever name.
-bool is_packed_file(const parsed_folder& parsed, const std::string& path) {
-  const auto existing = identity_at(path);
+/// Whether an output would replace one of the inputs, under whatever name.
+bool is_packed_file(const parsed_folder& parsed, const atomic_replacement& output) {
+  const auto replaced = output.replaced();
   const file_states& inputs = parsed.before;
-  return existing && std::ranges::find(inputs, *existing, &file_state::identity) != inputs.end();
+  return replaced && std::ranges::find(inputs, *replaced, &file_state::identity) != inputs.end();
 }
 
 /// Whether a header of this name would be read for one of the DVIs. One with the mark counts even
@@ -29,20 +30,25 @@ bool is_header_name(const input_list& dvis, const std::string& name) {
 }
 
 /// Whether the next run would take the file for one of its inputs.
-bool becomes_input(const pack_inputs& inputs, const atomic_replacement& output) {
-  return output.folder() == identity_at(inputs.folder) &&
+bool becomes_input(const pack_inputs& inputs, const file_identity& folder,
+                   const atomic_replacement& output) {
+  return output.folder() == folder &&
          (lower_case_type(output.name()) == dvi_type || is_header_name(inputs.dvis, output.name()));
 }
 
 int find_output(const std::string& path, const parsed_folder& parsed, atomic_replacement& output) {
-  if (is_packed_file(parsed, path)) {
+  if (const int error = output.find(path); error != 0) {
+    return report_place_error(path, error);
+  }
+  if (is_packed_file(parsed, output)) {
     print_message(joined(printable(path), ": is one of the files to pack"));
     return status_failed;
   }
-  if (const int error = output.find(path); error != 0) {
-    return report_file_error(path, error);
+  const std::optional<struct stat> folder = status_of(open_folder(parsed.inputs.folder));
+  if (!folder) {
+    return report_file_error(parsed.inputs.folder, errno);
   }
-  if (becomes_input(parsed.inputs, output)) {
+  if (becomes_input(parsed.inputs, identity_in(*folder), output)) {
     print_message(joined(printable(path),
                          ": with this name in this folder, the next run would pack the file itself "
                          "or read it as a header"));
@@ -52,10 +58,9 @@ int find_output(const std::string& path, const parsed_folder& parsed, atomic_rep
 }
 
 /// Whether two paths lead to the same file, which may not exist yet.
-bool is_same_file(const std::string& package, const std::string& depfile,
-                  const pack_outputs& outputs) {
-  const auto existing = identity_at(package);
-  return (existing && existing == identity_at(depfile)) ||
+bool is_same_file(const pack_outputs& outputs) {
+  const auto replaced = outputs.package.replaced();
+  return (replaced && replaced == outputs.depfile.replaced()) ||
          (outputs.package.name() == outputs.depfile.name() &&
           outputs.package.folder() == outputs.depfile.folder());
 }
@@ -71,7 +76,7 @@ int find_outputs(const std::string& package, const std::string& depfile,
   if (const int other = find_output(depfile, parsed, outputs.depfile); other != status_fine) {
     return other;
   }
-  if (is_same_file(package, depfile, outputs)) {
+  if (is_same_file(outputs)) {
     print_message(joined(printable(depfile), ": the dependency file cannot be the package"));
     return status_failed;
   }

@@ -53,6 +53,7 @@ void package_bytes::swap(package_bytes& other) noexcept {
   std::swap(data_, other.data_);
   std::swap(size_, other.size_);
   std::swap(is_mapped_, other.is_mapped_);
+  std::swap(identity_, other.identity_);
   std::swap(file_, other.file_);
   std::swap(read_, other.read_);
 }
@@ -109,6 +110,7 @@ int package_bytes::load(file_handle file) {
   // What cannot be mapped is read, and a pipe has no beginning to go to.
   ::lseek(file.descriptor(), 0, SEEK_SET);
   package_bytes loaded;
+  loaded.identity_ = identity_in(status);
   const auto size = static_cast<std::size_t>(status.st_size);
   void* const mapped = S_ISREG(status.st_mode) && size > 0
                            ? ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file.descriptor(), 0)

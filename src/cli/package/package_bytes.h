@@ -27,6 +27,9 @@ class package_bytes {
 
   [[nodiscard]] std::span<const std::uint8_t> bytes() const { return {data_, size_}; }
 
+  /// The file that was read.
+  [[nodiscard]] const file_identity& identity() const { return identity_; }
+
   /// Gives back the memory of so many bytes from an offset on, except the page in which they end.
   /// They can still be read, at the cost of reading them from the file again. Bytes that do not
   /// exist are ignored: another program may have changed the counts in the file.
@@ -60,6 +63,7 @@ class package_bytes {
   const std::uint8_t* data_ = nullptr;
   std::size_t size_ = 0;
   bool is_mapped_ = false;
+  file_identity identity_{};
   file_handle file_{};              // that is mapped
   std::vector<std::uint8_t> read_;  // of what cannot be mapped
 };

@@ -37,10 +37,11 @@ bool is_to_file(const report_options& options) {
   return !options.output.empty() && options.output != standard_output_path;
 }
 
-/// Whether a path leads to one of the packages, under whatever name.
-bool is_input(const std::string& path, const report_options& options) {
-  const std::optional<file_identity> file = identity_at(path);
-  return file && (file == identity_at(options.package) || file == identity_at(options.old_package));
+/// Whether a page would replace one of the packages, under whatever name.
+bool is_input(const atomic_replacement& page, const report_inputs& inputs) {
+  const std::optional<file_identity> replaced = page.replaced();
+  return replaced && (replaced == inputs.package.bytes.identity() ||
+                      (inputs.old_package && replaced == inputs.old_package->bytes.identity()));
 }
 
 /// Where a page goes.
@@ -52,18 +53,20 @@ struct report_target {
 };
 
 /// Finds the place of the page, and makes nothing there yet.
-int find_target(report_target& target) {
+int find_target(const report_inputs& inputs, report_target& target) {
   const std::string& path = target.options.output;
   if (!is_to_file(target.options)) {
     return status_fine;
   }
-  if (is_input(path, target.options)) {
+  if (const int error = target.file.find(path); error != 0) {
+    return report_place_error(path, error);
+  }
+  if (is_input(target.file, inputs)) {
     print_message(
         joined(printable(path), ": the page must not replace a package that it is made from"));
     return status_failed;
   }
-  const int error = target.file.find(path);
-  return error == 0 ? status_fine : report_file_error(path, error);
+  return status_fine;
 }
 
 /// Writes all that a function adds to a page. A file takes the place of an older one when it is
@@ -95,7 +98,7 @@ int run_report(const report_options& options, console& streams) try {
     return status;
   }
   report_target target{options, streams};
-  if (const int status = find_target(target); status != status_fine) {
+  if (const int status = find_target(inputs, target); status != status_fine) {
     return status;
   }
   const opened_package& package = inputs.package;
