@@ -216,7 +216,7 @@ std::string mistake_in(const CLI::App& program, const CLI::App* command, const C
     return "a command is missing";
   }
   for (const CLI::Option* const option : command->get_options()) {
-    const std::string mistake = mistake_in(*option);
+    std::string mistake = mistake_in(*option);
     if (!mistake.empty()) {
       return mistake;
     }

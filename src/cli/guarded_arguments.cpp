@@ -28,7 +28,9 @@ struct reading {
   bool has_options = true;  // no "--" was met
   guarded_arguments result{};
 
-  const CLI::App& app() const { return result.command == nullptr ? program : *result.command; }
+  [[nodiscard]] const CLI::App& app() const {
+    return result.command == nullptr ? program : *result.command;
+  }
 };
 
 void take_next_value(reading& run, const std::string& name) {

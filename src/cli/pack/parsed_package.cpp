@@ -13,7 +13,7 @@ struct writing {
   package_writer& package;
   std::string lost{};  // the path of an image
 
-  bool visit(std::span<const std::byte> bytes) const {
+  [[nodiscard]] bool visit(std::span<const std::byte> bytes) const {
     append_bytes(package, bytes);
     return true;
   }

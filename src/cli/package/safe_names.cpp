@@ -6,8 +6,8 @@
 
 namespace morvane::cli {
 
-bool holds_control_character(std::string_view text) {
-  return std::ranges::any_of(text, is_control);
+bool holds_control_character(std::string_view name) {
+  return std::ranges::any_of(name, is_control);
 }
 
 std::string_view unsafe_part(std::string_view name) {

@@ -36,7 +36,7 @@ void write(page_output& out, const Pieces&... pieces) {
 /// A list that has room for so many bytes of entries.
 struct bounded_list {
   page_output& out;
-  std::size_t room;
+  std::size_t room = 0;
   std::uint64_t shown = 0;  // entries
 };
 

@@ -75,7 +75,8 @@ std::vector<file_part> joined_parts(const opened_package& package, std::size_t m
   const morvane_view& view = package.view;
   part_list list{package.bytes.bytes().size()};
   add_head(view, list);
-  const auto together = static_cast<std::uint32_t>((view.sound_dvis + most - 1) / most);
+  const auto together =
+      std::max(1U, static_cast<std::uint32_t>((view.sound_dvis + most - 1) / most));
   std::uint64_t begin = 0;
   std::uint64_t vproc_end = 0;
   for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
