@@ -48,7 +48,6 @@ TEST(PackVerification, FindsAPackageLikeItsInputs) {
   EXPECT_TRUE(dags.compare().are_same);
 }
 
-// Two threads compare many DVIs.
 TEST(PackVerification, FindsEveryImageThatDiffers) {
   for (const char* image : {"0", "1", "7", "18", "19"}) {
     const packed_dags dags;
