@@ -146,5 +146,17 @@ TEST_F(PackPermissions, StayWithTheGroupWhereTheOwnerCannotBeKept) {
   EXPECT_EQ(pack(options(), true).diagnostics, "");
 }
 
+TEST_F(PackPermissions, OfAGroupThatIsLostGoToNoOther) {
+  if (!is_privileged()) {
+    GTEST_SKIP() << "needs a package of another group";
+  }
+  ASSERT_EQ(::chown(package().c_str(), 0, 0), 0);
+  ASSERT_EQ(::chmod(package().c_str(), 0664), 0);
+  EXPECT_EQ(pack(options()).diagnostics,
+            "morvane: " + package() + ": does not keep the owner and group of the older file\n");
+  EXPECT_NE(status().st_gid, 0U);
+  EXPECT_EQ(status().st_mode & 07777U, 0644U);
+}
+
 }  // namespace
 }  // namespace morvane::test

@@ -18,7 +18,7 @@ struct pack_options {
 
 /// Lints the folder. Without errors, packs it into a new file, checks that, and only then gives it
 /// the package's path. Returns the exit status. Unless that is status_fine, the package is as it
-/// was before; or a message says that the new one is in place, but not safely on the disk.
+/// was before; or a message says that the new one is in place.
 int run_pack(const pack_options& options, console& streams);
 
 }  // namespace morvane::cli
