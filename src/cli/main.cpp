@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "cli/command_line.h"
-#include "cli/files/bus_errors.h"
+#include "cli/files/mapped_file.h"
 #include "cli/output/console.h"
 
 namespace {
@@ -28,6 +28,6 @@ int run(const std::vector<std::string>& arguments) {
 
 int main(int argc, char** argv) {
   morvane::cli::open_standard_streams();
-  morvane::cli::end_at_bus_errors();
+  morvane::cli::end_at_lost_bytes();
   return run({argv + (argc > 0 ? 1 : 0), argv + argc});
 }

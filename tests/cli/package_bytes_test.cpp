@@ -1,14 +1,18 @@
 // How the bytes of a package come into memory.
 #include "cli/package/package_bytes.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <filesystem>
 #include <thread>
 
-#include "cli/files/bus_errors.h"
+#include "cli/files/mapped_file.h"
 #include "harness/scratch_folder.h"
 
 namespace morvane::test {
@@ -77,15 +81,46 @@ TEST(PackageBytesDeathTest, EndTheProgramWhenTheFileIsCut) {
   const scratch_folder folder;
   folder.write("net.bin", std::string(100000, 'x'));
   package_bytes package;
-  ASSERT_EQ(package.load(folder.path("net.bin")), 0);
+  ASSERT_EQ(package.load(open_at(AT_FDCWD, folder.path("net.bin"), O_RDONLY), "net.bin"), 0);
   std::filesystem::resize_file(folder.path("net.bin"), 0);
   EXPECT_EXIT(
       {
-        cli::end_at_bus_errors();
+        cli::end_at_lost_bytes();
         static_cast<void>(text_of(package));
       },
-      testing::ExitedWithCode(2),
-      "^morvane: a file cannot be read any more: it was cut, or its disk fails\n$");
+      testing::ExitedWithCode(2), "^morvane: net.bin: the file was cut while it was read\n$");
+}
+
+/// What the system does when it cannot read the page of an address from the disk.
+void fail_to_read(const void* address) {
+  siginfo_t cause{};
+  cause.si_code = BUS_ADRERR;
+  cause.si_addr = const_cast<void*>(address);
+  ::syscall(SYS_rt_tgsigqueueinfo, ::getpid(), ::gettid(), SIGBUS, &cause);
+}
+
+TEST(PackageBytesDeathTest, EndTheProgramWhenTheDiskFails) {
+  const scratch_folder folder;
+  folder.write("net.bin", std::string(100000, 'x'));
+  package_bytes other;
+  package_bytes package;
+  ASSERT_EQ(package.load(open_at(AT_FDCWD, folder.path("net.bin"), O_RDONLY), "net.bin"), 0);
+  ASSERT_EQ(other.load(folder.path("net.bin")), 0);
+  EXPECT_EXIT(
+      {
+        cli::end_at_lost_bytes();
+        fail_to_read(package.bytes().data() + 99999);
+      },
+      testing::ExitedWithCode(2), "^morvane: net.bin: Input/output error\n$");
+}
+
+TEST(PackageBytesDeathTest, EndTheProgramAtASignalFromOutsideAsItWouldEndAnyProgram) {
+  EXPECT_EXIT(
+      {
+        cli::end_at_lost_bytes();
+        ::raise(SIGBUS);
+      },
+      testing::KilledBySignal(SIGBUS), "^$");
 }
 
 }  // namespace

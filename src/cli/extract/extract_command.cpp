@@ -23,10 +23,8 @@ namespace {
 /// EFAULT means that the package cannot be read: it is not as long as it was, or its disk fails.
 /// EEXIST means that a file is in the way.
 int report_write_error(const opened_package& package, std::string_view target, int error) {
-  if (error == EFAULT && package.bytes.are_cut()) {
-    print_message(joined(printable(package.path), ": the file was cut while it was read"));
-  } else if (error == EFAULT) {
-    report_file_error(package.path, EIO);
+  if (error == EFAULT && package.bytes.mapped() != nullptr) {
+    report_lost_bytes(*package.bytes.mapped());
   } else if (error == EEXIST) {
     print_message(joined(printable(target), ": the file exists; --force replaces it"));
   } else {

@@ -146,7 +146,8 @@ int write_package(packing& run) {
 int verify_package(packing& run) {
   package_bytes package;
   // Through the open file: it has no name, and may keep permissions that do not let it be opened.
-  const int error = package.load(file_handle(::dup(run.outputs.package.descriptor())));
+  const int error =
+      package.load(file_handle(::dup(run.outputs.package.descriptor())), run.options.package);
   if (error != 0) {
     return report_file_error(run.options.package, error);
   }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <optional>
 
 #include "io/file.h"
 
@@ -42,32 +43,16 @@ int read_to_end(const file_handle& file, std::vector<std::uint8_t>& bytes) {
 
 }  // namespace
 
-package_bytes::~package_bytes() {
-  if (is_mapped_) {
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): the system's interface
-    ::munmap(const_cast<std::uint8_t*>(data_), size_);
-  }
-}
-
-void package_bytes::swap(package_bytes& other) noexcept {
-  std::swap(data_, other.data_);
-  std::swap(size_, other.size_);
-  std::swap(is_mapped_, other.is_mapped_);
-  std::swap(identity_, other.identity_);
-  std::swap(file_, other.file_);
-  std::swap(read_, other.read_);
-}
-
 void package_bytes::release(std::size_t offset, std::uint64_t count) const {
   const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
-  const std::size_t begin = std::min(offset, size_);
+  const std::size_t begin = std::min(offset, bytes_.size());
   const std::size_t end =
-      begin + static_cast<std::size_t>(std::min<std::uint64_t>(count, size_ - begin));
+      begin + static_cast<std::size_t>(std::min<std::uint64_t>(count, bytes_.size() - begin));
   const std::size_t first = begin / page * page;
   const std::size_t last = end / page * page;
-  if (is_mapped_ && first < last) {
+  if (mapped_ && first < last) {
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): the system's interface
-    ::madvise(const_cast<std::uint8_t*>(data_ + first), last - first, MADV_DONTNEED);
+    ::madvise(const_cast<std::uint8_t*>(bytes_.data() + first), last - first, MADV_DONTNEED);
   }
 }
 
@@ -78,55 +63,46 @@ void package_bytes::fetch(std::span<const std::uint8_t> part) const {
     return;
   }
   const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
-  const auto begin = static_cast<std::size_t>(part.data() - data_) / page * page;
-  const auto end = static_cast<std::size_t>(part.data() - data_) + part.size();
-  if (is_mapped_ && begin < end) {
+  const auto begin = static_cast<std::size_t>(part.data() - bytes_.data()) / page * page;
+  const auto end = static_cast<std::size_t>(part.data() - bytes_.data()) + part.size();
+  if (mapped_ && begin < end) {
     // A kernel that does not know this reads page by page.
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): the system's interface
-    ::madvise(const_cast<std::uint8_t*>(data_ + begin), end - begin, MADV_POPULATE_READ);
+    ::madvise(const_cast<std::uint8_t*>(bytes_.data() + begin), end - begin, MADV_POPULATE_READ);
   }
 #endif
 }
 
 std::size_t package_bytes::copy(std::span<const std::uint8_t> part, int descriptor) const {
-  off_t offset = part.data() - data_;
-  return is_mapped_ ? copy_file_bytes(file_, &offset, descriptor, part.size()) : 0;
-}
-
-bool package_bytes::are_cut() const {
-  const auto status = status_of(file_);
-  return status && static_cast<std::size_t>(status->st_size) < size_;
+  off_t offset = part.data() - bytes_.data();
+  return mapped_ ? copy_file_bytes(mapped_->file(), &offset, descriptor, part.size()) : 0;
 }
 
 int package_bytes::load(const std::string& path) {
-  return load(open_and_wait(path));
+  return load(open_and_wait(path), path);
 }
 
-int package_bytes::load(file_handle file) {
-  struct stat status {};
-  if (!file.is_open() || ::fstat(file.descriptor(), &status) != 0) {
+int package_bytes::load(file_handle file, std::string_view path) {
+  const std::optional<struct stat> status = status_of(file);
+  if (!status) {
     return errno;
   }
   // What cannot be mapped is read, and a pipe has no beginning to go to.
   ::lseek(file.descriptor(), 0, SEEK_SET);
   package_bytes loaded;
-  loaded.identity_ = identity_in(status);
-  const auto size = static_cast<std::size_t>(status.st_size);
-  void* const mapped = S_ISREG(status.st_mode) && size > 0
-                           ? ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file.descriptor(), 0)
-                           : MAP_FAILED;
-  if (mapped != MAP_FAILED) {
-    loaded.data_ = static_cast<const std::uint8_t*>(mapped);
-    loaded.size_ = size;
-    loaded.is_mapped_ = true;
-    loaded.file_ = std::move(file);
-  } else if (const int error = read_to_end(file, loaded.read_); error != 0) {
+  loaded.identity_ = identity_in(*status);
+  const bool is_regular = S_ISREG(status->st_mode);
+  auto mapped = std::make_unique<mapped_file>(
+      std::move(file), is_regular ? static_cast<std::size_t>(status->st_size) : 0, path);
+  if (!mapped->bytes().empty()) {
+    loaded.bytes_ = mapped->bytes();
+    loaded.mapped_ = std::move(mapped);
+  } else if (const int error = read_to_end(mapped->file(), loaded.read_); error != 0) {
     return error;
   } else {
-    loaded.data_ = loaded.read_.data();
-    loaded.size_ = loaded.read_.size();
+    loaded.bytes_ = loaded.read_;
   }
-  swap(loaded);
+  *this = std::move(loaded);
   return 0;
 }
 

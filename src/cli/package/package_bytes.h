@@ -3,11 +3,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
-#include <utility>
+#include <string_view>
 #include <vector>
 
+#include "cli/files/mapped_file.h"
 #include "io/file.h"
 
 namespace morvane::cli {
@@ -15,17 +17,7 @@ namespace morvane::cli {
 /// Owns the bytes of a package for as long as it lives; views of the package end with it.
 class package_bytes {
  public:
-  package_bytes() = default;
-  package_bytes(package_bytes&& other) noexcept { swap(other); }
-  package_bytes& operator=(package_bytes&& other) noexcept {
-    swap(other);
-    return *this;
-  }
-  package_bytes(const package_bytes&) = delete;
-  package_bytes& operator=(const package_bytes&) = delete;
-  ~package_bytes();
-
-  [[nodiscard]] std::span<const std::uint8_t> bytes() const { return {data_, size_}; }
+  [[nodiscard]] std::span<const std::uint8_t> bytes() const { return bytes_; }
 
   /// The file that was read.
   [[nodiscard]] const file_identity& identity() const { return identity_; }
@@ -35,7 +27,7 @@ class package_bytes {
   /// exist are ignored: another program may have changed the counts in the file.
   void release(std::size_t offset, std::uint64_t count) const;
   void release(std::span<const std::uint8_t> part) const {
-    release(static_cast<std::size_t>(part.data() - data_), part.size());
+    release(static_cast<std::size_t>(part.data() - bytes_.data()), part.size());
   }
 
   /// Asks the system for a large part of the bytes at once, instead of page by page where they are
@@ -47,25 +39,24 @@ class package_bytes {
   [[nodiscard]] std::size_t copy(std::span<const std::uint8_t> part, int descriptor) const;
 
   /// Whether somebody made the file shorter since it was read.
-  [[nodiscard]] bool are_cut() const;
+  [[nodiscard]] bool are_cut() const { return mapped_ && mapped_->is_cut(); }
+
+  /// The file that the bytes are mapped from; null for bytes that were read.
+  [[nodiscard]] const mapped_file* mapped() const { return mapped_.get(); }
 
   /// Reads a file, or anything else that ends, such as a pipe. Returns 0 or the errno of the
   /// failure; the bytes are then as they were.
   int load(const std::string& path);
 
   /// Reads an open file in the same way, a regular one from its beginning. A handle that is closed
-  /// failed to open just now.
-  int load(file_handle file);
+  /// failed to open just now. The path is for messages.
+  int load(file_handle file, std::string_view path);
 
  private:
-  void swap(package_bytes& other) noexcept;
-
-  const std::uint8_t* data_ = nullptr;
-  std::size_t size_ = 0;
-  bool is_mapped_ = false;
+  std::span<const std::uint8_t> bytes_{};
   file_identity identity_{};
-  file_handle file_{};              // that is mapped
-  std::vector<std::uint8_t> read_;  // of what cannot be mapped
+  std::unique_ptr<mapped_file> mapped_{};
+  std::vector<std::uint8_t> read_{};  // of what cannot be mapped
 };
 
 }  // namespace morvane::cli
