@@ -347,6 +347,10 @@ int fsync(int file) {
   return is_chosen(sync_kind) ? -1 : NEXT(fsync)(file);
 }
 
+int sync_file_range(int file, off64_t offset, off64_t count, unsigned flags) {
+  return is_chosen(sync_kind) ? -1 : NEXT(sync_file_range)(file, offset, count, flags);
+}
+
 /* The names that a hardened build calls instead. */
 ssize_t __read_chk(int file, void* bytes, size_t count, size_t room);
 ssize_t __read_chk(int file, void* bytes, size_t count, size_t room) {

@@ -75,5 +75,27 @@ TEST_F(LargeImage, IsExtractedByMorvane) {
   expect_same_bytes(morvane_words({"extract", "net.bin"}), 0, "net.dvi", image);
 }
 
+TEST_F(LargeImage, IsSynchronisedInPartsThatASignalCanEnd) {
+  if (!std::filesystem::exists(morvane_path())) {
+    GTEST_SKIP() << "morvane is not built";
+  }
+  constexpr std::size_t size = std::size_t{40} << 20U;
+  std::filesystem::resize_file(folder.path("in/net.dvi"), size);
+  folder.write("in/net.h",
+               "#define net_DAG_NAME net\n#define net_image_size " + std::to_string(size) + "\n");
+  folder.write("out.bin", "older");
+  const auto command = morvane_words({"pack", "in", "-o", "out.bin"});
+  for (const std::string& effect : {error_effect(EIO), std::string("signal=15")}) {
+    for (const unsigned number : {1U, 2U, 3U}) {
+      const run_result run =
+          run_with({.kind = "sync", .number = number, .effect = effect}, command, folder.path());
+      EXPECT_EQ(run.status, effect == "signal=15" ? 128 + 15 : 2);
+      EXPECT_TRUE(folder.read("out.bin") == "older");
+    }
+  }
+  // Two parts of 16 MiB, the rest, and the folder.
+  EXPECT_EQ(calls_of(command, folder.path())["sync"], 4U);
+}
+
 }  // namespace
 }  // namespace morvane::test

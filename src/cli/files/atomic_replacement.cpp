@@ -165,4 +165,13 @@ int sync_file(int descriptor) {
   return 0;
 }
 
+int sync_part(int descriptor, std::uint64_t offset, std::uint64_t count) {
+  constexpr unsigned all =
+      SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER;
+  // An error that is told here is not told again by fsync.
+  const bool has_failed = ::sync_file_range(descriptor, static_cast<off64_t>(offset),
+                                            static_cast<off64_t>(count), all) != 0;
+  return has_failed && (errno == EIO || errno == ENOSPC) ? errno : 0;
+}
+
 }  // namespace morvane::cli

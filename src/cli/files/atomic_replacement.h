@@ -3,6 +3,7 @@
 
 #include <sys/stat.h>
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -73,5 +74,9 @@ int finish_file(atomic_replacement& file, std::string_view path, const console& 
 
 /// Waits until the content of an open file is on the disk. Returns 0 or an errno.
 int sync_file(int descriptor);
+
+/// Waits until so many bytes from an offset on are on the disk, so that sync_file has less to wait
+/// for. Returns 0 or an errno; 0 also where the system cannot do that for a part of a file.
+int sync_part(int descriptor, std::uint64_t offset, std::uint64_t count);
 
 }  // namespace morvane::cli

@@ -125,6 +125,18 @@ std::uint64_t expected_size(const packing& run) {
   return size;
 }
 
+/// Nothing ends a sync, and that of a large file takes long: between its parts a signal can end the
+/// run.
+int sync_package(const packing& run, std::uint64_t size) {
+  constexpr std::uint64_t part = std::uint64_t{16} << 20U;
+  int error = 0;
+  for (std::uint64_t offset = 0; error == 0 && size - offset > part; offset += part) {
+    error = sync_part(run.outputs.package.descriptor(), offset, part);
+    check_signals(run);
+  }
+  return error;
+}
+
 int write_package(packing& run) {
   package_writer writer{.file = file_handle(::dup(run.outputs.package.descriptor())),
                         .watch = {.tell = on_written, .state = &run}};
@@ -139,7 +151,10 @@ int write_package(packing& run) {
   if (!lost.empty()) {
     return report_lost_image(run, lost, writer.read_error);
   }
-  const int error = run.outputs.package.complete(run.options.sync);
+  int error = run.options.sync ? sync_package(run, writer.written) : 0;
+  if (error == 0) {
+    error = run.outputs.package.complete(run.options.sync);
+  }
   return error == 0 ? status_fine : report_file_error(run.options.package, error);
 }
 
