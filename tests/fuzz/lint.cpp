@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "cli/lint/lint_folder.h"
-#include "cli/packed_folder.h"
+#include "cli/pack/packed_folder.h"
 #include "fuzz/fuzz_target.h"
 #include "harness/scratch_folder.h"
 

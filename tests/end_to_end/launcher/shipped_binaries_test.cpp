@@ -6,10 +6,10 @@
 #include <sstream>
 
 #include "end_to_end/compiler_output.h"
+#include "end_to_end/driver/usage_text.h"
 #include "end_to_end/expectations.h"
 #include "end_to_end/inspection_output.h"
 #include "end_to_end/package_records.h"
-#include "end_to_end/usage_text.h"
 #include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
 

@@ -1,5 +1,5 @@
 // What morvane lint keeps of a DVI. Measured is the greatest resident memory of the program.
-#include "cli/linted_folder.h"
+#include "cli/lint/linted_folder.h"
 #include "cli/outcome.h"
 #include "harness/sanitizer.h"
 #include "trust/test_size.h"

@@ -7,13 +7,13 @@
 #include <filesystem>
 #include <set>
 
-#include "cli/c_compiler.h"
+#include "cli/lint/c_compiler.h"
 #include "cli/lint/lint_folder.h"
-#include "cli/mistaken_folder.h"
-#include "cli/mistakes.h"
+#include "cli/lint/mistaken_folder.h"
+#include "cli/lint/mistakes.h"
 #include "cli/pack/pack_command.h"
+#include "cli/pack/packed_folder.h"
 #include "cli/package/package_walk.h"
-#include "cli/packed_folder.h"
 #include "driver/pack_sections.h"
 #include "format/macros.h"
 #include "harness/scratch_folder.h"

@@ -1,4 +1,4 @@
-#include "cli/c_compiler.h"
+#include "cli/lint/c_compiler.h"
 
 #include <algorithm>
 #include <set>

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "printed_text.h"
+#include "unit/printed_text.h"
 
 namespace morvane {
 namespace {

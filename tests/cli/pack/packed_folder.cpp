@@ -1,4 +1,4 @@
-#include "cli/packed_folder.h"
+#include "cli/pack/packed_folder.h"
 
 #include "cli/check/check_package.h"
 #include "driver/pack_sections.h"

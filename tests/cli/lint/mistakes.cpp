@@ -1,4 +1,4 @@
-#include "cli/mistakes.h"
+#include "cli/lint/mistakes.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "printed_text.h"
+#include "unit/printed_text.h"
 
 namespace morvane {
 namespace {

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "cli/linted_folder.h"
+#include "cli/lint/linted_folder.h"
 #include "cli/outcome.h"
 
 namespace morvane::test {

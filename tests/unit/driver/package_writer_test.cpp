@@ -4,7 +4,7 @@
 
 #include "harness/filled_pipe.h"
 #include "harness/scratch_folder.h"
-#include "printed_text.h"
+#include "unit/printed_text.h"
 
 namespace morvane {
 namespace {

@@ -1,10 +1,10 @@
-#include "cli/mistaken_folder.h"
+#include "cli/lint/mistaken_folder.h"
 
 #include <algorithm>
 #include <array>
 #include <vector>
 
-#include "cli/mistakes.h"
+#include "cli/lint/mistakes.h"
 
 namespace morvane::test {
 

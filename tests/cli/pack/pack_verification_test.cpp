@@ -8,7 +8,7 @@
 #include <string>
 
 #include "cli/lint/lint_folder.h"
-#include "cli/packed_folder.h"
+#include "cli/pack/packed_folder.h"
 #include "harness/scratch_folder.h"
 
 namespace morvane::test {

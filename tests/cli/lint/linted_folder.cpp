@@ -1,4 +1,4 @@
-#include "cli/linted_folder.h"
+#include "cli/lint/linted_folder.h"
 
 namespace morvane::test {
 

@@ -34,7 +34,7 @@ TEST_F(PackageReader, ReadsMoreThanItsBufferHolds) {
 }
 
 TEST_F(PackageReader, TellsAcrossTheEndOfItsBufferWhetherItHoldsMore) {
-  package_reader package = open(std::string(256 * 1024, 'a') + "1234");
+  package_reader package = open(std::string(256 * 1024, 'a').append("1234"));
   read(package, 256 * 1024 - 1);
   EXPECT_TRUE(holds_more(package, 5));
   EXPECT_FALSE(holds_more(package, 6));

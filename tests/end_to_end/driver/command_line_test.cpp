@@ -2,10 +2,10 @@
 #include <gtest/gtest.h>
 
 #include "end_to_end/compiler_output.h"
+#include "end_to_end/driver/usage_text.h"
 #include "end_to_end/expectations.h"
 #include "end_to_end/inspection_output.h"
 #include "end_to_end/package_records.h"
-#include "end_to_end/usage_text.h"
 #include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "headers/line_scanner.h"
-#include "printed_text.h"
+#include "unit/printed_text.h"
 
 namespace morvane {
 namespace {

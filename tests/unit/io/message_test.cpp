@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "printed_text.h"
+#include "unit/printed_text.h"
 
 namespace morvane {
 namespace {
