@@ -1,5 +1,6 @@
 # Sourced by tests that run programs of node. Their packages, those of package-lock.json here, are in a folder of the
-# build, the first argument of the test. The first test that needs them fetches them.
+# build, the first argument of the test. The first test that needs them fetches them. Of what npm writes into
+# package-lock.json, addresses, licenses, engines and funding are left out: nothing needs them.
 
 packages=$1
 lock_file=$SOURCE/tests/node/package-lock.json
