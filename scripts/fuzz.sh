@@ -41,10 +41,11 @@ for target in "${targets[@]}"; do
   run=build-fuzz/runs/$target
   mkdir -p "$run/corpus"
   log=$run/log
+  dictionary=$([[ $target == package_* ]] && echo packages || echo headers)
   echo "Running fuzz_$target for $seconds seconds"
   found=no
   if ! "build-fuzz/tests/fuzz/fuzz_$target" -max_total_time="$seconds" -timeout=20 -max_len=8192 \
-    -dict="tests/fuzz/dictionaries/$target.dict" -artifact_prefix="$run/" -print_final_stats=1 \
+    -dict="tests/fuzz/dictionaries/$dictionary.dict" -artifact_prefix="$run/" -print_final_stats=1 \
     "$run/corpus" "tests/fuzz/corpus/$target" 2>"$log"; then
     found="yes, see $log"
     status=1
