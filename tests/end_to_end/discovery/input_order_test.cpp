@@ -1,14 +1,8 @@
 // The order of the DVIs in the package, the order check, and the check for duplicate DAG names.
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <filesystem>
 
-#include "end_to_end/compiler_output.h"
-#include "end_to_end/expectations.h"
-#include "end_to_end/package_records.h"
-#include "harness/run_tool.h"
-#include "harness/scratch_folder.h"
+#include "end_to_end/tool_test.h"
 
 namespace morvane::test {
 namespace {
@@ -36,17 +30,18 @@ std::string packed_ids(const std::vector<std::string>& stems) {
   return ids;
 }
 
-TEST(InputOrder, FollowsTheFileIndex) {
+using InputOrder = tool_test;
+
+TEST_F(InputOrder, FollowsTheFileIndex) {
   EXPECT_EQ(packed_ids({"dag_split_2", "dag_split_0", "dag_split_1"}), "0 1 2 ");
   EXPECT_EQ(packed_ids({"a_split_3", "b_split_02", "c_split_1", "d"}), "0 1 2 3 ");
 }
 
-TEST(InputOrder, PutsEveryDviInItsPlaceWithItsImage) {
-  const scratch_folder folder;
-  put_dag(folder, "a_split_2", dag_lines("a", 1), "A");
-  put_dag(folder, "b_split_0", dag_lines("b", 1), "B");
-  put_dag(folder, "c_split_1", dag_lines("c", 1), "C");
-  run_tool(pack, folder.path());
+TEST_F(InputOrder, PutsEveryDviInItsPlaceWithItsImage) {
+  put_dag("a_split_2", dag_lines("a", 1), "A");
+  put_dag("b_split_0", dag_lines("b", 1), "B");
+  put_dag("c_split_1", dag_lines("c", 1), "C");
+  tool(pack);
   expect_bytes(
       folder.read("net.bin"),
       package_header(3) + dvi_record({.img_size = 1, .pkg_size = 1, .dag_name = "b"}) +
@@ -55,13 +50,13 @@ TEST(InputOrder, PutsEveryDviInItsPlaceWithItsImage) {
           "BCA");
 }
 
-TEST(InputOrder, OnlyTheDigitsBeforeTheExtensionCount) {
+TEST_F(InputOrder, OnlyTheDigitsBeforeTheExtensionCount) {
   EXPECT_EQ(packed_ids({"dag_split_0", "dag_split_1", "dag_split_2", "dag0_split_x3"}), "0 1 2 3 ");
   EXPECT_EQ(packed_ids({"dag_split_9_split_0", "dag_split_0_1", "12_split_-2"}), "0 1 2 ");
   EXPECT_EQ(packed_ids({"dag_SPLIT_3", "a_split_2.dvi_x3", "b_split_1"}), "0 1 2 ");
 }
 
-TEST(InputOrder, RefusesAGreatestIndexThatDoesNotSuitTheNumberOfFiles) {
+TEST_F(InputOrder, RefusesAGreatestIndexThatDoesNotSuitTheNumberOfFiles) {
   EXPECT_EQ(packed_ids({"net_split_2"}), disordered);
   EXPECT_EQ(packed_ids({"dag_split_1"}), disordered);
   EXPECT_EQ(packed_ids({"dag_split_0", "dag_split_1", "dag_split_3"}), disordered);
@@ -69,7 +64,7 @@ TEST(InputOrder, RefusesAGreatestIndexThatDoesNotSuitTheNumberOfFiles) {
   EXPECT_EQ(packed_ids({"a_split_2147483647"}), disordered);
 }
 
-TEST(InputOrder, AcceptsWhateverStandsBelowTheGreatestIndex) {
+TEST_F(InputOrder, AcceptsWhateverStandsBelowTheGreatestIndex) {
   EXPECT_EQ(packed_ids({"dag_split_0"}), "0 ");
   EXPECT_EQ(packed_ids({"dag"}), "0 ");
   EXPECT_EQ(packed_ids({"dag_split_0", "x_split_2", "y_split_2"}), "0 2 2 ");
@@ -78,7 +73,7 @@ TEST(InputOrder, AcceptsWhateverStandsBelowTheGreatestIndex) {
   EXPECT_EQ(packed_ids({"a", "b_split_0", "c"}), "0 0 0 ");
 }
 
-TEST(InputOrder, CutsTheIndexTo32BitsSigned) {
+TEST_F(InputOrder, CutsTheIndexTo32BitsSigned) {
   EXPECT_EQ(packed_ids({"dag_split_4294967296"}), "0 ");
   EXPECT_EQ(packed_ids({"a_split_0", "b_split_4294967297"}), "0 1 ");
   // -1 as a signed number. It comes first, and the order check ignores it.
@@ -97,28 +92,26 @@ std::vector<std::string> folder_order(const scratch_folder& folder) {
   return stems;
 }
 
-TEST(InputOrder, DisorderedFilesStayInTheOrderOfTheFolder) {
-  const scratch_folder folder;
+TEST_F(InputOrder, DisorderedFilesStayInTheOrderOfTheFolder) {
   for (const int index : {4, 0, 7, 2, 9, 5}) {
     folder.write("in/net_split_" + std::to_string(index) + ".dvi", "");
   }
   const std::string first = folder_order(folder)[0];
-  expect_run(run_tool(pack, folder.path()), 255,
-             "error: files in input folder are disordered.\n"
-             "error: can't find file " +
-                 first +
-                 ".h. please check filename format between .dvi and "
-                 ".h files.\n"
-                 "error: can't find matched .dvi files and .h files\n");
+  expect_tool(pack, 255,
+              "error: files in input folder are disordered.\n"
+              "error: can't find file " +
+                  first +
+                  ".h. please check filename format between .dvi and "
+                  ".h files.\n"
+                  "error: can't find matched .dvi files and .h files\n");
   EXPECT_NE(first, "net_split_0") << "this folder cannot tell";
   EXPECT_FALSE(folder.exists("net.bin"));
 }
 
-TEST(InputOrder, ManyEqualIndicesAreInTheOrderThatTheStandardSortGives) {
-  const scratch_folder folder;
+TEST_F(InputOrder, ManyEqualIndicesAreInTheOrderThatTheStandardSortGives) {
   for (int i = 0; i < 100; ++i) {
     const std::string name = "net" + std::to_string(i);
-    put_dag(folder, name, dag_lines(name));
+    put_dag(name, dag_lines(name));
   }
   const std::vector<std::string> names = folder_order(folder);
   std::vector<std::pair<int, std::string>> sorted;
@@ -132,16 +125,15 @@ TEST(InputOrder, ManyEqualIndicesAreInTheOrderThatTheStandardSortGives) {
   for (unsigned i = 0; i < 100; ++i) {
     package += dvi_record({.vproc_id = static_cast<std::uint8_t>(i), .dag_name = sorted[i].second});
   }
-  run_tool(pack, folder.path());
+  tool(pack);
   expect_bytes(folder.read("net.bin"), package);
 }
 
-TEST(InputOrder, KeepsTheLowByteOfIndexAndPosition) {
-  const scratch_folder folder;
+TEST_F(InputOrder, KeepsTheLowByteOfIndexAndPosition) {
   for (int index = 0; index <= 300; ++index) {
-    put_dag(folder, "net_split_" + std::to_string(index), "");
+    put_dag("net_split_" + std::to_string(index), "");
   }
-  EXPECT_EQ(run_tool(pack, folder.path()).status, 0);
+  EXPECT_EQ(tool(pack).status, 0);
   const std::string package = folder.read("net.bin");
   const auto record = [&](std::size_t position) {
     return package.substr(12 + 156 * position, 156);
@@ -166,20 +158,22 @@ std::string refusal(const std::vector<std::string>& headers) {
   return run.output;
 }
 
-TEST(DuplicateDagNames, NameTheLaterAndTheEarlierHeader) {
+using DuplicateDagNames = tool_test;
+
+TEST_F(DuplicateDagNames, NameTheLaterAndTheEarlierHeader) {
   EXPECT_EQ(refusal({dag_lines("same"), dag_lines("b"), dag_lines("same"), dag_lines("b")}),
             "error: detection duplicate DAG NAME between file in/_net_split_2.h and file "
             "in/_net_split_0.h\n");
 }
 
-TEST(DuplicateDagNames, EndTheRunAtTheFirstOneWhateverItsLength) {
+TEST_F(DuplicateDagNames, EndTheRunAtTheFirstOneWhateverItsLength) {
   const std::string line = "_DAG_NAME " + std::string(500, 'n') + "\n";
   EXPECT_EQ(refusal({line, line, std::string(1024, 'x')}),
             "error: detection duplicate DAG NAME between file in/_net_split_1.h and file "
             "in/_net_split_0.h\n");
 }
 
-TEST(DuplicateDagNames, NameTheWrongEarlierHeaderWhenOneHasNoName) {
+TEST_F(DuplicateDagNames, NameTheWrongEarlierHeaderWhenOneHasNoName) {
   EXPECT_EQ(refusal({no_name, dag_lines("same"), dag_lines("same")}),
             "error: detection duplicate DAG NAME between file in/_net_split_2.h and file "
             "in/_net_split_0.h\n");
@@ -188,38 +182,35 @@ TEST(DuplicateDagNames, NameTheWrongEarlierHeaderWhenOneHasNoName) {
             "in/_net_split_1.h\n");
 }
 
-TEST(DuplicateDagNames, AreFoundBeforeTheHeadersAreCounted) {
-  const scratch_folder folder;
+TEST_F(DuplicateDagNames, AreFoundBeforeTheHeadersAreCounted) {
   for (const char* name : {"in/a_split_0", "in/b_split_1", "in/c_split_2"}) {
     folder.write(std::string(name) + ".dvi", "");
   }
   folder.write("in/a_split_0.h", dag_lines("same"));
   folder.write("in/b_split_1.h", dag_lines("same"));
-  expect_run(run_tool(pack_with_vproc, folder.path()), 255,
-             "error: can't find file c_split_2.h. please check filename format between .dvi and "
-             ".h files.\n"
-             "error: detection duplicate DAG NAME between file in/b_split_1.h and file "
-             "in/a_split_0.h\n");
+  expect_tool(pack_with_vproc, 255,
+              "error: can't find file c_split_2.h. please check filename format between .dvi and "
+              ".h files.\n"
+              "error: detection duplicate DAG NAME between file in/b_split_1.h and file "
+              "in/a_split_0.h\n");
 }
 
-TEST(DuplicateDagNames, AreComparedWholeAndInTheirCase) {
-  const scratch_folder folder;
-  put_dag(folder, "net_split_0", dag_lines("net"));
-  put_dag(folder, "net_split_1", dag_lines("Net"));
-  put_dag(folder, "net_split_2", dag_lines("net2"));
-  put_dag(folder, "net_split_3", "");
-  put_dag(folder, "net_split_4", "");
-  put_dag(folder, "net_split_5", dag_lines("first") + dag_lines("net"));
+TEST_F(DuplicateDagNames, AreComparedWholeAndInTheirCase) {
+  put_dag("net_split_0", dag_lines("net"));
+  put_dag("net_split_1", dag_lines("Net"));
+  put_dag("net_split_2", dag_lines("net2"));
+  put_dag("net_split_3", "");
+  put_dag("net_split_4", "");
+  put_dag("net_split_5", dag_lines("first") + dag_lines("net"));
   folder.write("in/net_split_6.dvi", "");
   folder.make_folder("in/_net_split_6.h");
-  EXPECT_EQ(run_tool(pack_with_vproc, folder.path()).status, 0);
+  EXPECT_EQ(tool(pack_with_vproc).status, 0);
 }
 
-TEST(DuplicateDagNames, ArePackedWithoutVproc) {
-  const scratch_folder folder;
-  put_dag(folder, "net_split_0", dag_lines("same") + "/* HMB_input a */\n/* HMB_output b */\n");
-  put_dag(folder, "net_split_1", dag_lines("same") + "/* HMB_input a */\n/* HMB_output b */\n");
-  expect_run(run_tool(pack, folder.path()), 0, saved("4644"));
+TEST_F(DuplicateDagNames, ArePackedWithoutVproc) {
+  put_dag("net_split_0", dag_lines("same") + "/* HMB_input a */\n/* HMB_output b */\n");
+  put_dag("net_split_1", dag_lines("same") + "/* HMB_input a */\n/* HMB_output b */\n");
+  expect_tool(pack, 0, saved("4644"));
 }
 
 }  // namespace

@@ -1,25 +1,20 @@
 // Packing: the content of a package, and the messages about missing descriptions.
-#include <gtest/gtest.h>
-
 #include <filesystem>
 
-#include "end_to_end/compiler_output.h"
-#include "end_to_end/expectations.h"
-#include "end_to_end/package_records.h"
-#include "harness/run_tool.h"
-#include "harness/scratch_folder.h"
+#include "end_to_end/tool_test.h"
 
 namespace morvane::test {
 namespace {
 
-TEST(PackRun, WritesHeaderTableAndOneBlockPerDvi) {
-  const scratch_folder folder;
-  put_dag(folder, "net_split_0",
+using PackRun = tool_test;
+
+TEST_F(PackRun, WritesHeaderTableAndOneBlockPerDvi) {
+  put_dag("net_split_0",
           dag_lines("first", 3) + "/* first HMB_input a */\n/* first HMB_output b */\n", "one");
-  put_dag(folder, "net_split_1",
+  put_dag("net_split_1",
           dag_lines("second", 5) + "/* second HMB_input c */\n/* second HMB_output d */\n",
           "two..");
-  expect_run(run_tool(pack, folder.path()), 0, saved("4652"));
+  expect_tool(pack, 0, saved("4652"));
   const std::string package = folder.read("net.bin");
   EXPECT_EQ(package.size(), 4652U);
   expect_bytes(package, package_header(2) +
@@ -40,19 +35,17 @@ TEST(PackRun, WritesHeaderTableAndOneBlockPerDvi) {
                             port_record({.port_name = "d"}) + "two..");
 }
 
-TEST(PackRun, PutsAllInputPortsBeforeTheOutputPorts) {
-  const scratch_folder folder;
-  put_dag(folder, "net",
-          dag_lines("net") +
-              "/* HMB_output b */\n/* HMB_input a */\n"
-              "/* HMB_output d */\n/* HMB_input c */\n");
-  expect_run(run_tool(pack, folder.path()), 0, saved("4488"));
+TEST_F(PackRun, PutsAllInputPortsBeforeTheOutputPorts) {
+  put_dag("net", dag_lines("net") +
+                     "/* HMB_output b */\n/* HMB_input a */\n"
+                     "/* HMB_output d */\n/* HMB_input c */\n");
+  expect_tool(pack, 0, saved("4488"));
   expect_bytes(folder.read("net.bin").substr(168),
                port_record({.port_name = "a"}) + port_record({.port_name = "c"}) +
                    port_record({.port_name = "b"}) + port_record({.port_name = "d"}));
 }
 
-TEST(PackRun, WarnsOfMissingPortsAndPacksTheOthers) {
+TEST_F(PackRun, WarnsOfMissingPortsAndPacksTheOthers) {
   const struct {
     const char* lines;
     std::string output;
@@ -67,10 +60,10 @@ TEST(PackRun, WarnsOfMissingPortsAndPacksTheOthers) {
       {"", no_ports + saved("173"), ""},
   };
   for (const auto& row : rows) {
-    const scratch_folder folder;
-    put_dag(folder, "net", dag_lines("net", 5) + row.lines, "image");
-    expect_run(run_tool(pack, folder.path()), 0, row.output);
-    expect_bytes(folder.read("net.bin").substr(168), row.ports + "image");
+    const scratch_folder other;
+    test::put_dag(other, "net", dag_lines("net", 5) + row.lines, "image");
+    expect_run(run_tool(pack, other.path()), 0, row.output);
+    expect_bytes(other.read("net.bin").substr(168), row.ports + "image");
   }
 }
 
@@ -83,18 +76,17 @@ std::string long_image(std::size_t size) {
   return image.substr(0, size);
 }
 
-TEST(PackRun, PacksAndInspectsLongImages) {
-  const scratch_folder folder;
+TEST_F(PackRun, PacksAndInspectsLongImages) {
   // Longer than the buffers; the last ones are copied by the system.
   const std::size_t sizes[] = {1, 1000000, 3145735, 5, 1048576};
   std::string images;
   for (std::size_t i = 0; i < std::size(sizes); ++i) {
     const std::string name = "net_split_" + std::to_string(i);
-    put_dag(folder, name, dag_lines(name, static_cast<unsigned>(sizes[i])),
+    put_dag(name, dag_lines(name, static_cast<unsigned>(sizes[i])),
             long_image(sizes[i]) + "left out");
     images += long_image(sizes[i]);
   }
-  run_tool({"-d", "in", "-f", "net.bin", "-v"}, folder.path());
+  tool({"-d", "in", "-f", "net.bin", "-v"});
   expect_bytes(folder.read("net.bin").substr(12 + 5 * 156), images);
   for (std::size_t i = 0; i < std::size(sizes); ++i) {
     expect_bytes(folder.read("parse/net_split_" + std::to_string(i) + ".dvi"),
@@ -102,72 +94,66 @@ TEST(PackRun, PacksAndInspectsLongImages) {
   }
 }
 
-TEST(PackRun, WithVprocWritesTheTableAndTheBlocksAfterTheLastImage) {
-  const scratch_folder folder;
-  put_dag(folder, "net_split_0",
+TEST_F(PackRun, WithVprocWritesTheTableAndTheBlocksAfterTheLastImage) {
+  put_dag("net_split_0",
           dag_lines("first", 3) +
               "/* $x */\n#define x_boffset 8\n#define x_bsize 4\n"
               "/* SMB_input s */\n#define first_s_vbase_byte_offset 16\n",
           "one");
-  put_dag(folder, "net_split_1", dag_lines("second", 3) + "/* $y */\n/* $z */\n", "two");
+  put_dag("net_split_1", dag_lines("second", 3) + "/* $y */\n/* $z */\n", "two");
   const std::string warnings =
       "warning: fail to find HMB input info in in/_net_split_0.h\n"
       "warning: fail to find HMB output info in in/_net_split_0.h\n"
       "warning: fail to find HMB input info in in/_net_split_1.h\n"
       "warning: fail to find HMB output info in in/_net_split_1.h\n";
-  expect_run(run_tool({"-d", "in", "-f", "plain.bin"}, folder.path()), 0,
-             warnings + "Save to file plain.bin with file size 330.\n\n");
-  expect_run(run_tool({"-d", "in", "-f", "vproc.bin", "-c"}, folder.path()), 0,
-             warnings + "Save to file vproc.bin with file size 894.\n\n");
+  expect_tool({"-d", "in", "-f", "plain.bin"}, 0,
+              warnings + "Save to file plain.bin with file size 330.\n\n");
+  expect_tool({"-d", "in", "-f", "vproc.bin", "-c"}, 0,
+              warnings + "Save to file vproc.bin with file size 894.\n\n");
   expect_bytes(folder.read("vproc.bin"), folder.read("plain.bin") + vproc_record(1, 1, 268) +
                                              vproc_record(2, 0, 272) + variable_record("x", 8, 4) +
                                              smb_record("s", 16) + variable_record("y", 0, 0) +
                                              variable_record("z", 0, 0));
 }
 
-TEST(PackRun, WithVprocWarnsOfMissingVariablesButNotOfMissingSmbs) {
-  const scratch_folder folder;
-  put_dag(folder, "net", dag_lines("net") + "/* HMB_input a */\n/* HMB_output b */\n");
-  expect_run(run_tool(pack_with_vproc, folder.path()), 0,
-             "warning: fail to find vproc self-defined variables in in/_net.h\n" + saved("2340"));
+TEST_F(PackRun, WithVprocWarnsOfMissingVariablesButNotOfMissingSmbs) {
+  put_dag("net", dag_lines("net") + "/* HMB_input a */\n/* HMB_output b */\n");
+  expect_tool(pack_with_vproc, 0,
+              "warning: fail to find vproc self-defined variables in in/_net.h\n" + saved("2340"));
   expect_bytes(folder.read("net.bin").substr(2328), no_vproc);
 }
 
-TEST(PackRun, SaysNothingOfAHeaderWithVariablesOnly) {
-  const scratch_folder folder;
-  put_dag(folder, "net", dag_lines("net") + "/* HMB_input a */\n/* HMB_output b */\n/* $x */\n");
-  expect_run(run_tool(pack_with_vproc, folder.path()), 0, saved("2476"));
+TEST_F(PackRun, SaysNothingOfAHeaderWithVariablesOnly) {
+  put_dag("net", dag_lines("net") + "/* HMB_input a */\n/* HMB_output b */\n/* $x */\n");
+  expect_tool(pack_with_vproc, 0, saved("2476"));
   expect_bytes(folder.read("net.bin").substr(2328),
                vproc_record(1, 0, 136) + variable_record("x", 0, 0));
 }
 
-TEST(PackRun, InspectsOnlyAfterTheClosingLineAndSucceedsWhateverTheInspectionFinds) {
-  const scratch_folder folder;
-  put_dag(folder, "net", dag_lines("net") + "/* HMB_input a */\n/* HMB_output b */\n");
-  expect_run(run_tool({"-d", "in", "-f", "/dev/null", "-v"}, folder.path()), 0,
-             "Save to file /dev/null with file size 2328.\n"
-             "\n"
-             "version 0.0.0 ( HASH 0000000 ) dvi_num: 0\n"
-             "\n"
-             "\n"
-             "error: fail to parse file /dev/null\n"
-             ".dvi files are parsed to folder .//parse\n"
-             "\n");
+TEST_F(PackRun, InspectsOnlyAfterTheClosingLineAndSucceedsWhateverTheInspectionFinds) {
+  put_dag("net", dag_lines("net") + "/* HMB_input a */\n/* HMB_output b */\n");
+  expect_tool({"-d", "in", "-f", "/dev/null", "-v"}, 0,
+              "Save to file /dev/null with file size 2328.\n"
+              "\n"
+              "version 0.0.0 ( HASH 0000000 ) dvi_num: 0\n"
+              "\n"
+              "\n"
+              "error: fail to parse file /dev/null\n"
+              ".dvi files are parsed to folder .//parse\n"
+              "\n");
 }
 
-TEST(PackRun, AlwaysAddsTheSlashToTheInputFolder) {
-  const scratch_folder folder;
-  put_dag(folder, "net", dag_lines("net"));
-  expect_run(run_tool({"-d", "in/"}, folder.path()), 0,
-             "warning: fail to find HMB input info in in//_net.h\n"
-             "warning: fail to find HMB output info in in//_net.h\n"
-             "Save to file morvane_gen.bin with file size 168.\n\n");
+TEST_F(PackRun, AlwaysAddsTheSlashToTheInputFolder) {
+  put_dag("net", dag_lines("net"));
+  expect_tool({"-d", "in/"}, 0,
+              "warning: fail to find HMB input info in in//_net.h\n"
+              "warning: fail to find HMB output info in in//_net.h\n"
+              "Save to file morvane_gen.bin with file size 168.\n\n");
 }
 
-TEST(PackRun, PrintsTheDeclaredSizeAlsoWhereTheRecordsDiffer) {
-  const scratch_folder folder;
-  put_dag(folder, "net", "/* HMB_input early */\n" + dag_lines("net") + "/* HMB_output b */\n");
-  expect_run(run_tool(pack, folder.path()), 0, saved("1248"));
+TEST_F(PackRun, PrintsTheDeclaredSizeAlsoWhereTheRecordsDiffer) {
+  put_dag("net", "/* HMB_input early */\n" + dag_lines("net") + "/* HMB_output b */\n");
+  expect_tool(pack, 0, saved("1248"));
   expect_bytes(folder.read("net.bin"),
                package_header(1) +
                    dvi_record({.output_num = 1, .pkg_size = 1080, .dag_name = "net"}) +

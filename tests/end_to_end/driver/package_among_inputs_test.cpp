@@ -1,36 +1,30 @@
 // A package path that names one of the files to pack is refused before anything happens to the
 // file.
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <filesystem>
 
-#include "end_to_end/compiler_output.h"
-#include "end_to_end/expectations.h"
-#include "end_to_end/package_records.h"
-#include "harness/run_tool.h"
-#include "harness/scratch_folder.h"
+#include "end_to_end/tool_test.h"
 
 namespace morvane::test {
 namespace {
 
 namespace fs = std::filesystem;
 
-class PackageAmongInputs : public testing::Test {
+class PackageAmongInputs : public tool_test {
  protected:
-  void SetUp() override { put_dag(folder, "net", header, "image"); }
+  void SetUp() override { put_dag("net", header, "image"); }
 
   /// Checks that the path is refused and that no input changes.
   void expect_refused(const std::string& path) const {
     const folder_content before = folder.files();
-    expect_run(run_tool({"-d", "in", "-f", path, "-c"}, folder.path()), 255,
-               "error: can't open file " + path + "\n");
+    expect_tool({"-d", "in", "-f", path, "-c"}, 255, "error: can't open file " + path + "\n");
     expect_files(folder.files(), before);
   }
 
   /// Checks that the path takes the package and that no input changes.
   void expect_packed(const std::string& path) const {
-    EXPECT_EQ(run_tool({"-d", "in", "-f", path}, folder.path()).status, 0);
+    EXPECT_EQ(tool({"-d", "in", "-f", path}).status, 0);
     expect_bytes(folder.read(path), package);
     EXPECT_EQ(folder.read("in/net.dvi"), "image");
     EXPECT_EQ(folder.read("in/_net.h"), header);
@@ -39,7 +33,6 @@ class PackageAmongInputs : public testing::Test {
   const std::string header = dag_lines("net", 5);
   const std::string package =
       package_header(1) + dvi_record({.img_size = 5, .pkg_size = 5, .dag_name = "net"}) + "image";
-  scratch_folder folder;
 };
 
 TEST_F(PackageAmongInputs, AnImageIsRefused) {

@@ -1,13 +1,7 @@
 // Command lines that lead to the usage text: unknown switches and names that are too long.
-#include <gtest/gtest.h>
-
-#include "end_to_end/compiler_output.h"
 #include "end_to_end/driver/usage_text.h"
-#include "end_to_end/expectations.h"
 #include "end_to_end/inspection_output.h"
-#include "end_to_end/package_records.h"
-#include "harness/run_tool.h"
-#include "harness/scratch_folder.h"
+#include "end_to_end/tool_test.h"
 
 namespace morvane::test {
 namespace {
@@ -26,7 +20,9 @@ std::string long_path(std::string_view name, std::size_t length) {
   return path.append(name);
 }
 
-TEST(RefusedCommandLine, OfASwitchThatIsUnknownOrAmbiguousOrHasAnArgumentTooFewOrTooMany) {
+using RefusedCommandLine = tool_test;
+
+TEST_F(RefusedCommandLine, OfASwitchThatIsUnknownOrAmbiguousOrHasAnArgumentTooFewOrTooMany) {
   const struct {
     std::vector<std::string> words;
     const char* diagnostics;
@@ -43,35 +39,31 @@ TEST(RefusedCommandLine, OfASwitchThatIsUnknownOrAmbiguousOrHasAnArgumentTooFewO
       {{"-v", "--dir"}, "option '--dir' requires an argument"},
       {{"-v", "--parsedir"}, "option '--parsedir' requires an argument"},
   };
-  const scratch_folder folder;
   for (const auto& row : rows) {
     SCOPED_TRACE(row.diagnostics);
-    const run_result run = run_tool(row.words, folder.path());
+    const run_result run = tool(row.words);
     expect_run(run, 255, unknown_switch);
     EXPECT_NE(run.diagnostics.find(row.diagnostics), std::string::npos) << run.diagnostics;
   }
 }
 
-TEST(RefusedCommandLine, SwitchesBeforeTheUnknownOneAreNotActedOn) {
-  const scratch_folder folder;
-  put_dag(folder, "net", dag_lines("net"));
+TEST_F(RefusedCommandLine, SwitchesBeforeTheUnknownOneAreNotActedOn) {
+  put_dag("net", dag_lines("net"));
   folder.write("net.bin", package_header(0));
-  expect_run(run_tool({"--version", "-x"}, folder.path()), 255, unknown_switch);
-  expect_run(run_tool({"-h", "-x"}, folder.path()), 255, unknown_switch);
-  expect_run(run_tool({"-f", "net.bin", "-v", "-x"}, folder.path()), 255, unknown_switch);
-  expect_run(run_tool({"-d", "in", "-x"}, folder.path()), 255, unknown_switch);
+  expect_tool({"--version", "-x"}, 255, unknown_switch);
+  expect_tool({"-h", "-x"}, 255, unknown_switch);
+  expect_tool({"-f", "net.bin", "-v", "-x"}, 255, unknown_switch);
+  expect_tool({"-d", "in", "-x"}, 255, unknown_switch);
   EXPECT_FALSE(folder.exists("morvane_gen.bin"));
   EXPECT_FALSE(folder.exists("parse"));
 }
 
-TEST(RefusedCommandLine, SwitchesAfterTheUnknownOneAreNotLookedAt) {
-  const scratch_folder folder;
-  expect_run(run_tool({"-x", "-y", "-f", std::string(2049, 'f')}, folder.path()), 255,
-             unknown_switch);
-  expect_run(run_tool({"-xh", "--version"}, folder.path()), 255, unknown_switch);
+TEST_F(RefusedCommandLine, SwitchesAfterTheUnknownOneAreNotLookedAt) {
+  expect_tool({"-x", "-y", "-f", std::string(2049, 'f')}, 255, unknown_switch);
+  expect_tool({"-xh", "--version"}, 255, unknown_switch);
 }
 
-TEST(RefusedCommandLine, OfANameOf2049Characters) {
+TEST_F(RefusedCommandLine, OfANameOf2049Characters) {
   const struct {
     std::vector<std::string> options;
     const char* name;
@@ -81,29 +73,27 @@ TEST(RefusedCommandLine, OfANameOf2049Characters) {
       {{"-d", "--dir"}, "in", "error: directory name exceed 2048\n"},
       {{"-p", "--parsedir"}, ".", "error: parse folder name exceed 2048\n"},
   };
-  const scratch_folder folder;
-  put_dag(folder, "net", dag_lines("net"));
+  put_dag("net", dag_lines("net"));
   folder.write("net.bin", package_header(0));
   const folder_content before = folder.files();
   for (const auto& row : rows) {
     for (const std::string& option : row.options) {
-      expect_run(run_tool({"-v", option, long_path(row.name, 2049)}, folder.path()), 255,
-                 row.message + usage_text);
+      expect_tool({"-v", option, long_path(row.name, 2049)}, 255, row.message + usage_text);
     }
   }
   expect_files(folder.files(), before);
 }
 
-TEST(RefusedCommandLine, OnlyTheFirstNameThatIsTooLongIsReported) {
-  const scratch_folder folder;
+TEST_F(RefusedCommandLine, OnlyTheFirstNameThatIsTooLongIsReported) {
   const std::string name(2049, 'n');
-  expect_run(run_tool({"-p", name, "-x", "-f", name, "--version"}, folder.path()), 255,
-             "error: parse folder name exceed 2048\n" + usage_text);
+  expect_tool({"-p", name, "-x", "-f", name, "--version"}, 255,
+              "error: parse folder name exceed 2048\n" + usage_text);
 }
 
-TEST(LongestNames, Of2048CharactersAreTaken) {
-  const scratch_folder folder;
-  put_dag(folder, "net", dag_lines("net", 5), "image");
+using LongestNames = tool_test;
+
+TEST_F(LongestNames, Of2048CharactersAreTaken) {
+  put_dag("net", dag_lines("net", 5), "image");
   const std::string input = long_path("in", 2048);
   const std::string package = long_path("net.bin", 2048);
   const std::string parsedir = long_path(".", 2048);
@@ -111,11 +101,11 @@ TEST(LongestNames, Of2048CharactersAreTaken) {
   ASSERT_EQ(package.size(), 2048U);
   ASSERT_EQ(parsedir.size(), 2048U);
   const dvi_fields dvi = {.img_size = 5, .pkg_size = 5, .dag_name = "net"};
-  expect_run(run_tool({"-d", input, "-f", package, "-p", parsedir, "-v"}, folder.path()), 0,
-             "warning: fail to find HMB input info in " + input + "/_net.h\n" +
-                 "warning: fail to find HMB output info in " + input + "/_net.h\n" +
-                 "Save to file " + package + " with file size 173.\n\n" + report_begin({dvi}) +
-                 report_end(parsedir));
+  expect_tool({"-d", input, "-f", package, "-p", parsedir, "-v"}, 0,
+              "warning: fail to find HMB input info in " + input + "/_net.h\n" +
+                  "warning: fail to find HMB output info in " + input + "/_net.h\n" +
+                  "Save to file " + package + " with file size 173.\n\n" + report_begin({dvi}) +
+                  report_end(parsedir));
   expect_bytes(folder.read("net.bin"), package_header(1) + dvi_record(dvi) + "image");
   EXPECT_EQ(folder.read("parse/net.dvi"), "image");
 }

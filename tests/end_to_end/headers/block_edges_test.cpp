@@ -1,12 +1,6 @@
 // Lines of the greatest length and one byte more, as the first, an inner and the last line of every
 // kind of block. Also the last line of a header as the end of a block.
-#include <gtest/gtest.h>
-
-#include "end_to_end/compiler_output.h"
-#include "end_to_end/expectations.h"
-#include "end_to_end/package_records.h"
-#include "harness/run_tool.h"
-#include "harness/scratch_folder.h"
+#include "end_to_end/tool_test.h"
 
 namespace morvane::test {
 namespace {
@@ -17,15 +11,15 @@ std::string packed_lines(const std::string& lines) {
   return packed(dag_lines("net") + lines, "", pack_with_vproc).substr(156);
 }
 
-TEST(LineOf1023Characters, IsReadWithoutAMessage) {
-  const scratch_folder folder;
-  put_dag(folder, "net",
-          padded("#define net_DAG_NAME net", 1023) + "\n" +  //
-              padded("/* HMB_input a */", 1023) + "\n" +     //
-              padded("/* HMB_output b */", 1023) + "\n" +    //
-              padded("/* $x */", 1023) + "\n" +              //
-              padded("/* SMB_input s */", 1022) + "\r\n");
-  expect_run(run_tool(pack_with_vproc, folder.path()), 0, saved("2608"));
+using LineOf1023Characters = tool_test;
+
+TEST_F(LineOf1023Characters, IsReadWithoutAMessage) {
+  put_dag("net", padded("#define net_DAG_NAME net", 1023) + "\n" +  //
+                     padded("/* HMB_input a */", 1023) + "\n" +     //
+                     padded("/* HMB_output b */", 1023) + "\n" +    //
+                     padded("/* $x */", 1023) + "\n" +              //
+                     padded("/* SMB_input s */", 1022) + "\r\n");
+  expect_tool(pack_with_vproc, 0, saved("2608"));
 }
 
 TEST(LineOf1024Characters, IsTooLongWithItsCarriageReturnOrANulInIt) {

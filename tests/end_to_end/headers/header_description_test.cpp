@@ -1,9 +1,5 @@
 // Which records the lines of a header give: DAGs, variables and SMBs.
-#include <gtest/gtest.h>
-
-#include "end_to_end/compiler_output.h"
-#include "end_to_end/expectations.h"
-#include "end_to_end/package_records.h"
+#include "end_to_end/tool_test.h"
 
 namespace morvane::test {
 namespace {

@@ -3,15 +3,9 @@
 // input ports, the output ports, the vproc counts, the variables and the SMBs. Each time every
 // over-long line is reported. It is reported again if it follows the last line of a block, as the
 // lines after a block are read a second time.
-#include <gtest/gtest.h>
-
 #include <regex>
 
-#include "end_to_end/compiler_output.h"
-#include "end_to_end/expectations.h"
-#include "end_to_end/package_records.h"
-#include "harness/run_tool.h"
-#include "harness/scratch_folder.h"
+#include "end_to_end/tool_test.h"
 
 namespace morvane::test {
 namespace {

@@ -1,11 +1,6 @@
 // Packages that end early, or claim more than they hold.
-#include <gtest/gtest.h>
-
-#include "end_to_end/expectations.h"
 #include "end_to_end/inspection_output.h"
-#include "end_to_end/package_records.h"
-#include "harness/run_tool.h"
-#include "harness/scratch_folder.h"
+#include "end_to_end/tool_test.h"
 
 namespace morvane::test {
 namespace {
@@ -30,30 +25,30 @@ run_result inspected(const scratch_folder& folder, const std::string& package) {
   return run_tool(inspect_damaged, folder.path());
 }
 
-TEST(CutPackage, WithoutAWholeHeaderReadsAsZeros) {
+using CutPackage = tool_test;
+
+TEST_F(CutPackage, WithoutAWholeHeaderReadsAsZeros) {
   for (const std::size_t length : {0U, 1U, 4U, 8U, 11U}) {
     SCOPED_TRACE(length);
-    const scratch_folder folder;
-    expect_run(inspected(folder, package_header(1).substr(0, length)), 1,
+    const scratch_folder other;
+    expect_run(inspected(other, package_header(1).substr(0, length)), 1,
                std::string("version 0.0.0 ( HASH 0000000 ) dvi_num: 0\n"
                            "\n"
                            "\n"
                            "error: fail to parse file net.bin\n") +
                    report_end());
-    EXPECT_TRUE(folder.exists("parse"));
-    expect_files(folder.files("parse"), {});
+    EXPECT_TRUE(other.exists("parse"));
+    expect_files(other.files("parse"), {});
   }
 }
 
-TEST(CutPackage, WithoutATableHasDvisOfZeros) {
-  const scratch_folder folder;
+TEST_F(CutPackage, WithoutATableHasDvisOfZeros) {
   folder.write("parse/_.h", "of an earlier run");
   expect_run(inspected(folder, package_header(2)), 1, report_begin({{}, {}}) + report_end());
   expect_files(folder.files("parse"), {{".dvi", ""}, {"_.h", dag_block({}) + dag_block({})}});
 }
 
-TEST(CutPackage, KeepsWhatCameOfACutDvi) {
-  const scratch_folder folder;
+TEST_F(CutPackage, KeepsWhatCameOfACutDvi) {
   // The DVI's record ends after two letters of its name, and after the low half of its image size.
   expect_run(inspected(folder, package_header(1) + dvi_record(plain_net).substr(0, 30)), 1,
              report_begin({{.dag_name = "ne"}}) + report_end());
@@ -62,8 +57,7 @@ TEST(CutPackage, KeepsWhatCameOfACutDvi) {
       report_begin({{.img_size = 4096}}) + report_end());
 }
 
-TEST(CutPackage, KeepsWhatCameOfACutPort) {
-  const scratch_folder folder;
+TEST_F(CutPackage, KeepsWhatCameOfACutPort) {
   const dvi_fields dvi = {.input_num = 2, .output_num = 1, .dag_name = "net"};
   const std::string port =
       port_record({.port_name = "data", .sign = 0, .datasize = 0, .expoffset = 0, .expbits = 0});
@@ -73,28 +67,27 @@ TEST(CutPackage, KeepsWhatCameOfACutPort) {
                  zero_port_line("output_id: 0", "\t") + "\n" + report_end());
 }
 
-TEST(CutPackage, WritesWhatCameOfACutImage) {
+TEST_F(CutPackage, WritesWhatCameOfACutImage) {
   const dvi_fields dvi = {.img_size = 2147483647, .dag_name = "net"};
   for (const std::string image : {"", "image"}) {
-    const scratch_folder folder;
-    expect_run(inspected(folder, package_header(1) + dvi_record(dvi) + image), 1,
+    const scratch_folder other;
+    expect_run(inspected(other, package_header(1) + dvi_record(dvi) + image), 1,
                report_begin({dvi}) + report_end());
-    EXPECT_EQ(folder.read("parse/net.dvi"), image);
+    EXPECT_EQ(other.read("parse/net.dvi"), image);
   }
 }
 
-TEST(CutPackage, FewerThanFourBytesAreNoVprocSection) {
+TEST_F(CutPackage, FewerThanFourBytesAreNoVprocSection) {
   const std::string package = package_header(1) + dvi_record(plain_net);
   for (const std::size_t length : {0U, 1U, 2U, 3U}) {
     SCOPED_TRACE(length);
-    const scratch_folder folder;
-    expect_run(inspected(folder, package + vproc_record(1, 1, 0).substr(0, length)), 1,
+    const scratch_folder other;
+    expect_run(inspected(other, package + vproc_record(1, 1, 0).substr(0, length)), 1,
                report_begin({plain_net}) + report_end());
   }
 }
 
-TEST(CutPackage, FourBytesAreAVprocSectionWithAVariableOfZeros) {
-  const scratch_folder folder;
+TEST_F(CutPackage, FourBytesAreAVprocSectionWithAVariableOfZeros) {
   expect_run(inspected(folder, package_header(1) + dvi_record(plain_net) +
                                    vproc_record(1, 1, 0).substr(0, 4)),
              1,
@@ -107,9 +100,8 @@ TEST(CutPackage, FourBytesAreAVprocSectionWithAVariableOfZeros) {
                  report_end());
 }
 
-TEST(CutPackage, KeepsWhatCameOfACutVariableAndOfACutSmb) {
+TEST_F(CutPackage, KeepsWhatCameOfACutVariableAndOfACutSmb) {
   const std::string package = package_header(1) + dvi_record(plain_net);
-  const scratch_folder folder;
   expect_run(inspected(folder, package + vproc_record(2, 1, 0) + variable_record("gain", 1, 2) +
                                    variable_record("bias", 3, 4).substr(0, 133)),
              1,
@@ -133,8 +125,7 @@ TEST(CutPackage, KeepsWhatCameOfACutVariableAndOfACutSmb) {
                  report_end());
 }
 
-TEST(CutPackage, OfManySmbsHasSmbsOfZerosAfterThem) {
-  const scratch_folder folder;
+TEST_F(CutPackage, OfManySmbsHasSmbsOfZerosAfterThem) {
   std::string package = package_header(1) + dvi_record(plain_net) + vproc_record(0, 20000, 0);
   std::string report;
   std::string blocks;
@@ -155,12 +146,13 @@ TEST(CutPackage, OfManySmbsHasSmbsOfZerosAfterThem) {
 
   // Where there is no folder, all of them together are reported once.
   const std::string lost = "can't open file missing/parse/_net.h\n";
-  const run_result run = run_tool({"-f", "net.bin", "-v", "-c", "-p", "missing"}, folder.path());
+  const run_result run = tool({"-f", "net.bin", "-v", "-c", "-p", "missing"});
   EXPECT_TRUE(run.output.ends_with(report + lost + "\n" + failed_report_end("missing")));
 }
 
-TEST(NegativeCount, OfDvisEndsTheProgramAfterTheFirstLine) {
-  const scratch_folder folder;
+using NegativeCount = tool_test;
+
+TEST_F(NegativeCount, OfDvisEndsTheProgramAfterTheFirstLine) {
   expect_run(inspected(folder, package_header(0x80000000)), killed_by_abort,
              first_line(2147483648));
   expect_run(inspected(folder, package_header(0xFFFFFFFF) + dvi_record({})), killed_by_abort,
@@ -168,18 +160,17 @@ TEST(NegativeCount, OfDvisEndsTheProgramAfterTheFirstLine) {
   expect_files(folder.files("parse"), {});
 }
 
-TEST(NegativeCount, OfPortsEndsTheProgramBeforeTheDvisHeading) {
+TEST_F(NegativeCount, OfPortsEndsTheProgramBeforeTheDvisHeading) {
   const dvi_fields of_inputs = {.input_num = 0xFFFFFFFF, .output_num = 1, .dag_name = "net"};
   const dvi_fields of_outputs = {.input_num = 1, .output_num = 0x80000000, .dag_name = "net"};
   for (const dvi_fields& dvi : {of_inputs, of_outputs}) {
-    const scratch_folder folder;
-    expect_run(inspected(folder, package_header(1) + dvi_record(dvi) + port_record({})),
+    const scratch_folder other;
+    expect_run(inspected(other, package_header(1) + dvi_record(dvi) + port_record({})),
                killed_by_abort, first_line(1) + "\n" + table_line(dvi) + "\n");
   }
 }
 
-TEST(NegativeCount, OfImageBytesEndsTheProgramBeforeTheImageIsMade) {
-  const scratch_folder folder;
+TEST_F(NegativeCount, OfImageBytesEndsTheProgramBeforeTheImageIsMade) {
   const dvi_fields dvi = {.img_size = 0xFFFFFFFF, .dag_name = "net"};
   expect_run(inspected(folder, package_header(1) + dvi_record(dvi) + "i"), killed_by_abort,
              report_begin({dvi}));
@@ -187,12 +178,12 @@ TEST(NegativeCount, OfImageBytesEndsTheProgramBeforeTheImageIsMade) {
   EXPECT_TRUE(folder.exists("parse/_net.h"));
 }
 
-TEST(NegativeCount, OrAnAbsurdOneOfVariablesOrSmbsEndsTheProgramBeforeTheirHeading) {
+TEST_F(NegativeCount, OrAnAbsurdOneOfVariablesOrSmbsEndsTheProgramBeforeTheirHeading) {
   for (const std::string& vproc : {vproc_record(0x80000000, 0, 0), vproc_record(1, 0xFFFFFFFF, 0),
                                    vproc_record(1, 32537632, 0)}) {
-    const scratch_folder folder;
-    expect_run(inspected(folder, package_header(1) + dvi_record(plain_net) + vproc +
-                                     variable_record("x", 0, 0)),
+    const scratch_folder other;
+    expect_run(inspected(other, package_header(1) + dvi_record(plain_net) + vproc +
+                                    variable_record("x", 0, 0)),
                killed_by_abort, report_begin({plain_net}));
   }
 }

@@ -1,6 +1,5 @@
 // An inspection whose outputs have the names of folders. Headers are deleted first, empty folders
 // in their places too; a folder with entries, and any folder in an image's place, stays.
-#include <gtest/gtest.h>
 #include <sys/inotify.h>
 #include <unistd.h>
 
@@ -8,26 +7,25 @@
 #include <cstring>
 #include <filesystem>
 
-#include "harness/run_tool.h"
-#include "harness/scratch_folder.h"
+#include "end_to_end/tool_test.h"
 
 namespace morvane::test {
 namespace {
 
 /// A package of two DVIs, "one" and "two", with images of a byte each.
-class FoldersInTheWay : public testing::Test {
+class FoldersInTheWay : public tool_test {
  protected:
   void SetUp() override {
     folder.write("in/a_split_0.dvi", "1");
     folder.write("in/a_split_0.h", "#define one_DAG_NAME one\n#define one_image_size 1\n");
     folder.write("in/a_split_1.dvi", "2");
     folder.write("in/a_split_1.h", "#define two_DAG_NAME two\n#define two_image_size 1\n");
-    ASSERT_EQ(run_tool({"-d", "in", "-f", "net.bin"}, folder.path()).status, 0);
+    ASSERT_EQ(tool({"-d", "in", "-f", "net.bin"}).status, 0);
   }
 
   /// What the inspection prints behind the report.
   [[nodiscard]] std::string inspect() const {
-    const run_result run = run_tool({"-f", "net.bin", "-v"}, folder.path());
+    const run_result run = tool({"-f", "net.bin", "-v"});
     EXPECT_EQ(run.status, 1);
     return run.output;
   }
@@ -35,8 +33,6 @@ class FoldersInTheWay : public testing::Test {
   [[nodiscard]] static bool tells(const std::string& output, const std::string& line) {
     return ("\n" + output).find("\n" + line + "\n") != std::string::npos;
   }
-
-  scratch_folder folder;
 };
 
 TEST_F(FoldersInTheWay, OfAHeaderIsRemovedIfItIsEmpty) {

@@ -1,14 +1,10 @@
 // The report on a package, and what an inspection writes into the parse folder.
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <filesystem>
 
-#include "end_to_end/expectations.h"
 #include "end_to_end/inspection_output.h"
-#include "end_to_end/package_records.h"
-#include "harness/run_tool.h"
-#include "harness/scratch_folder.h"
+#include "end_to_end/tool_test.h"
 
 namespace morvane::test {
 namespace {
@@ -16,28 +12,27 @@ namespace {
 const std::vector<std::string> inspect = {"-f", "net.bin", "-v", "-p", "."};
 const std::vector<std::string> inspect_with_vproc = {"-f", "net.bin", "-v", "-p", ".", "-c"};
 
-TEST(Inspection, OfAPackageWithoutDvisReportsNothingAndNoError) {
-  const scratch_folder folder;
+using Inspection = tool_test;
+
+TEST_F(Inspection, OfAPackageWithoutDvisReportsNothingAndNoError) {
   folder.write("net.bin", package_header(0) + "what follows is not looked at");
   folder.write("parse/_.h", "kept");
   for (const auto& arguments : {inspect, inspect_with_vproc}) {
-    expect_run(run_tool(arguments, folder.path()), 1, report_begin({}) + report_end("."));
+    expect_tool(arguments, 1, report_begin({}) + report_end("."));
   }
   expect_files(folder.files("parse"), {{"_.h", "kept"}});
 }
 
-TEST(Inspection, PrintsAnyVersionAndHash) {
-  const scratch_folder folder;
+TEST_F(Inspection, PrintsAnyVersionAndHash) {
   folder.write("net.bin", word(0xFE038007) + word(0x00000ABC) + word(0));
-  expect_run(run_tool(inspect, folder.path()), 1,
-             "version 254.3.32775 ( HASH 0000abc ) dvi_num: 0\n\n\n" + report_end("."));
+  expect_tool(inspect, 1,
+              "version 254.3.32775 ( HASH 0000abc ) dvi_num: 0\n\n\n" + report_end("."));
   folder.write("net.bin", word(0xFFFFFFFF) + word(0xFFFFFFFF) + word(0));
-  expect_run(run_tool(inspect, folder.path()), 1,
-             "version 255.255.65535 ( HASH ffffffff ) dvi_num: 0\n\n\n" + report_end("."));
+  expect_tool(inspect, 1,
+              "version 255.255.65535 ( HASH ffffffff ) dvi_num: 0\n\n\n" + report_end("."));
 }
 
-TEST(Inspection, OfADviWithoutPortsHasItsHeadingAndWritesItsImage) {
-  const scratch_folder folder;
+TEST_F(Inspection, OfADviWithoutPortsHasItsHeadingAndWritesItsImage) {
   folder.write("net.bin", package_header(1) +
                               dvi_record({.dvi_id = 255,
                                           .vproc_id = 254,
@@ -48,17 +43,17 @@ TEST(Inspection, OfADviWithoutPortsHasItsHeadingAndWritesItsImage) {
                                           .pkg_size = 4294967293,
                                           .dag_name = "net"}) +
                               "image");
-  expect_run(run_tool(inspect, folder.path()), 1,
-             "version 2.1.6 ( HASH b3b3814 ) dvi_num: 1\n"
-             "\n"
-             "dvi_id: 255\t dvi_img_vaddr: 4294967295\t dvi_img_size: 5\t dvi_dag_vaddr: "
-             "4294967294\t input_num: 0\t output_num: 0\t dvi_pkg_size: 4294967293\t dvi_ppv: 253"
-             "\t vproc_id: 254\t dag_name: net\n"
-             "\n"
-             "dvi_id: 255 dag_name: net input_num: 0 output_num: 0\n"
-             "\n"
-             ".dvi files are parsed to folder ./parse\n"
-             "\n");
+  expect_tool(inspect, 1,
+              "version 2.1.6 ( HASH b3b3814 ) dvi_num: 1\n"
+              "\n"
+              "dvi_id: 255\t dvi_img_vaddr: 4294967295\t dvi_img_size: 5\t dvi_dag_vaddr: "
+              "4294967294\t input_num: 0\t output_num: 0\t dvi_pkg_size: 4294967293\t dvi_ppv: 253"
+              "\t vproc_id: 254\t dag_name: net\n"
+              "\n"
+              "dvi_id: 255 dag_name: net input_num: 0 output_num: 0\n"
+              "\n"
+              ".dvi files are parsed to folder ./parse\n"
+              "\n");
   expect_files(folder.files("parse"), {{"net.dvi", "image"},
                                        {"_net.h",
                                         "#define\tnet_DAG_NAME\t\"net\"\n"
@@ -68,8 +63,7 @@ TEST(Inspection, OfADviWithoutPortsHasItsHeadingAndWritesItsImage) {
                                         "#define\tnet_dagbin_start\t4294967294\n"}});
 }
 
-TEST(Inspection, NumbersThePortsOfEachListFromZeroAndShowsEveryField) {
-  const scratch_folder folder;
+TEST_F(Inspection, NumbersThePortsOfEachListFromZeroAndShowsEveryField) {
   folder.write("net.bin", package_header(1) +
                               dvi_record({.input_num = 2, .output_num = 1, .dag_name = "n"}) +
                               port_record({.port_name = "a",
@@ -94,8 +88,8 @@ TEST(Inspection, NumbersThePortsOfEachListFromZeroAndShowsEveryField) {
                                            .port_byte_offset = 16}) +
                               port_record({.port_name = "b", .flags = 0xEA, .expoffset = 0x7F}) +
                               port_record({.port_name = "c"}));
-  expect_run(
-      run_tool(inspect, folder.path()), 1,
+  expect_tool(
+      inspect, 1,
       "version 2.1.6 ( HASH b3b3814 ) dvi_num: 1\n"
       "\n"
       "dvi_id: 0\t dvi_img_vaddr: 0\t dvi_img_size: 0\t dvi_dag_vaddr: 0\t input_num: 2\t "
@@ -125,25 +119,23 @@ const std::string with_vproc = package_header(1) + dvi_record(vproc_7) + vproc_r
                                variable_record("gain", 1, 2) + smb_record("lut", 3);
 const std::string report_without_vproc = report_begin({vproc_7});
 
-TEST(Inspection, WithoutVprocOptionLeavesTheVprocSectionOut) {
-  const scratch_folder folder;
+TEST_F(Inspection, WithoutVprocOptionLeavesTheVprocSectionOut) {
   folder.write("net.bin", with_vproc);
-  expect_run(run_tool(inspect, folder.path()), 1, report_without_vproc + report_end("."));
+  expect_tool(inspect, 1, report_without_vproc + report_end("."));
   expect_files(folder.files("parse"), {{"net.dvi", ""}, {"_net.h", dag_block(vproc_7)}});
 }
 
-TEST(Inspection, WithVprocOptionReportsTheVprocSection) {
-  const scratch_folder folder;
+TEST_F(Inspection, WithVprocOptionReportsTheVprocSection) {
   folder.write("net.bin", with_vproc);
-  expect_run(run_tool(inspect_with_vproc, folder.path()), 1,
-             report_without_vproc +
-                 "vproc_id: 7 dag_name: net variable_num: 1 smb_num: 1\n"
-                 "\n"
-                 "var: gain\t boffset = 1\t bsize = 2\n"
-                 "\n"
-                 "smb_id: 0\t vbase_byte_offset: 3\t smb_name: lut\n"
-                 "\n" +
-                 report_end("."));
+  expect_tool(inspect_with_vproc, 1,
+              report_without_vproc +
+                  "vproc_id: 7 dag_name: net variable_num: 1 smb_num: 1\n"
+                  "\n"
+                  "var: gain\t boffset = 1\t bsize = 2\n"
+                  "\n"
+                  "smb_id: 0\t vbase_byte_offset: 3\t smb_name: lut\n"
+                  "\n" +
+                  report_end("."));
   expect_files(folder.files("parse"),
                {{"net.dvi", ""},
                 {"_net.h", dag_block(vproc_7) + "\n"
@@ -155,25 +147,22 @@ TEST(Inspection, WithVprocOptionReportsTheVprocSection) {
                                                 "#define\tnet_lut_vbase_byte_offset\t3\n"}});
 }
 
-TEST(Inspection, WithVprocOptionSkipsASectionThatIsNotThere) {
-  const scratch_folder folder;
+TEST_F(Inspection, WithVprocOptionSkipsASectionThatIsNotThere) {
   folder.write("net.bin", package_header(1) + dvi_record(vproc_7));
-  expect_run(run_tool(inspect_with_vproc, folder.path()), 1,
-             report_without_vproc + report_end("."));
+  expect_tool(inspect_with_vproc, 1, report_without_vproc + report_end("."));
 }
 
-TEST(Inspection, DoesNotUseTheDeclaredSizes) {
-  const scratch_folder folder;
+TEST_F(Inspection, DoesNotUseTheDeclaredSizes) {
   folder.write("net.bin", package_header(1) + dvi_record(vproc_7) + vproc_record(1, 0, 99) +
                               variable_record("x", 0, 4294967295));
-  expect_run(run_tool(inspect_with_vproc, folder.path()), 1,
-             report_without_vproc +
-                 "vproc_id: 7 dag_name: net variable_num: 1 smb_num: 0\n"
-                 "\n"
-                 "var: x\t boffset = 0\t bsize = 4294967295\n"
-                 "\n"
-                 "\n" +
-                 report_end("."));
+  expect_tool(inspect_with_vproc, 1,
+              report_without_vproc +
+                  "vproc_id: 7 dag_name: net variable_num: 1 smb_num: 0\n"
+                  "\n"
+                  "var: x\t boffset = 0\t bsize = 4294967295\n"
+                  "\n"
+                  "\n" +
+                  report_end("."));
 }
 
 }  // namespace

@@ -1,68 +1,62 @@
 // Names in packages of other programs: with slashes, without a NUL, with any byte.
-#include <gtest/gtest.h>
-
-#include "end_to_end/expectations.h"
 #include "end_to_end/inspection_output.h"
-#include "end_to_end/package_records.h"
-#include "harness/run_tool.h"
-#include "harness/scratch_folder.h"
+#include "end_to_end/tool_test.h"
 
 namespace morvane::test {
 namespace {
 
 const std::vector<std::string> inspect_into_out = {"-f", "net.bin", "-v", "-p", "out"};
 
-TEST(PackageName, WithASlashNamesFilesThatCannotBeCreated) {
+using PackageName = tool_test;
+
+TEST_F(PackageName, WithASlashNamesFilesThatCannotBeCreated) {
   for (const std::string name : {"../net", "/net", "a/b", "net/", "..//.."}) {
     SCOPED_TRACE(name);
-    const scratch_folder folder;
+    const scratch_folder other;
     const dvi_fields dvi = {.img_size = 5, .dag_name = name};
     const dvi_fields next = {.img_size = 4, .dag_name = "next"};
     const std::string lost = "can't open file out/parse/_" + name + ".h\n";
     const std::string package =
         package_header(2) + dvi_record(dvi) + dvi_record(next) + "imagenext";
-    folder.write("net.bin", package);
-    folder.write("out/_..", "stands where ../ would lead");
-    folder.write("out/net.dvi", "above the parse folder");
-    folder.write("out/_net.h", "above the parse folder");
-    folder.write("out/parse/a/b.dvi", "in a folder of the parse folder");
-    folder.write("out/parse/_a/b.h", "in a folder of the parse folder");
-    expect_run(run_tool(inspect_into_out, folder.path()), 1,
+    other.write("net.bin", package);
+    other.write("out/_..", "stands where ../ would lead");
+    other.write("out/net.dvi", "above the parse folder");
+    other.write("out/_net.h", "above the parse folder");
+    other.write("out/parse/a/b.dvi", "in a folder of the parse folder");
+    other.write("out/parse/_a/b.h", "in a folder of the parse folder");
+    expect_run(run_tool(inspect_into_out, other.path()), 1,
                first_line(2) + "\n" + table_line(dvi) + table_line(next) + lost + "\n" +
                    heading(dvi) + lost + lost + "\ncan't open file out/parse/" + name + ".dvi\n" +
                    heading(next) + "\n" + failed_report_end("out"));
-    expect_files(folder.files(), {{"net.bin", package},
-                                  {"out/_..", "stands where ../ would lead"},
-                                  {"out/net.dvi", "above the parse folder"},
-                                  {"out/_net.h", "above the parse folder"},
-                                  {"out/parse/a/b.dvi", "in a folder of the parse folder"},
-                                  {"out/parse/_a/b.h", "in a folder of the parse folder"},
-                                  {"out/parse/next.dvi", "next"},
-                                  {"out/parse/_next.h", dag_block(next)}});
+    expect_files(other.files(), {{"net.bin", package},
+                                 {"out/_..", "stands where ../ would lead"},
+                                 {"out/net.dvi", "above the parse folder"},
+                                 {"out/_net.h", "above the parse folder"},
+                                 {"out/parse/a/b.dvi", "in a folder of the parse folder"},
+                                 {"out/parse/_a/b.h", "in a folder of the parse folder"},
+                                 {"out/parse/next.dvi", "next"},
+                                 {"out/parse/_next.h", dag_block(next)}});
   }
 }
 
-TEST(PackageName, OfDotsIsAName) {
-  const scratch_folder folder;
+TEST_F(PackageName, OfDotsIsAName) {
   folder.make_folder("out");
   const dvi_fields dvi = {.img_size = 5, .dag_name = ".."};
   folder.write("net.bin", package_header(1) + dvi_record(dvi) + "image");
-  expect_run(run_tool(inspect_into_out, folder.path()), 1, report_begin({dvi}) + report_end("out"));
+  expect_tool(inspect_into_out, 1, report_begin({dvi}) + report_end("out"));
   EXPECT_EQ(folder.read("out/parse/...dvi"), "image");
   EXPECT_TRUE(folder.exists("out/parse/_...h"));
 }
 
-TEST(PackageName, EndsAtItsFirstNul) {
-  const scratch_folder folder;
+TEST_F(PackageName, EndsAtItsFirstNul) {
   folder.make_folder("out");
   folder.write("net.bin",
                package_header(1) + dvi_record({.dag_name = std::string_view("net\0work", 8)}));
-  EXPECT_EQ(run_tool(inspect_into_out, folder.path()).status, 1);
+  EXPECT_EQ(tool(inspect_into_out).status, 1);
   EXPECT_TRUE(folder.exists("out/parse/net.dvi"));
 }
 
-TEST(PackageName, WithoutANulEndsWithItsField) {
-  const scratch_folder folder;
+TEST_F(PackageName, WithoutANulEndsWithItsField) {
   folder.make_folder("out");
   const std::string dag(128, 'd');
   const std::string port(512, 'p');
@@ -74,8 +68,8 @@ TEST(PackageName, WithoutANulEndsWithItsField) {
                               port_record({.port_name = port, .layer_name = layer}) +
                               vproc_record(1, 1, 0) + variable_record(variable, 1, 2) +
                               smb_record(smb, 3));
-  expect_run(
-      run_tool({"-f", "net.bin", "-v", "-p", "out", "-c"}, folder.path()), 1,
+  expect_tool(
+      {"-f", "net.bin", "-v", "-p", "out", "-c"}, 1,
       first_line(1) + "\n" + table_line(dvi) + "\n" + heading(dvi) +
           "input_id: 0\t port_size: 0\t port_byte_offset: 0\t bitvector: 0\t dim: (P, D, H, W) = "
           "( 0, 0, 0, 0)\tpitch: 0\tdram_format: 0\tdata_format: (255, 255, -1, 255)\t"
@@ -90,13 +84,12 @@ TEST(PackageName, WithoutANulEndsWithItsField) {
             std::string::npos);
 }
 
-TEST(PackageName, IsPrintedAndWrittenAsItStands) {
-  const scratch_folder folder;
+TEST_F(PackageName, IsPrintedAndWrittenAsItStands) {
   folder.make_folder("out");
   const std::string name = "a b\t\xC3\xA9\xFF\r\"%s\n";
   const dvi_fields dvi = {.dag_name = name};
   folder.write("net.bin", package_header(1) + dvi_record(dvi));
-  expect_run(run_tool(inspect_into_out, folder.path()), 1, report_begin({dvi}) + report_end("out"));
+  expect_tool(inspect_into_out, 1, report_begin({dvi}) + report_end("out"));
   expect_files(folder.files("out/parse"),
                {{name + ".dvi", ""}, {"_" + name + ".h", dag_block(dvi)}});
 }

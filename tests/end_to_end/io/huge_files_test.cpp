@@ -1,17 +1,11 @@
 // Images and packages of more than 2 and 4 GiB. Their files are sparse and in memory, where holes
 // are read fast, and no image is written.
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <fstream>
 #include <memory>
 
-#include "end_to_end/compiler_output.h"
-#include "end_to_end/expectations.h"
 #include "end_to_end/inspection_output.h"
-#include "end_to_end/package_records.h"
-#include "harness/run_tool.h"
-#include "harness/scratch_folder.h"
+#include "end_to_end/tool_test.h"
 
 namespace morvane::test {
 namespace {

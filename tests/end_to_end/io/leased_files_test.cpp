@@ -1,15 +1,10 @@
 // Files that another program holds a lease on: the tool waits until the holder gives the file up.
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <csignal>
 
-#include "end_to_end/compiler_output.h"
-#include "end_to_end/expectations.h"
-#include "end_to_end/package_records.h"
-#include "harness/run_tool.h"
-#include "harness/scratch_folder.h"
+#include "end_to_end/tool_test.h"
 
 namespace morvane::test {
 namespace {
@@ -46,9 +41,9 @@ class lease {
   bool is_held_ = false;
 };
 
-class LeasedFile : public testing::Test {
+class LeasedFile : public tool_test {
  protected:
-  void SetUp() override { put_dag(folder, "net", dag_lines("net", 5), "image"); }
+  void SetUp() override { put_dag("net", dag_lines("net", 5), "image"); }
 
   /// Packs while a lease is held on a file.
   void expect_packed_under_lease_on(const std::string& name) const {
@@ -56,14 +51,13 @@ class LeasedFile : public testing::Test {
     if (!held.is_held()) {
       GTEST_SKIP() << "no leases on this file system";
     }
-    EXPECT_EQ(run_tool(pack, folder.path()).status, 0);
+    EXPECT_EQ(tool(pack).status, 0);
     EXPECT_GE(breaks, 1);
     expect_bytes(folder.read("net.bin"), package);
   }
 
   const std::string package =
       package_header(1) + dvi_record({.img_size = 5, .pkg_size = 5, .dag_name = "net"}) + "image";
-  scratch_folder folder;
 };
 
 TEST_F(LeasedFile, AHeaderIsReadWhenItIsGivenUp) {
@@ -85,7 +79,7 @@ TEST_F(LeasedFile, APackageIsInspectedWhenItIsGivenUp) {
   if (!held.is_held()) {
     GTEST_SKIP() << "no leases on this file system";
   }
-  EXPECT_EQ(run_tool({"-f", "net.bin", "-v"}, folder.path()).status, 1);
+  EXPECT_EQ(tool({"-f", "net.bin", "-v"}).status, 1);
   EXPECT_GE(breaks, 1);
   EXPECT_EQ(folder.read("parse/net.dvi"), "image");
 }
@@ -97,7 +91,7 @@ TEST_F(LeasedFile, AnOlderOutputIsReplacedWhateverItsHolderDoes) {
   if (!held.is_held()) {
     GTEST_SKIP() << "no leases on this file system";
   }
-  EXPECT_EQ(run_tool({"-f", "net.bin", "-v"}, folder.path()).status, 1);
+  EXPECT_EQ(tool({"-f", "net.bin", "-v"}).status, 1);
   EXPECT_EQ(folder.read("parse/net.dvi"), "image");
 }
 
@@ -107,7 +101,7 @@ TEST_F(LeasedFile, ThatIsThePackageUnderAnInputsNameIsRefused) {
   if (!held.is_held()) {
     GTEST_SKIP() << "no leases on this file system";
   }
-  expect_run(run_tool(pack, folder.path()), 255, "error: can't open file net.bin\n");
+  expect_tool(pack, 255, "error: can't open file net.bin\n");
   EXPECT_EQ(folder.read("in/net.dvi"), "image");
 }
 

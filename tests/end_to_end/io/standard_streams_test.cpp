@@ -1,6 +1,5 @@
 // Standard streams that are closed, or take no more for a while.
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <array>
@@ -8,11 +7,7 @@
 #include <csignal>
 #include <thread>
 
-#include "end_to_end/compiler_output.h"
-#include "end_to_end/expectations.h"
-#include "end_to_end/package_records.h"
-#include "harness/run_tool.h"
-#include "harness/scratch_folder.h"
+#include "end_to_end/tool_test.h"
 
 namespace morvane::test {
 namespace {
@@ -31,18 +26,18 @@ std::string put_net(const scratch_folder& folder) {
          "image" + no_vproc;
 }
 
-TEST(ClosedStream, MessagesOfAClosedStandardOutputStayOutOfThePackage) {
-  const scratch_folder folder;
+using ClosedStream = tool_test;
+
+TEST_F(ClosedStream, MessagesOfAClosedStandardOutputStayOutOfThePackage) {
   const std::string package = put_net(folder);
   expect_run(run_redirected(">&-", pack_with_vproc, folder.path()), 0, "");
   expect_bytes(folder.read("net.bin"), package);
 }
 
-TEST(ClosedStream, AllThreeMayBeClosed) {
+TEST_F(ClosedStream, AllThreeMayBeClosed) {
   if (!run_prefix().empty()) {
     GTEST_SKIP() << "an emulator or a checker does not start without standard error";
   }
-  const scratch_folder folder;
   const std::string package = put_net(folder);
   expect_run(
       run_redirected("<&- >&- 2>&-", {"-d", "in", "-f", "net.bin", "-c", "-v"}, folder.path()), 0,
@@ -51,11 +46,10 @@ TEST(ClosedStream, AllThreeMayBeClosed) {
   expect_bytes(folder.read("parse/net.dvi"), "image");
 }
 
-TEST(ClosedStream, DiagnosticsOfAClosedStandardErrorStayOutOfEveryFile) {
+TEST_F(ClosedStream, DiagnosticsOfAClosedStandardErrorStayOutOfEveryFile) {
   if (!run_prefix().empty()) {
     GTEST_SKIP() << "an emulator or a checker does not start without standard error";
   }
-  const scratch_folder folder;
   // The second DVI claims a negative number of ports, which stops the inspection.
   const std::string package = package_header(2) + dvi_record({.img_size = 5, .dag_name = "net"}) +
                               dvi_record({.input_num = 0x80000000, .dag_name = "bad"}) + "image";
@@ -71,11 +65,10 @@ TEST(ClosedStream, DiagnosticsOfAClosedStandardErrorStayOutOfEveryFile) {
                "#define\tbad_dagbin_start\t0\n");
 }
 
-TEST(ClosedStream, AnUnknownOptionSaysSoToNobody) {
+TEST_F(ClosedStream, AnUnknownOptionSaysSoToNobody) {
   if (!run_prefix().empty()) {
     GTEST_SKIP() << "an emulator or a checker does not start without standard error";
   }
-  const scratch_folder folder;
   const run_result run = run_redirected("2>&-", {"-x"}, folder.path());
   EXPECT_EQ(run.status, 255);
   EXPECT_TRUE(run.output.starts_with("morvane_gen: unknown switch\n"));
@@ -123,28 +116,27 @@ run_result run_into_pipe(const std::vector<std::string>& arguments, const std::s
   return run;
 }
 
-TEST(SlowStream, InNonBlockingModeGetsEveryLine) {
-  const scratch_folder folder;
+using SlowStream = tool_test;
+
+TEST_F(SlowStream, InNonBlockingModeGetsEveryLine) {
   write_long_package(folder);
-  const run_result expected = run_tool({"-f", "net.bin", "-v"}, folder.path());
+  const run_result expected = tool({"-f", "net.bin", "-v"});
   ASSERT_GT(expected.output.size(), 200000U);
   const run_result run = run_into_pipe({"-f", "net.bin", "-v"}, folder.path(), O_NONBLOCK, false);
   EXPECT_EQ(run.status, 1);
   EXPECT_TRUE(run.output == expected.output) << run.output.size();
 }
 
-TEST(SlowStream, GetsEveryLineOfARunThatIsStoppedAndGoesOn) {
-  const scratch_folder folder;
+TEST_F(SlowStream, GetsEveryLineOfARunThatIsStoppedAndGoesOn) {
   write_long_package(folder);
-  const run_result expected = run_tool({"-f", "net.bin", "-v"}, folder.path());
+  const run_result expected = tool({"-f", "net.bin", "-v"});
   ASSERT_GT(expected.output.size(), 200000U);
   const run_result run = run_into_pipe({"-f", "net.bin", "-v"}, folder.path(), 0, true);
   EXPECT_EQ(run.status, 1);
   EXPECT_TRUE(run.output == expected.output) << run.output.size();
 }
 
-TEST(SlowStream, ThatNobodyReadsEndsTheRunByItsSignal) {
-  const scratch_folder folder;
+TEST_F(SlowStream, ThatNobodyReadsEndsTheRunByItsSignal) {
   write_long_package(folder);
   std::array<int, 2> ends{};
   ASSERT_EQ(::pipe2(ends.data(), O_CLOEXEC), 0);

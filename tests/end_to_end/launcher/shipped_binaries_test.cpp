@@ -1,17 +1,11 @@
 // The files of the program and its library: what the library exports, and from where both run.
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <sstream>
 
-#include "end_to_end/compiler_output.h"
 #include "end_to_end/driver/usage_text.h"
-#include "end_to_end/expectations.h"
 #include "end_to_end/inspection_output.h"
-#include "end_to_end/package_records.h"
-#include "harness/run_tool.h"
-#include "harness/scratch_folder.h"
+#include "end_to_end/tool_test.h"
 
 namespace morvane::test {
 namespace {
@@ -31,8 +25,9 @@ void copy_into(const scratch_folder& folder, const std::string& file) {
   fs::copy_file(file, folder.path(fs::path(file).filename().string()));
 }
 
-TEST(Library, DefinesOneDynamicSymbol) {
-  const scratch_folder folder;
+using Library = tool_test;
+
+TEST_F(Library, DefinesOneDynamicSymbol) {
   const run_result run = run_program(
       {"nm", "--dynamic", "--defined-only", "--format=posix", library_path()}, folder.path());
   if (run.status == 127) {
@@ -43,27 +38,28 @@ TEST(Library, DefinesOneDynamicSymbol) {
   EXPECT_EQ(std::ranges::count(run.output, '\n'), 1);
 }
 
-TEST(Pair, RunsFromAnotherFolderWhenMovedTogether) {
-  const scratch_folder folder;
+using Pair = tool_test;
+
+TEST_F(Pair, RunsFromAnotherFolderWhenMovedTogether) {
   copy_into(folder, tool_path());
   copy_into(folder, library_path());
-  put_dag(folder, "net", dag_lines("net", 5), "image");
+  put_dag("net", dag_lines("net", 5), "image");
   const std::string program = folder.path("morvane_gen");
   expect_run(run_copy(program, {"--version"}, "/"), 1, version_line);
   expect_run(run_copy(program, {"-d", "in"}, folder.path()), 0,
              no_ports + "Save to file morvane_gen.bin with file size 173.\n\n");
 }
 
-TEST(Pair, TakesItsLibraryFromItsOwnFolder) {
-  const scratch_folder folder;
+TEST_F(Pair, TakesItsLibraryFromItsOwnFolder) {
   copy_into(folder, tool_path());
   // Without its library in the same folder the program does not start: it searches nowhere else.
   expect_run(run_copy(folder.path("morvane_gen"), {"--version"}, folder.path()), 127, "");
 }
 
-TEST(WorkingFolder, IsWhereRelativePathsBegin) {
-  const scratch_folder folder;
-  put_dag(folder, "net", dag_lines("net", 5), "image");
+using WorkingFolder = tool_test;
+
+TEST_F(WorkingFolder, IsWhereRelativePathsBegin) {
+  put_dag("net", dag_lines("net", 5), "image");
   folder.make_folder("work/out");
   expect_run(
       run_tool({"-d", "../in", "-f", "../net.bin", "-p", "out", "-v"}, folder.path("work")), 0,
@@ -75,9 +71,8 @@ TEST(WorkingFolder, IsWhereRelativePathsBegin) {
   EXPECT_TRUE(folder.exists("net.bin"));
 }
 
-TEST(WorkingFolder, DoesNotMatterToAbsolutePaths) {
-  const scratch_folder folder;
-  put_dag(folder, "net", dag_lines("net", 5), "image");
+TEST_F(WorkingFolder, DoesNotMatterToAbsolutePaths) {
+  put_dag("net", dag_lines("net", 5), "image");
   const std::string input = folder.path("in");
   const std::string package = folder.path("net.bin");
   expect_run(run_tool({"-d", input, "-f", package}, "/"), 0,
