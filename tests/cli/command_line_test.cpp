@@ -2,9 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "cli/outcome.h"
-#include "cli/sound_package.h"
+#include "harness/packages.h"
 #include "harness/sanitizer.h"
-#include "harness/scratch_folder.h"
 
 namespace morvane::test {
 namespace {
@@ -20,11 +19,13 @@ run_result run_bash(const std::string& command, const std::string& folder) {
       folder);
 }
 
-TEST(CommandLine, TellsItsVersion) {
+using CommandLine = morvane_test;
+
+TEST_F(CommandLine, TellsItsVersion) {
   expect_outcome(run_morvane({"--version"}, "."), 0, "morvane version 2.1.6 ( HASH b3b3814 )\n");
 }
 
-TEST(CommandLine, HelpsWithTheProgramAndWithEachCommand) {
+TEST_F(CommandLine, HelpsWithTheProgramAndWithEachCommand) {
   const run_result program = run_morvane({"--help"}, ".");
   EXPECT_EQ(program.status, 0);
   EXPECT_EQ(program.diagnostics, "");
@@ -43,7 +44,7 @@ void expect_mistake(const std::vector<std::string>& arguments, const std::string
                  "morvane: " + sentence + "; try morvane" + command + " --help\n");
 }
 
-TEST(CommandLine, RefusesWhatItDoesNotKnow) {
+TEST_F(CommandLine, RefusesWhatItDoesNotKnow) {
   expect_mistake({"chek", "net.bin"}, "", "unknown command \"chek\"");
   expect_mistake({"[check"}, "", "unknown command \"[check\"");
   expect_mistake({"++"}, "", "unknown command \"++\"");
@@ -68,7 +69,7 @@ TEST(CommandLine, RefusesWhatItDoesNotKnow) {
                  "--ignore: there is no code no-code");
 }
 
-TEST(CommandLine, RefusesWhenSomethingIsMissing) {
+TEST_F(CommandLine, RefusesWhenSomethingIsMissing) {
   expect_mistake({}, "", "a command is missing");
   expect_mistake({"check"}, " check", "PACKAGE is missing");
   expect_mistake({"check", "--"}, " check", "PACKAGE is missing");
@@ -80,7 +81,7 @@ TEST(CommandLine, RefusesWhenSomethingIsMissing) {
   expect_mistake({"lint", "out", "--ignore"}, " lint", "--ignore: the value is missing");
 }
 
-TEST(CommandLine, RefusesOptionsThatDoNotFit) {
+TEST_F(CommandLine, RefusesOptionsThatDoNotFit) {
   expect_mistake({"check", "--werror=yes", "net.bin"}, " check", "--werror takes no value");
   expect_mistake({"check", "--werror=", "net.bin"}, " check", "--werror takes no value");
   expect_mistake({"report", "net.bin", "-o", "a", "--output=b"}, " report",
@@ -93,7 +94,7 @@ TEST(CommandLine, RefusesOptionsThatDoNotFit) {
                  "--against and --dot exclude each other");
 }
 
-TEST(CommandLine, RefusesEmptyNames) {
+TEST_F(CommandLine, RefusesEmptyNames) {
   expect_mistake({"check", "net.bin", ""}, " check", "PACKAGE: the name is empty");
   expect_mistake({"check", "--format=", "net.bin"}, " check", "--format: the name is empty");
   expect_mistake({"lint", ""}, " lint", "FOLDER: the name is empty");
@@ -118,31 +119,26 @@ std::string sound_line(const std::string& name) {
   return name + ": sound, 2 DVIs, 4 ports, without vproc records, 4772 bytes\n";
 }
 
-TEST(CommandLine, TakesFileNamesAsTheyAre) {
-  const scratch_folder folder;
+TEST_F(CommandLine, TakesFileNamesAsTheyAre) {
   for (const char* name :
        {"check", "[a,b]", "{}", "a b", "[]", "++", "-", "%%", "@a", "a=b", "\"a\"", "a,b", "'"}) {
     folder.write(name, sound_package());
-    expect_outcome(run_morvane({"check", name, name}, folder.path()), 0,
-                   sound_line(name) + sound_line(name));
-    const run_result page = run_morvane({"report", name, "--against", name}, folder.path());
+    expect_morvane({"check", name, name}, 0, sound_line(name) + sound_line(name));
+    const run_result page = morvane({"report", name, "--against", name});
     EXPECT_EQ(page.status, 0) << name;
   }
 }
 
-TEST(CommandLine, TakesWhatFollowsTwoDashesAsItIs) {
-  const scratch_folder folder;
+TEST_F(CommandLine, TakesWhatFollowsTwoDashesAsItIs) {
   for (const char* name : {"net.bin", "-x", "--help", "--", "-"}) {
     folder.write(name, sound_package());
-    expect_outcome(run_morvane({"check", "--", name}, folder.path()), 0, sound_line(name));
-    expect_outcome(run_morvane({"check", "net.bin", "--", name}, folder.path()), 0,
-                   sound_line("net.bin") + sound_line(name));
+    expect_morvane({"check", "--", name}, 0, sound_line(name));
+    expect_morvane({"check", "net.bin", "--", name}, 0, sound_line("net.bin") + sound_line(name));
   }
-  expect_outcome(run_morvane({"--", "check", "-q", "net.bin", "--"}, folder.path()), 0, "");
+  expect_morvane({"--", "check", "-q", "net.bin", "--"}, 0, "");
 }
 
-TEST(CommandLine, TakesAnyValueOfAnOption) {
-  const scratch_folder folder;
+TEST_F(CommandLine, TakesAnyValueOfAnOption) {
   folder.write("net.bin", sound_package());
   for (const char* name : {"a", "--", "-x", "++", "[a]", "{}", "a=b", "@a", "--help"}) {
     for (const auto& arguments : std::vector<std::vector<std::string>>{
@@ -150,14 +146,13 @@ TEST(CommandLine, TakesAnyValueOfAnOption) {
              {"report", "net.bin", std::string("-qo") + name},
              {"report", "net.bin", "--output", name},
              {"report", "net.bin", std::string("--output=") + name}}) {
-      expect_outcome(run_morvane(arguments, folder.path()), 0, "");
+      expect_morvane(arguments, 0, "");
       EXPECT_TRUE(std::filesystem::remove(folder.path(name))) << name;
     }
   }
 }
 
-TEST(CommandLine, EndsWithStatus2WhenStandardOutputTakesNothing) {
-  const scratch_folder folder;
+TEST_F(CommandLine, EndsWithStatus2WhenStandardOutputTakesNothing) {
   folder.write("net.bin", sound_package());
   for (const char* command : {"check net.bin", "show net.bin", "show --json net.bin", "--help"}) {
     expect_outcome(run_bash(std::string("morvane ") + command + " >/dev/full", folder.path()), 2,
@@ -173,27 +168,24 @@ TEST(CommandLine, EndsWithStatus2WhenStandardOutputTakesNothing) {
   }
 }
 
-TEST(CommandLine, EndsWithStatus2WhenThereIsNotEnoughMemory) {
+TEST_F(CommandLine, EndsWithStatus2WhenThereIsNotEnoughMemory) {
   if (under_sanitizer || !run_prefix().empty()) {
     GTEST_SKIP() << "a sanitizer, an emulator or a checker needs more memory than the limit";
   }
-  const scratch_folder folder;
   expect_outcome(run_bash("ulimit -v 100000; head -c 200000000 /dev/zero | "
                           "morvane check /dev/stdin",
                           folder.path()),
                  2, "", "morvane: not enough memory\n");
 }
 
-TEST(CommandLine, WorksWithoutStandardInputAndStandardError) {
-  const scratch_folder folder;
+TEST_F(CommandLine, WorksWithoutStandardInputAndStandardError) {
   folder.write("net.bin", sound_package());
   expect_outcome(run_bash("morvane check net.bin <&- 2>&-", folder.path()), 0,
                  "net.bin: sound, 2 DVIs, 4 ports, without vproc records, 4772 bytes\n");
   expect_outcome(run_bash("morvane check none 2>&-", folder.path()), 2, "");
 }
 
-TEST(CommandLine, ColoursSeveritiesOnATerminalOnly) {
-  const scratch_folder folder;
+TEST_F(CommandLine, ColoursSeveritiesOnATerminalOnly) {
   folder.write("net.bin", "");
   const auto on_a_terminal = [&](const std::string& settings) {
     return run_bash("export -f morvane; " + settings +
@@ -211,7 +203,7 @@ TEST(CommandLine, ColoursSeveritiesOnATerminalOnly) {
   EXPECT_EQ(on_a_terminal("SHELL=/bin/bash TERM=xterm").output, coloured);
   EXPECT_EQ(on_a_terminal("SHELL=/bin/bash TERM=xterm NO_COLOR=1").output, plain);
   EXPECT_EQ(on_a_terminal("SHELL=/bin/bash TERM=dumb").output, plain);
-  EXPECT_EQ(run_morvane({"check", "net.bin"}, folder.path()).output, plain);
+  EXPECT_EQ(morvane({"check", "net.bin"}).output, plain);
 }
 
 }  // namespace

@@ -2,8 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "cli/outcome.h"
-#include "cli/sound_package.h"
-#include "harness/scratch_folder.h"
+#include "harness/packages.h"
 
 namespace morvane::test {
 namespace {

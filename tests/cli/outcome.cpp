@@ -1,7 +1,5 @@
 #include "cli/outcome.h"
 
-#include <gtest/gtest.h>
-
 namespace morvane::test {
 
 void expect_outcome(const run_result& run, int status, std::string_view output,
@@ -16,6 +14,15 @@ run_result run_shell(const std::string& script, const std::string& folder) {
   const std::vector<std::string> program = morvane_words({});
   words.insert(words.end(), program.begin(), program.end());
   return run_program(words, folder);
+}
+
+run_result morvane_test::morvane(const std::vector<std::string>& arguments) const {
+  return run_morvane(arguments, folder.path());
+}
+
+void morvane_test::expect_morvane(const std::vector<std::string>& arguments, int status,
+                                  std::string_view output, std::string_view diagnostics) const {
+  expect_outcome(morvane(arguments), status, output, diagnostics);
 }
 
 }  // namespace morvane::test

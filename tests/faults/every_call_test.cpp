@@ -181,8 +181,8 @@ void expect_orderly_ends(sample& sample, const std::vector<std::string>& argumen
 class EveryCall : public testing::Test {
  protected:
   void SetUp() override {
-    if (!can_make_faults()) {
-      GTEST_SKIP() << "a preloaded library would reach the run prefix";
+    if (const std::string reason = no_faults_because(tool_path()); !reason.empty()) {
+      GTEST_SKIP() << reason;
     }
   }
   sample sample_;
@@ -218,10 +218,9 @@ TEST_F(EveryCall, IsCounted) {
   EXPECT_EQ(calls["unlink"], 2U);
 }
 
-TEST(UnreadableFolder, ThatFailsMidwayCountsAsOneThatCannotBeOpened) {
-  if (!can_make_faults()) {
-    GTEST_SKIP() << "a preloaded library would reach the run prefix";
-  }
+using UnreadableFolder = EveryCall;
+
+TEST_F(UnreadableFolder, ThatFailsMidwayCountsAsOneThatCannotBeOpened) {
   const scratch_folder folder;
   for (int i = 0; i < 300; ++i) {
     folder.write("in/net_split_" + std::to_string(i) + ".dvi", "");
@@ -238,10 +237,7 @@ TEST(UnreadableFolder, ThatFailsMidwayCountsAsOneThatCannotBeOpened) {
   }
 }
 
-TEST(UnreadableFolder, ThatFailsMidwayInTheSearchForHeadersHasNone) {
-  if (!can_make_faults()) {
-    GTEST_SKIP() << "a preloaded library would reach the run prefix";
-  }
+TEST_F(UnreadableFolder, ThatFailsMidwayInTheSearchForHeadersHasNone) {
   const scratch_folder folder;
   folder.write("in/net.dvi", "");
   folder.write("in/net.h", "");

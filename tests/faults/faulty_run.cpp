@@ -41,19 +41,28 @@ std::string error_effect(int error) {
   return std::to_string(error);
 }
 
-bool can_make_faults() {
-  return run_prefix().empty();
+std::string no_faults_because(const std::string& program) {
+  if (!std::filesystem::exists(program)) {
+    return "the program is not built";
+  }
+  return run_prefix().empty() ? "" : "a preloaded library would reach the run prefix";
 }
 
-bool can_have(nameless_files nameless, const std::string& folder) {
+std::string no_runs_because(nameless_files nameless, const std::string& folder) {
+  if (!std::filesystem::exists(morvane_path())) {
+    return "the program is not built";
+  }
   if (nameless == nameless_files::impossible) {
-    return can_make_faults();
+    return no_faults_because(morvane_path());
   }
   const int file = ::open(folder.c_str(), O_RDWR | O_TMPFILE | O_CLOEXEC, 0600);
-  if (file >= 0) {
-    ::close(file);
-  }
-  return file >= 0;
+  ::close(file);
+  return file >= 0 ? "" : "the file system has files with names only";
+}
+
+std::string no_faults_because(nameless_files nameless, const std::string& folder) {
+  const std::string reason = no_faults_because(morvane_path());
+  return reason.empty() ? no_runs_because(nameless, folder) : reason;
 }
 
 run_result run_with(const fault& fault, const std::vector<std::string>& command,

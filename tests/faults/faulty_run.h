@@ -35,15 +35,19 @@ inline void PrintTo(nameless_files kind, std::ostream* shown) {
   *shown << (kind == nameless_files::possible ? "nameless files" : "temporary names");
 }
 
-/// Whether the runs of a test can be like this in a folder: its file system must make such files,
-/// or the fault library must be able to hide that.
-bool can_have(nameless_files nameless, const std::string& folder);
+/// Why runs of morvane cannot be like this in a folder: its file system must make such files, or
+/// the fault library must be able to hide that. Empty where they can.
+std::string no_runs_because(nameless_files nameless, const std::string& folder);
 
 /// The effect of an error such as ENOSPC.
 std::string error_effect(int error);
 
-/// Whether faults can be made here: not behind an emulator or a memory checker.
-bool can_make_faults();
+/// Why no faults can be made in runs of a program, such as tool_path() or morvane_path(): it is not
+/// built, or runs behind an emulator or a memory checker. Empty where they can.
+std::string no_faults_because(const std::string& program);
+
+/// The same of runs of morvane that are like this in a folder.
+std::string no_faults_because(nameless_files nameless, const std::string& folder);
 
 /// Runs a command, such as tool_words or morvane_words, in a folder with a fault.
 run_result run_with(const fault& fault, const std::vector<std::string>& command,

@@ -16,11 +16,8 @@ namespace fs = std::filesystem;
 class KeptInputs : public testing::Test {
  protected:
   void SetUp() override {
-    if (!fs::exists(morvane_path())) {
-      GTEST_SKIP() << "morvane is not built";
-    }
-    if (!can_make_faults()) {
-      GTEST_SKIP() << "a preloaded library would reach the run prefix";
+    if (const std::string reason = no_faults_because(morvane_path()); !reason.empty()) {
+      GTEST_SKIP() << reason;
     }
     folder.write("in/net.dvi", "image");
     folder.write("in/net.h", "#define net_DAG_NAME net\n#define net_image_size 5\n");

@@ -14,8 +14,8 @@ namespace {
 class LargeImage : public testing::Test {
  protected:
   void SetUp() override {
-    if (!can_make_faults()) {
-      GTEST_SKIP() << "a preloaded library would reach the run prefix";
+    if (const std::string reason = no_faults_because(tool_path()); !reason.empty()) {
+      GTEST_SKIP() << reason;
     }
     for (std::size_t i = 0; i < image.size(); ++i) {
       image[i] = static_cast<char>(i % 251);
@@ -69,8 +69,8 @@ TEST_F(LargeImage, IsExtractedByAnInspection) {
 }
 
 TEST_F(LargeImage, IsExtractedByMorvane) {
-  if (!std::filesystem::exists(morvane_path())) {
-    GTEST_SKIP() << "morvane is not built";
+  if (const std::string reason = no_faults_because(morvane_path()); !reason.empty()) {
+    GTEST_SKIP() << reason;
   }
   expect_same_bytes(morvane_words({"extract", "net.bin"}), 0, "net.dvi", image);
 }

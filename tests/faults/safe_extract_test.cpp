@@ -4,11 +4,12 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <filesystem>
 
 #include "faults/faulty_run.h"
+#include "harness/packages.h"
 #include "harness/scratch_folder.h"
-#include "trust/sample_package.h"
 
 namespace morvane::test {
 namespace {
@@ -19,14 +20,8 @@ using file_contents = std::map<std::string, std::string>;
 class SafeExtract : public testing::TestWithParam<nameless_files> {
  protected:
   void SetUp() override {
-    if (!std::filesystem::exists(morvane_path())) {
-      GTEST_SKIP() << "morvane is not built";
-    }
-    if (!can_make_faults()) {
-      GTEST_SKIP() << "a preloaded library would reach the run prefix";
-    }
-    if (!can_have(GetParam(), folder.path())) {
-      GTEST_SKIP() << "the file system, or a run prefix, has files of the other kind only";
+    if (const std::string reason = no_faults_because(GetParam(), folder.path()); !reason.empty()) {
+      GTEST_SKIP() << reason;
     }
     folder.write("net.bin", header(2) + bytes(dvi("first", 4)) + bytes(dvi("second", large)) +
                                 images["first.dvi"] + images["second.dvi"]);
@@ -108,6 +103,12 @@ TEST_P(SafeExtract, GoesOnAfterInterruptionsAndShortCalls) {
       EXPECT_EQ(expect_whole_outputs(), 2U);
     }
   }
+}
+
+TEST_P(SafeExtract, StopsSoonAtASignalAndLeavesWholeFiles) {
+  const run_result run = extract({.kind = "copy", .number = 2, .effect = "signal=15"});
+  EXPECT_EQ(run.status, 128 + SIGTERM);
+  EXPECT_EQ(expect_whole_outputs(), 1U);
 }
 
 TEST_P(SafeExtract, WorksWhereAFileCannotBeRenamedToAFreeNameInOneStep) {

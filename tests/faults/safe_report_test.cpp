@@ -6,8 +6,8 @@
 #include <filesystem>
 
 #include "faults/faulty_run.h"
+#include "harness/packages.h"
 #include "harness/scratch_folder.h"
-#include "trust/sample_package.h"
 
 namespace morvane::test {
 namespace {
@@ -15,14 +15,8 @@ namespace {
 class SafeReport : public testing::TestWithParam<nameless_files> {
  protected:
   void SetUp() override {
-    if (!std::filesystem::exists(morvane_path())) {
-      GTEST_SKIP() << "morvane is not built";
-    }
-    if (!can_make_faults()) {
-      GTEST_SKIP() << "a preloaded library would reach the run prefix";
-    }
-    if (!can_have(GetParam(), folder.path())) {
-      GTEST_SKIP() << "the file system, or a run prefix, has files of the other kind only";
+    if (const std::string reason = no_faults_because(GetParam(), folder.path()); !reason.empty()) {
+      GTEST_SKIP() << reason;
     }
     folder.write("net.bin", header(1) + bytes(dvi("net", 4)) + "AAAA");
     folder.write("out/net.html", "older");

@@ -14,11 +14,8 @@ namespace {
 class UnreadableInputs : public testing::Test {
  protected:
   void SetUp() override {
-    if (!std::filesystem::exists(morvane_path())) {
-      GTEST_SKIP() << "morvane is not built";
-    }
-    if (!can_make_faults()) {
-      GTEST_SKIP() << "a preloaded library would reach the run prefix";
+    if (const std::string reason = no_faults_because(morvane_path()); !reason.empty()) {
+      GTEST_SKIP() << reason;
     }
     copy_sample(folder);
     folder.write("net.bin", "an older package");

@@ -14,7 +14,7 @@
 #include "discovery/input_files.h"
 #include "fuzz/fuzz_target.h"
 #include "harness/scratch_folder.h"
-#include "trust/silence.h"
+#include "harness/silence.h"
 
 namespace morvane::test {
 namespace {

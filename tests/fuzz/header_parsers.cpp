@@ -7,11 +7,11 @@
 #include "discovery/duplicate_dag_names.h"
 #include "fuzz/fuzz_target.h"
 #include "harness/scratch_folder.h"
+#include "harness/silence.h"
 #include "headers/dag_descriptions.h"
 #include "headers/port_descriptions.h"
 #include "headers/vproc_descriptions.h"
 #include "headers/vproc_variables.h"
-#include "trust/silence.h"
 
 namespace morvane::test {
 namespace {

@@ -2,9 +2,9 @@
 // the parse folder is packed again.
 
 #include "fuzz/fuzz_target.h"
+#include "harness/silence.h"
 #include "trust/generated_folder.h"
 #include "trust/round_trip.h"
-#include "trust/silence.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace morvane::test;

@@ -14,8 +14,8 @@
 #include "cli/report/report_command.h"
 #include "cli/show/show_command.h"
 #include "fuzz/fuzz_target.h"
+#include "harness/packages.h"
 #include "harness/scratch_folder.h"
-#include "trust/sample_package.h"
 
 namespace morvane::test {
 namespace {

@@ -5,9 +5,9 @@
 
 #include "fuzz/fuzz_target.h"
 #include "harness/scratch_folder.h"
+#include "harness/silence.h"
 #include "inspect/inspect_package.h"
 #include "trust/claimed_output.h"
-#include "trust/silence.h"
 
 namespace morvane::test {
 namespace {

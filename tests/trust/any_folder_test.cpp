@@ -9,7 +9,7 @@
 
 #include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
-#include "trust/test_size.h"
+#include "harness/test_size.h"
 
 namespace morvane::test {
 namespace {

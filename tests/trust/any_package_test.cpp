@@ -13,14 +13,14 @@
 #include <thread>
 #include <vector>
 
+#include "harness/packages.h"
 #include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
+#include "harness/silence.h"
+#include "harness/test_size.h"
 #include "inspect/inspect_package.h"
 #include "trust/claimed_output.h"
 #include "trust/round_trip.h"
-#include "trust/sample_package.h"
-#include "trust/silence.h"
-#include "trust/test_size.h"
 
 namespace morvane::test {
 namespace {

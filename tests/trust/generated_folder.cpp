@@ -1,9 +1,10 @@
 #include "trust/generated_folder.h"
 
-#include <algorithm>
 #include <array>
 #include <initializer_list>
-#include <vector>
+#include <span>
+
+#include "format/macros.h"
 
 namespace morvane::test {
 
@@ -16,33 +17,6 @@ constexpr unsigned most_blocks = 9;
 
 constexpr std::string_view lower_case = "abcdefghijklmnopqrstuvwxyz";
 constexpr std::string_view upper_case = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
-
-constexpr std::array<std::string_view, 24> port_suffixes{"_qubrix_demangled_name",
-                                                         "_is_bitvector",
-                                                         "_dbase_byte_offset",
-                                                         "_drotate_bit_offset",
-                                                         "_hflip_bit_offset",
-                                                         "_vflip_bit_offset",
-                                                         "_dflip_bit_offset",
-                                                         "_pflip_bit_offset",
-                                                         "_W",
-                                                         "_H",
-                                                         "_D",
-                                                         "_P",
-                                                         "_dpitch_num_bytes",
-                                                         "_dram_format",
-                                                         "_dram_size_num_bytes",
-                                                         "_sign",
-                                                         "_datasize",
-                                                         "_expoffset",
-                                                         "_expbits",
-                                                         "_drotate",
-                                                         "_hflip",
-                                                         "_vflip",
-                                                         "_dflip",
-                                                         "_pflip"};
-constexpr std::array<std::string_view, 2> variable_suffixes{"_boffset", "_bsize"};
-constexpr std::array<std::string_view, 1> smb_suffixes{"_vbase_byte_offset"};
 
 bool one_in(choices& source, unsigned limit) {
   return choose(source, limit) == limit - 1;
@@ -140,24 +114,23 @@ void add_macro(header_writer& header, const std::string& macro, const std::strin
 
 /// A block with its macros in any order, some of them left out.
 void add_block(header_writer& header, const std::string& introduction, const std::string& prefix,
-               std::vector<std::string_view> suffixes) {
+               std::span<const macro_row> macros) {
   add_line(header, joined({"/* ", introduction, " */"}));
-  const unsigned turn = choose(header.source, static_cast<unsigned>(suffixes.size()));
-  std::rotate(suffixes.begin(), suffixes.begin() + turn, suffixes.end());
-  for (const std::string_view suffix : suffixes) {
+  const unsigned turn = choose(header.source, static_cast<unsigned>(macros.size()));
+  for (std::size_t i = 0; i < macros.size(); ++i) {
+    const macro_row& macro = macros[(i + turn) % macros.size()];
     if (one_in(header.source, 12)) {
       continue;
     }
-    const bool text = suffix == port_suffixes.front();
-    add_macro(header, joined({prefix, suffix}),
-              text ? joined({"\"", layer_name(header.source), "\""}) : number(header.source));
+    add_macro(header, joined({prefix, macro.suffix}),
+              macro.kind == macro_kind::text ? joined({"\"", layer_name(header.source), "\""})
+                                             : number(header.source));
   }
 }
 
 void add_port(header_writer& header, const std::string& dag, const std::string& keyword) {
   const std::string name = io_name(header.source, 'p', 140);
-  add_block(header, joined({dag, " ", keyword, " ", name}), joined({dag, "_", name}),
-            {port_suffixes.begin(), port_suffixes.end()});
+  add_block(header, joined({dag, " ", keyword, " ", name}), joined({dag, "_", name}), port_macros);
 }
 
 void add_any_block(header_writer& header, const std::string& dag) {
@@ -168,13 +141,12 @@ void add_any_block(header_writer& header, const std::string& dag) {
       return add_port(header, dag, "HMB_output");
     case 2: {
       const std::string name = name_of(header.source, 'v', lower_case, 126);
-      return add_block(header, joined({"$", name}), name,
-                       {variable_suffixes.begin(), variable_suffixes.end()});
+      return add_block(header, joined({"$", name}), name, variable_macros);
     }
     default: {
       const std::string name = io_name(header.source, 's', 60);
       return add_block(header, joined({dag, " SMB_input ", name}), joined({dag, "_", name}),
-                       {smb_suffixes.begin(), smb_suffixes.end()});
+                       smb_macros);
     }
   }
 }

@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include "harness/packages.h"
 #include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
-#include "trust/sample_package.h"
-#include "trust/test_size.h"
+#include "harness/test_size.h"
 
 namespace morvane::test {
 namespace {

@@ -11,9 +11,9 @@
 #include <sstream>
 #include <thread>
 
+#include "harness/packages.h"
 #include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
-#include "trust/sample_package.h"
 
 namespace morvane::test {
 namespace {
@@ -154,15 +154,6 @@ TEST(OutsideTheParseFolder, HardLinksInItAreNotWrittenTo) {
   expect_outputs_replaced(scratch);
 }
 
-TEST(OutsideTheParseFolder, PipesInItAreNotWrittenTo) {
-  const scratch_folder scratch;
-  place_sentinels(scratch);
-  for (const std::string& output : outputs) {
-    ASSERT_EQ(::mkfifo(scratch.path(output).c_str(), 0600), 0);
-  }
-  expect_outputs_replaced(scratch);
-}
-
 TEST(OutsideTheParseFolder, PipesInItWithAReaderAreNotWrittenTo) {
   const scratch_folder scratch;
   place_sentinels(scratch);
@@ -199,69 +190,62 @@ std::vector<std::string> as_ordinary_user(const std::vector<std::string>& argume
   return tool_words(arguments);
 }
 
-/// A folder that everybody can read and an ordinary user cannot write to, but its files can be.
-void make_unwritable(const scratch_folder& scratch, const std::string& folder) {
-  fs::permissions(scratch.path(), fs::perms{0755});
-  for (const auto& entry : fs::directory_iterator(scratch.path(folder))) {
-    if (entry.is_regular_file() && !entry.is_symlink()) {
-      fs::permissions(entry.path(), fs::perms{0666});
+class AFolderThatKeepsItsFiles : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (run_program(as_ordinary_user({"--version"}), scratch.path()).status != 1) {
+      GTEST_SKIP() << "an ordinary user cannot start the tool here";
     }
+    scratch.write("a.bin", package_with("net", "port"));
   }
-  fs::permissions(scratch.path(folder), fs::perms{0555});
-}
 
-TEST(AFolderThatKeepsItsFiles, HasThemEmptiedAndUsed) {
-  const scratch_folder scratch;
-  if (run_program(as_ordinary_user({"--version"}), scratch.path()).status != 1) {
-    GTEST_SKIP() << "an ordinary user cannot start the tool here";
+  /// Inspects a package as a user who can read the parse folder, and write to its files only.
+  [[nodiscard]] run_result inspect(const std::string& package) const {
+    fs::permissions(scratch.path(), fs::perms{0755});
+    for (const auto& entry : fs::directory_iterator(scratch.path("parse"))) {
+      if (entry.is_regular_file()) {
+        fs::permissions(entry.path(), fs::perms{0666});
+      }
+    }
+    fs::permissions(scratch.path("parse"), fs::perms{0555});
+    const run_result run =
+        run_program(as_ordinary_user({"-f", package, "-v", "-c"}), scratch.path());
+    fs::permissions(scratch.path("parse"), fs::perms{0755});
+    EXPECT_EQ(run.status, 1);
+    return run;
   }
-  scratch.write("a.bin", package_with("net", "port"));
+
+  scratch_folder scratch;
+};
+
+TEST_F(AFolderThatKeepsItsFiles, HasThemEmptiedAndUsed) {
   scratch.write("parse/net.dvi", "an older and longer image");
   scratch.write("parse/_net.h", "an older header");
-  make_unwritable(scratch, "parse");
-  const run_result run = run_program(as_ordinary_user({"-f", "a.bin", "-v", "-c"}), scratch.path());
-  EXPECT_EQ(run.status, 1);
+  const run_result run = inspect("a.bin");
   EXPECT_TRUE(run.output.ends_with(".dvi files are parsed to folder .//parse\n\n"));
   EXPECT_EQ(scratch.read("parse/net.dvi"), "image");
   EXPECT_TRUE(scratch.read("parse/_net.h").starts_with("#define\tnet_DAG_NAME\t\"net\"\n"));
-  fs::permissions(scratch.path("parse"), fs::perms{0755});
 }
 
-TEST(AFolderThatKeepsItsFiles, HasNoFileWithAnotherNameWrittenTo) {
-  const scratch_folder scratch;
-  if (run_program(as_ordinary_user({"--version"}), scratch.path()).status != 1) {
-    GTEST_SKIP() << "an ordinary user cannot start the tool here";
-  }
-  scratch.write("a.bin", package_with("net", "port"));
+TEST_F(AFolderThatKeepsItsFiles, HasNoFileWithAnotherNameWrittenTo) {
   scratch.write("parse/net.dvi", "image of another");
   scratch.write("header", "header of another");
   fs::create_hard_link(scratch.path("parse/net.dvi"), scratch.path("other.dvi"));
   fs::create_symlink("../header", scratch.path("parse/_net.h"));
-  make_unwritable(scratch, "parse");
   fs::permissions(scratch.path("header"), fs::perms{0666});
-  const run_result run = run_program(as_ordinary_user({"-f", "a.bin", "-v", "-c"}), scratch.path());
-  EXPECT_EQ(run.status, 1);
+  const run_result run = inspect("a.bin");
   EXPECT_TRUE(run.output.ends_with("error: fail to save parsed .dvi files to folder .//parse\n\n"));
   EXPECT_NE(run.output.find("can't open file .//parse/_net.h\n"), std::string::npos);
   EXPECT_EQ(scratch.read("other.dvi"), "image of another");
   EXPECT_EQ(scratch.read("header"), "header of another");
-  fs::permissions(scratch.path("parse"), fs::perms{0755});
 }
 
-TEST(AFolderThatKeepsItsFiles, DoesNotHaveThePackageEmptied) {
-  const scratch_folder scratch;
-  if (run_program(as_ordinary_user({"--version"}), scratch.path()).status != 1) {
-    GTEST_SKIP() << "an ordinary user cannot start the tool here";
-  }
+TEST_F(AFolderThatKeepsItsFiles, DoesNotHaveThePackageEmptied) {
   const std::string package = package_with("net", "port");
   scratch.write("parse/net.dvi", package);
-  make_unwritable(scratch, "parse");
-  const run_result run =
-      run_program(as_ordinary_user({"-f", "parse/net.dvi", "-v", "-c"}), scratch.path());
-  EXPECT_EQ(run.status, 1);
+  const run_result run = inspect("parse/net.dvi");
   EXPECT_NE(run.output.find("can't open file .//parse/net.dvi\n"), std::string::npos);
   EXPECT_EQ(scratch.read("parse/net.dvi"), package);
-  fs::permissions(scratch.path("parse"), fs::perms{0755});
 }
 
 /// Writes to a pipe that the tool reads a package from.

@@ -8,9 +8,9 @@
 #include <set>
 
 #include "format/records.h"
+#include "harness/silence.h"
+#include "harness/test_size.h"
 #include "trust/generated_folder.h"
-#include "trust/silence.h"
-#include "trust/test_size.h"
 
 namespace morvane::test {
 namespace {

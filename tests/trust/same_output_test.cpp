@@ -12,7 +12,7 @@
 
 #include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
-#include "trust/test_size.h"
+#include "harness/test_size.h"
 
 namespace morvane::test {
 namespace {
@@ -133,22 +133,6 @@ TEST(SecondRun, GivesTheSameFilesAndReport) {
   EXPECT_EQ(second_run.output, first_run.output);
   EXPECT_EQ(scratch.files(), first);
   EXPECT_EQ(first.size(), 6U + 1U + 6U);
-}
-
-TEST(SecondRun, ReplacesWhatIsLongerFromAnEarlierRun) {
-  const scratch_folder scratch;
-  for (const auto& [name, content] : folder_of({"a"})) {
-    scratch.write("in/" + name, content);
-  }
-  const std::string expected_image = "IMG0";
-  pack(scratch);
-  const auto expected = scratch.files();
-  for (const char* left : {"a.bin", "parse/net_split_0.dvi", "parse/_net_split_0.h"}) {
-    scratch.write(left, std::string(100'000, 'x'));
-  }
-  EXPECT_EQ(pack(scratch).status, 0);
-  EXPECT_EQ(scratch.files(), expected);
-  EXPECT_EQ(scratch.read("parse/net_split_0.dvi"), expected_image);
 }
 
 TEST(Architecture, TheToolIsBuiltForTheOneThatTheTestsRunOn) {

@@ -12,10 +12,10 @@
 #include "driver/settings.h"
 #include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
+#include "harness/silence.h"
+#include "harness/test_size.h"
 #include "inspect/inspect_package.h"
 #include "trust/generated_folder.h"
-#include "trust/silence.h"
-#include "trust/test_size.h"
 #include "view/opened_package.h"
 #include "view/view_report.h"
 

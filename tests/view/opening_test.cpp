@@ -4,7 +4,7 @@
 
 #include <set>
 
-#include "trust/sample_package.h"
+#include "harness/packages.h"
 #include "view/opened_package.h"
 
 namespace morvane::test {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "trust/sample_package.h"
+#include "harness/packages.h"
 #include "view/opened_package.h"
 
 namespace morvane::test {

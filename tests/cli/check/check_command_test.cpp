@@ -2,62 +2,56 @@
 #include <gtest/gtest.h>
 
 #include "cli/outcome.h"
-#include "cli/sound_package.h"
-#include "harness/run_tool.h"
-#include "harness/scratch_folder.h"
+#include "harness/packages.h"
 
 namespace morvane::test {
 namespace {
 
-TEST(CheckCommand, TellsThatAPackageIsSound) {
-  const scratch_folder folder;
+using CheckCommand = morvane_test;
+
+TEST_F(CheckCommand, TellsThatAPackageIsSound) {
   folder.write("net.bin", sound_package());
   folder.write("vproc.bin", sound_package_with_vproc());
-  expect_outcome(run_morvane({"check", "net.bin", "vproc.bin"}, folder.path()), 0,
+  expect_morvane({"check", "net.bin", "vproc.bin"}, 0,
                  "net.bin: sound, 2 DVIs, 4 ports, without vproc records, 4772 bytes\nvproc.bin: "
                  "sound, 2 DVIs, 4 ports, with vproc records, 5064 bytes\n");
 }
 
-TEST(CheckCommand, CountsOneOfAThingInTheSingular) {
-  const scratch_folder folder;
+TEST_F(CheckCommand, CountsOneOfAThingInTheSingular) {
   folder.write("net.bin",
                header(1) + bytes(sound_dvi(0, "net", 0, 1)) + bytes(port("p", "")) + image());
-  expect_outcome(run_morvane({"check", "net.bin"}, folder.path()), 0,
+  expect_morvane({"check", "net.bin"}, 0,
                  "net.bin: sound, 1 DVI, 1 port, without vproc records, 1312 bytes\n");
 }
 
-TEST(CheckCommand, ShowsWarningsOfASoundPackage) {
-  const scratch_folder folder;
+TEST_F(CheckCommand, ShowsWarningsOfASoundPackage) {
   folder.write("net.bin", header(1) + bytes(sound_dvi(0, "net", 0, 0)) + image());
   const std::string warning = "net.bin:0x1c: warning: DVI 0 has no ports [dvi-without-ports]\n";
   const std::string verdict = "net.bin: sound, 1 DVI, 0 ports, without vproc records, 232 bytes\n";
-  expect_outcome(run_morvane({"check", "net.bin"}, folder.path()), 0, warning + verdict);
-  expect_outcome(run_morvane({"check", "--werror", "net.bin"}, folder.path()), 1, warning);
-  expect_outcome(run_morvane({"check", "--werror", "-q", "net.bin"}, folder.path()), 1, warning);
-  expect_outcome(run_morvane({"check", "--quiet", "net.bin"}, folder.path()), 0, "");
+  expect_morvane({"check", "net.bin"}, 0, warning + verdict);
+  expect_morvane({"check", "--werror", "net.bin"}, 1, warning);
+  expect_morvane({"check", "--werror", "-q", "net.bin"}, 1, warning);
+  expect_morvane({"check", "--quiet", "net.bin"}, 0, "");
 }
 
-TEST(CheckCommand, GoesOnAfterAPackageThatCannotBeRead) {
-  const scratch_folder folder;
+TEST_F(CheckCommand, GoesOnAfterAPackageThatCannotBeRead) {
   folder.write("net.bin", sound_package());
-  expect_outcome(run_morvane({"check", "missing.bin", ".", "net.bin"}, folder.path()), 2,
+  expect_morvane({"check", "missing.bin", ".", "net.bin"}, 2,
                  "net.bin: sound, 2 DVIs, 4 ports, without vproc records, 4772 bytes\n",
                  "morvane: missing.bin: No such file or directory\nmorvane: .: Is a directory\n");
 }
 
-TEST(CheckCommand, EscapesTheFileName) {
-  const scratch_folder folder;
+TEST_F(CheckCommand, EscapesTheFileName) {
   folder.write("\x1B[2J\xFF.bin", sound_package());
-  expect_outcome(run_morvane({"check", "\x1B[2J\xFF.bin"}, folder.path()), 0,
+  expect_morvane({"check", "\x1B[2J\xFF.bin"}, 0,
                  "\\x1b[2J\\xff.bin: sound, 2 DVIs, 4 ports, without vproc records, 4772 bytes\n");
 }
 
-TEST(CheckCommand, WritesVerdictsAsJson) {
-  const scratch_folder folder;
+TEST_F(CheckCommand, WritesVerdictsAsJson) {
   folder.write("net.bin", sound_package());
   folder.write("\xFF\".bin", header(1) + bytes(sound_dvi(0, "a/b", 0, 0)) + image());
-  expect_outcome(
-      run_morvane({"check", "--format", "json", "net.bin", "\xFF\".bin", "none"}, folder.path()), 2,
+  expect_morvane(
+      {"check", "--format", "json", "net.bin", "\xFF\".bin", "none"}, 2,
       "{\"packages\": [\n"
       "  {\"file\": \"net.bin\", \"findings\": [], \"sound\": true, \"dvis\": 2, \"ports\": 4, "
       "\"vproc\": false, \"bytes\": 4772},\n"
@@ -73,11 +67,10 @@ TEST(CheckCommand, WritesVerdictsAsJson) {
       "morvane: none: No such file or directory\n");
 }
 
-TEST(CheckCommand, WritesFindingsAsSarifWithTheirPlaces) {
-  const scratch_folder folder;
+TEST_F(CheckCommand, WritesFindingsAsSarifWithTheirPlaces) {
   folder.write("a b.bin",
                header(1) + bytes(sound_dvi(0, "a/b", 0, 1)) + bytes(port("p", "")) + image());
-  const run_result run = run_morvane({"check", "--format=sarif", "a b.bin", "none"}, folder.path());
+  const run_result run = morvane({"check", "--format=sarif", "a b.bin", "none"});
   EXPECT_EQ(run.status, 2);
   EXPECT_NE(run.output.find(
                 "\"results\": [\n"
@@ -93,29 +86,54 @@ TEST(CheckCommand, WritesFindingsAsSarifWithTheirPlaces) {
       << run.output;
 }
 
-TEST(CheckCommand, ReadsPackagesFromPipes) {
-  const scratch_folder folder;
+TEST_F(CheckCommand, ReadsPackagesFromPipes) {
   folder.write("net.bin", sound_package());
-  const std::string command = "cat net.bin | \"$@\"";
-  std::vector<std::string> words = {"bash", "-c", command, "bash"};
-  for (const std::string& word : run_prefix()) {
-    words.push_back(word);
-  }
-  words.insert(words.end(), {morvane_path(), "check", "/dev/stdin"});
-  expect_outcome(run_program(words, folder.path()), 0,
+  expect_outcome(run_shell("cat net.bin | \"$@\" check /dev/stdin", folder.path()), 0,
                  "/dev/stdin: sound, 2 DVIs, 4 ports, without vproc records, 4772 bytes\n");
 }
 
-TEST(CheckCommand, NeedsOnlyTheRecordsOfAHugePackage) {
-  const scratch_folder folder;
+TEST_F(CheckCommand, NeedsOnlyTheRecordsOfAHugePackage) {
   dvi_desc huge = sound_dvi(0, "net", 0, 1);
   huge.dvi_img_size = 0x7FFFFFFF;
   huge.dvi_pkg_size = huge.dvi_img_size + 1080;
   const std::string records = header(1) + bytes(huge) + bytes(port("p", ""));
   folder.write("net.bin", records);
   std::filesystem::resize_file(folder.path("net.bin"), records.size() + huge.dvi_img_size);
-  expect_outcome(run_morvane({"check", "net.bin"}, folder.path()), 0,
+  expect_morvane({"check", "net.bin"}, 0,
                  "net.bin: sound, 1 DVI, 1 port, without vproc records, 2147484895 bytes\n");
+}
+
+TEST_F(CheckCommand, TakesDagNamesThatAreOddButSafe) {
+  for (const char* name : {"...  ", "a b c", ".abcd", "a\\b:c", "\xFF\x80\xC3\xA4", "-rf *"}) {
+    folder.write("net.bin", sound_package().replace(0x28, std::string_view(name).size(), name));
+    EXPECT_EQ(morvane({"check", "--werror", "net.bin"}).status, 0) << name;
+  }
+}
+
+TEST_F(CheckCommand, TakesTheLowByteOfAPositionForItsVprocId) {
+  std::string package = header(257);
+  std::string blocks;
+  for (unsigned i = 0; i < 257; ++i) {
+    package += bytes(sound_dvi(static_cast<std::uint8_t>(i), std::to_string(i), 0, 1));
+    blocks += bytes(sound_port("out", 0)) + image();
+  }
+  folder.write("net.bin", package + blocks);
+  expect_morvane({"check", "--quiet", "--werror", "net.bin"}, 0, "");
+}
+
+TEST_F(CheckCommand, ComparesAnInputWithTheLastOutputOfItsNameInEarlierDvis) {
+  const auto package = [](std::uint32_t first, std::uint32_t second) {
+    return header(3) + bytes(sound_dvi(0, "a", 0, 1)) + bytes(sound_dvi(1, "b", 0, 1)) +
+           bytes(sound_dvi(2, "c", 1, 1)) + bytes(sound_port("x", first)) + image() +
+           bytes(sound_port("x", second)) + image() + bytes(sound_port("x", 16)) +
+           bytes(sound_port("x", 32)) + image();
+  };
+  folder.write("net.bin", package(0, 16));
+  expect_morvane({"check", "--quiet", "--werror", "net.bin"}, 0, "");
+  folder.write("net.bin", package(16, 0));
+  expect_morvane({"check", "--quiet", "--werror", "net.bin"}, 1,
+                 "net.bin:0xad0: warning: input 0 of DVI 2 \"x\" differs from output 0 of DVI 1: "
+                 "port_byte_offset is 16, not 0 [port-mismatch]\n");
 }
 
 }  // namespace

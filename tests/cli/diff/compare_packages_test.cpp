@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "cli/diff/difference_output.h"
-#include "cli/sound_package.h"
+#include "harness/packages.h"
 #include "harness/scratch_folder.h"
 
 namespace morvane::test {

@@ -2,8 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "cli/outcome.h"
-#include "cli/sound_package.h"
-#include "harness/scratch_folder.h"
+#include "harness/packages.h"
 
 namespace morvane::test {
 namespace {
@@ -23,38 +22,36 @@ std::string changed_package() {
   return package;
 }
 
-TEST(DiffCommand, SaysNothingOfEqualPackages) {
-  const scratch_folder folder;
+using DiffCommand = morvane_test;
+
+TEST_F(DiffCommand, SaysNothingOfEqualPackages) {
   folder.write("old.bin", sound_package());
   folder.write("new.bin", sound_package());
-  expect_outcome(run_morvane({"diff", "old.bin", "new.bin"}, folder.path()), 0, "");
-  expect_outcome(run_morvane({"diff", "--quiet", "old.bin", "new.bin"}, folder.path()), 0, "");
-  expect_outcome(run_morvane({"diff", "old.bin", "old.bin"}, folder.path()), 0, "");
+  expect_morvane({"diff", "old.bin", "new.bin"}, 0, "");
+  expect_morvane({"diff", "--quiet", "old.bin", "new.bin"}, 0, "");
+  expect_morvane({"diff", "old.bin", "old.bin"}, 0, "");
 }
 
-TEST(DiffCommand, TellsTheDifferencesAndEndsWithOne) {
-  const scratch_folder folder;
+TEST_F(DiffCommand, TellsTheDifferencesAndEndsWithOne) {
   folder.write("old.bin", sound_package());
   folder.write("new.bin", changed_package());
-  expect_outcome(run_morvane({"diff", "old.bin", "new.bin"}, folder.path()), 1,
+  expect_morvane({"diff", "old.bin", "new.bin"}, 1,
                  "DVI \"first\": image: 64 bytes, 1 differs, the first at 0x1\n");
-  expect_outcome(run_morvane({"diff", "-q", "old.bin", "new.bin"}, folder.path()), 1, "");
+  expect_morvane({"diff", "-q", "old.bin", "new.bin"}, 1, "");
 }
 
-TEST(DiffCommand, FindsADifferenceInTheLastByte) {
-  const scratch_folder folder;
+TEST_F(DiffCommand, FindsADifferenceInTheLastByte) {
   folder.write("old.bin", sound_package());
   folder.write("new.bin", sound_package().replace(4771, 1, 1, 'X'));
-  expect_outcome(run_morvane({"diff", "old.bin", "new.bin"}, folder.path()), 1,
+  expect_morvane({"diff", "old.bin", "new.bin"}, 1,
                  "DVI \"second\": image: 64 bytes, 1 differs, the first at 0x3f\n");
 }
 
-TEST(DiffCommand, WritesTheDifferencesAsJson) {
-  const scratch_folder folder;
+TEST_F(DiffCommand, WritesTheDifferencesAsJson) {
   folder.write("old.bin", header(2) + bytes(dvi("net", 2)) + bytes(dvi("old", 0)) + "ab");
   folder.write("new.bin", header(2) + bytes(dvi("new\xFF", 0)) + bytes(dvi("net", 3)) + "aXc");
-  expect_outcome(
-      run_morvane({"diff", "--json", "old.bin", "new.bin"}, folder.path()), 1,
+  expect_morvane(
+      {"diff", "--json", "old.bin", "new.bin"}, 1,
       "{\"same\": false, \"old\": {\"file\": \"old.bin\", \"size\": 326, \"damaged\": false}, "
       "\"new\": {\"file\": \"new.bin\", \"size\": 327, \"damaged\": false}, \"differences\": [\n"
       "  {\"part\": \"dvi\", \"dag_name\": \"net\", \"dag_occurrence\": 1, \"change\": \"moved\", "
@@ -72,8 +69,7 @@ TEST(DiffCommand, WritesTheDifferencesAsJson) {
       "\"change\": \"appeared\", \"new_position\": 0}]}\n");
 }
 
-TEST(DiffCommand, NamesRecordsInJson) {
-  const scratch_folder folder;
+TEST_F(DiffCommand, NamesRecordsInJson) {
   port_desc other = port("data", "");
   other.layer_name[0] = 'x';
   other.W = 17;
@@ -88,7 +84,7 @@ TEST(DiffCommand, NamesRecordsInJson) {
       "\"occurrence\": 2, ";
   const std::string sizes =
       "{\"same\": false, \"old\": {\"file\": \"old.bin\", \"size\": 2328, \"damaged\": false}, ";
-  expect_outcome(run_morvane({"diff", "--json", "old.bin", "new.bin"}, folder.path()), 1,
+  expect_morvane({"diff", "--json", "old.bin", "new.bin"}, 1,
                  sizes +
                      "\"new\": {\"file\": \"new.bin\", \"size\": 2328, \"damaged\": false}, "
                      "\"differences\": [\n" +
@@ -97,66 +93,58 @@ TEST(DiffCommand, NamesRecordsInJson) {
                      port_members +
                      "\"change\": \"field\", \"field\": \"layer_name\", \"old\": \"\", \"new\": "
                      "\"x\"}]}\n");
-  expect_outcome(run_morvane({"diff", "--json", "old.bin", "hidden.bin"}, folder.path()), 1,
+  expect_morvane({"diff", "--json", "old.bin", "hidden.bin"}, 1,
                  sizes +
                      "\"new\": {\"file\": \"hidden.bin\", \"size\": 2328, \"damaged\": false}, "
                      "\"differences\": [\n" +
                      port_members + "\"change\": \"after_nul\"}]}\n");
 }
 
-TEST(DiffCommand, WritesThatPackagesAreTheSameAsJson) {
-  const scratch_folder folder;
+TEST_F(DiffCommand, WritesThatPackagesAreTheSameAsJson) {
   folder.write("net.bin", sound_package());
-  expect_outcome(run_morvane({"diff", "--json", "net.bin", "net.bin"}, folder.path()), 0,
+  expect_morvane({"diff", "--json", "net.bin", "net.bin"}, 0,
                  "{\"same\": true, \"old\": {\"file\": \"net.bin\", \"size\": 4772, \"damaged\": "
                  "false}, \"new\": {\"file\": \"net.bin\", \"size\": 4772, \"damaged\": false}, "
                  "\"differences\": []}\n");
 }
 
-TEST(DiffCommand, ComparesADamagedPackageAsFarAsItCanBeWalked) {
-  const scratch_folder folder;
+TEST_F(DiffCommand, ComparesADamagedPackageAsFarAsItCanBeWalked) {
   folder.write("old.bin", sound_package());
   folder.write("cut.bin", changed_package().substr(0, 4771));
-  expect_outcome(run_morvane({"diff", "old.bin", "cut.bin"}, folder.path()), 1,
+  expect_morvane({"diff", "old.bin", "cut.bin"}, 1,
                  "DVI \"first\": image: 64 bytes, 1 differs, the first at 0x1\n"
                  "DVI \"second\": vanished from position 1\n"
                  "package: 4772 -> 4771 bytes, 2 differ, the first at 0x9b5\n",
                  damage_warning("cut.bin"));
-  expect_outcome(run_morvane({"diff", "--quiet", "old.bin", "cut.bin"}, folder.path()), 1, "");
+  expect_morvane({"diff", "--quiet", "old.bin", "cut.bin"}, 1, "");
 }
 
-TEST(DiffCommand, DoesNotTakePackagesForTheSameThatDifferBehindTheDamage) {
-  const scratch_folder folder;
+TEST_F(DiffCommand, DoesNotTakePackagesForTheSameThatDifferBehindTheDamage) {
   folder.write("cut.bin", sound_package() + "x");
   folder.write("other.bin", sound_package() + "y");
-  expect_outcome(run_morvane({"diff", "cut.bin", "other.bin"}, folder.path()), 1,
+  expect_morvane({"diff", "cut.bin", "other.bin"}, 1,
                  "package: 4773 bytes, 1 differs, the first at 0x12a4\n",
                  damage_warning("cut.bin") + damage_warning("other.bin"));
 }
 
-TEST(DiffCommand, TakesDamagedPackagesForTheSameWhenEveryByteIs) {
-  const scratch_folder folder;
+TEST_F(DiffCommand, TakesDamagedPackagesForTheSameWhenEveryByteIs) {
   folder.write("cut.bin", sound_package() + "x");
-  expect_outcome(run_morvane({"diff", "cut.bin", "cut.bin"}, folder.path()), 0, "",
+  expect_morvane({"diff", "cut.bin", "cut.bin"}, 0, "",
                  damage_warning("cut.bin") + damage_warning("cut.bin"));
   folder.write("empty.bin", "");
-  expect_outcome(run_morvane({"diff", "-q", "empty.bin", "empty.bin"}, folder.path()), 0, "");
-  expect_outcome(run_morvane({"diff", "-q", "empty.bin", "cut.bin"}, folder.path()), 1, "");
+  expect_morvane({"diff", "-q", "empty.bin", "empty.bin"}, 0, "");
+  expect_morvane({"diff", "-q", "empty.bin", "cut.bin"}, 1, "");
 }
 
-TEST(DiffCommand, EndsWithTwoWhenAPackageCannotBeRead) {
-  const scratch_folder folder;
+TEST_F(DiffCommand, EndsWithTwoWhenAPackageCannotBeRead) {
   folder.write("net.bin", sound_package());
-  expect_outcome(run_morvane({"diff", "missing.bin", "net.bin"}, folder.path()), 2, "",
+  expect_morvane({"diff", "missing.bin", "net.bin"}, 2, "",
                  "morvane: missing.bin: No such file or directory\n");
-  expect_outcome(run_morvane({"diff", "net.bin", "."}, folder.path()), 2, "",
-                 "morvane: .: Is a directory\n");
-  expect_outcome(run_morvane({"diff", "net.bin"}, folder.path()), 2, "",
-                 "morvane: NEW is missing; try morvane diff --help\n");
+  expect_morvane({"diff", "net.bin", "."}, 2, "", "morvane: .: Is a directory\n");
+  expect_morvane({"diff", "net.bin"}, 2, "", "morvane: NEW is missing; try morvane diff --help\n");
 }
 
-TEST(DiffCommand, NeedsLittleMemoryForLargePackages) {
-  const scratch_folder folder;
+TEST_F(DiffCommand, NeedsLittleMemoryForLargePackages) {
   const std::string package = header(1) + bytes(dvi("net", 64 << 20));
   folder.write("old.bin", package);
   folder.write("new.bin", package);
@@ -167,9 +155,9 @@ TEST(DiffCommand, NeedsLittleMemoryForLargePackages) {
   std::filesystem::resize_file(folder.path("other.bin"), package.size());
   std::filesystem::resize_file(folder.path("other.bin"), package.size() + (64 << 20) + 1);
   if (run_prefix().empty()) {
-    const long max_kib = run_morvane({"--version"}, folder.path()).peak_kib + 16 * 1024;
-    EXPECT_LT(run_morvane({"diff", "old.bin", "new.bin"}, folder.path()).peak_kib, max_kib);
-    EXPECT_LT(run_morvane({"diff", "old.bin", "other.bin"}, folder.path()).peak_kib, max_kib);
+    const long max_kib = morvane({"--version"}).peak_kib + 16 * 1024;
+    EXPECT_LT(morvane({"diff", "old.bin", "new.bin"}).peak_kib, max_kib);
+    EXPECT_LT(morvane({"diff", "old.bin", "other.bin"}).peak_kib, max_kib);
   }
 }
 

@@ -18,7 +18,6 @@ namespace morvane::test {
 namespace {
 
 using cli::blocked_signals;
-using cli::temporary_file;
 using cli::temporary_name;
 using file_contents = std::map<std::string, std::string>;
 
@@ -39,41 +38,6 @@ int ending_of(Function function) {
 const std::vector<int> ending_signals = {
     SIGHUP,  SIGINT,    SIGQUIT,   SIGTERM, SIGALRM, SIGUSR1,  SIGUSR2,      SIGIO,       SIGXCPU,
     SIGPROF, SIGVTALRM, SIGSTKFLT, SIGPWR,  SIGPIPE, SIGRTMIN, SIGRTMIN + 7, SIGRTMAX - 4};
-
-TEST(TemporaryFile, HasItsNameOnlyWhenItIsPutInPlace) {
-  const scratch_folder folder;
-  const file_handle handle = open_folder(folder.path());
-  temporary_file file(handle);
-  EXPECT_EQ(file.create(), 0);
-  EXPECT_EQ(::write(file.descriptor(), "AAAA", 4), 4);
-  EXPECT_FALSE(folder.exists("net.dvi"));
-  EXPECT_EQ(file.put_in_place("net.dvi", false), 0);
-  EXPECT_EQ(folder.files(), (file_contents{{"net.dvi", "AAAA"}}));
-}
-
-TEST(TemporaryFile, IsGoneWhenItIsNotPutInPlace) {
-  const scratch_folder folder;
-  const file_handle handle = open_folder(folder.path());
-  {
-    temporary_file file(handle);
-    EXPECT_EQ(file.create(), 0);
-  }
-  EXPECT_EQ(folder.files(), file_contents{});
-}
-
-TEST(TemporaryFile, ReplacesAFileOnlyOnRequest) {
-  const scratch_folder folder;
-  folder.write("net.dvi", "mine");
-  const file_handle handle = open_folder(folder.path());
-  {
-    temporary_file file(handle);
-    EXPECT_EQ(file.create(), 0);
-    EXPECT_EQ(file.put_in_place("net.dvi", false), EEXIST);
-    EXPECT_EQ(folder.read("net.dvi"), "mine");
-    EXPECT_EQ(file.put_in_place("net.dvi", true), 0);
-  }
-  EXPECT_EQ(folder.files(), (file_contents{{"net.dvi", ""}}));
-}
 
 TEST(TemporaryName, IsAlwaysAnotherOne) {
   const scratch_folder folder;
@@ -98,22 +62,6 @@ TEST(TemporaryName, IsRemovedAtOnceFromEveryFileThatHasOne) {
   }
   cli::remove_temporary_files();
   EXPECT_EQ(folder.files(), (file_contents{{gone, ""}}));
-}
-
-TEST(TemporaryFile, IsGoneBeforeASignalEndsTheProgram) {
-  for (const int signal : ending_signals) {
-    const scratch_folder folder;
-    const file_handle handle = open_folder(folder.path());
-    EXPECT_EQ(ending_of([&] {
-                const blocked_signals signals;
-                temporary_file file(handle);
-                file.create();
-                ::raise(signal);
-                folder.write("is_waiting", signals.is_waiting() ? "yes" : "no");
-              }),
-              signal);
-    EXPECT_EQ(folder.files(), (file_contents{{"is_waiting", "yes"}}));
-  }
 }
 
 TEST(BlockedSignals, TellWhetherOneIsWaiting) {

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/sound_package.h"
+#include "harness/packages.h"
 #include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
 

@@ -46,14 +46,6 @@ TEST(CLines, GoOnAfterABackslash) {
             "a=\n- continued\nc=3\n- in a comment\n- in a comment\n");
 }
 
-TEST(CLines, AreLeftOutByConditions) {
-  EXPECT_EQ(seen_macros("#if 0\n#define a 1\n#else\n#define b 2\n#endif\n#define c 3\n"),
-            "-\na=1 left out\n- left out\nb=2\n-\nc=3\n");
-  EXPECT_EQ(seen_macros("#ifndef G\n#define G\n#define a 1\n#endif\n"), "-\nG=\na=1\n-\n");
-  EXPECT_EQ(seen_macros("#if VERSION > 2\n#define a 1\n#elif 1\n#define b 2\n#endif\n"),
-            "-\na=1 uncertain\n- uncertain\nb=2 uncertain\n- uncertain\n");
-}
-
 /// The line of a text that is one line.
 c_line only_line(std::string_view text) {
   c_reader reader{.header = text};

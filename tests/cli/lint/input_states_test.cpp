@@ -46,16 +46,18 @@ TEST_F(InputStates, AreThoseOfUnchangedFiles) {
   EXPECT_EQ(changed_file(paths, states()), "");
 }
 
-TEST_F(InputStates, ShowAnotherSize) {
+TEST_F(InputStates, ShowAnotherSizeTimeOrFileAndAMissingFile) {
   const file_states before = states();
   folder.write("net.h", "longer header");
   EXPECT_EQ(changed_file(paths, before), paths[1]);
-}
-
-TEST_F(InputStates, ShowAnotherTime) {
-  const file_states before = states();
   fs::last_write_time(paths[0], fs::last_write_time(paths[0]) - std::chrono::nanoseconds(1));
   EXPECT_EQ(changed_file(paths, before), paths[0]);
+  file_states other = states();
+  ++other[1].identity.inode;
+  EXPECT_EQ(changed_file(paths, other), paths[1]);
+  const file_states present = states();
+  fs::remove(paths[0]);
+  EXPECT_EQ(changed_file(paths, present), paths[0]);
 }
 
 TEST_F(InputStates, ShowOtherBytesUnderTheOldTime) {
@@ -67,18 +69,6 @@ TEST_F(InputStates, ShowOtherBytesUnderTheOldTime) {
     fs::last_write_time(paths[1], time);
   }
   EXPECT_EQ(changed_file(paths, before), paths[1]);
-}
-
-TEST_F(InputStates, ShowAnotherFile) {
-  file_states before = states();
-  ++before[1].identity.inode;
-  EXPECT_EQ(changed_file(paths, before), paths[1]);
-}
-
-TEST_F(InputStates, ShowAMissingFile) {
-  const file_states before = states();
-  fs::remove(paths[0]);
-  EXPECT_EQ(changed_file(paths, before), paths[0]);
 }
 
 TEST_F(InputStates, HaveAnErrorForWhatIsNoRegularFile) {

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "cli/lint/linted_folder.h"
 #include "cli/outcome.h"
 
 namespace morvane::test {
@@ -13,6 +12,16 @@ constexpr const char* clean_header =
     "#define net_image_size 5\n"
     "/* net HMB_input data */\n"
     "#define net_data_W 40\n";
+
+/// A folder to lint.
+class linted_folder : public morvane_test {
+ protected:
+  [[nodiscard]] run_result lint(const std::vector<std::string>& options = {}) const {
+    std::vector<std::string> arguments = {"lint", "in"};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    return morvane(arguments);
+  }
+};
 
 class LintCommand : public linted_folder {
  protected:
@@ -94,14 +103,6 @@ TEST_F(LintManyDags, ComparesAPortWithTheOutputOfADagFarBefore) {
                  "morvane: in: 0 errors, 1 warning\n");
 }
 
-TEST_F(LintCommand, RefusesCodesThatDoNotExist) {
-  const run_result run = lint({"--ignore", "no-such-code"});
-  EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.output, "");
-  EXPECT_EQ(run.diagnostics,
-            "morvane: --ignore: there is no code no-such-code; try morvane lint --help\n");
-}
-
 TEST_F(LintCommand, DoesNotIgnoreAFileThatCannotBeRead) {
   std::filesystem::remove(folder.path("in/net.h"));
   folder.make_folder("in/net.h");
@@ -119,10 +120,8 @@ TEST_F(LintCommand, CountsNotesWhenTheyAreShown) {
 }
 
 TEST_F(LintCommand, EndsWithTheReasonForAFolderThatCannotBeRead) {
-  const run_result run = run_morvane({"lint", "missing"}, folder.path());
-  expect_outcome(run, 2, "", "morvane: missing: No such file or directory\n");
-  const run_result file = run_morvane({"lint", "in/net.h"}, folder.path());
-  expect_outcome(file, 2, "", "morvane: in/net.h: Not a directory\n");
+  expect_morvane({"lint", "missing"}, 2, "", "morvane: missing: No such file or directory\n");
+  expect_morvane({"lint", "in/net.h"}, 2, "", "morvane: in/net.h: Not a directory\n");
 }
 
 TEST_F(LintCommand, WritesFindingsAsJson) {

@@ -1,14 +1,13 @@
 // What morvane lint keeps of a DVI. Measured is the greatest resident memory of the program.
-#include "cli/lint/linted_folder.h"
 #include "cli/outcome.h"
 #include "harness/sanitizer.h"
-#include "trust/test_size.h"
+#include "harness/test_size.h"
 
 namespace morvane::test {
 namespace {
 
 /// A folder of DAGs, each with an input from the DAG before it and an output.
-class lint_memory : public linted_folder {
+class LintMemory : public morvane_test {
  protected:
   void put_dags(int count) const {
     for (int i = 0; i < count; ++i) {
@@ -25,13 +24,11 @@ class lint_memory : public linted_folder {
   }
 
   [[nodiscard]] long peak_kib() const {
-    const run_result run = lint();
+    const run_result run = morvane({"lint", "in"});
     expect_outcome(run, 0, "", "morvane: in: 0 errors, 0 warnings\n");
     return run.peak_kib;
   }
 };
-
-using LintMemory = lint_memory;
 
 TEST_F(LintMemory, IsAtMost2KiBForEachDag) {
   if (under_sanitizer || few_cases()) {

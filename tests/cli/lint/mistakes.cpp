@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "format/macros.h"
+
 namespace morvane::test {
 
 namespace {
@@ -267,6 +269,14 @@ void add_anywhere(header_lines& header, const chosen_macro& macro, random_number
 }
 
 }  // namespace
+
+std::vector<std::string_view> suffixes_of_ports() {
+  std::vector<std::string_view> suffixes;
+  for (const macro_row& row : port_macros) {
+    suffixes.push_back(row.suffix);
+  }
+  return suffixes;
+}
 
 void add_line(header_lines& header, std::string line) {
   header.lines.push_back(std::move(line));

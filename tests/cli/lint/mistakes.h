@@ -1,7 +1,6 @@
 // Mistakes in headers, one after the other.
 #pragma once
 
-#include <array>
 #include <random>
 #include <string>
 #include <string_view>
@@ -18,30 +17,9 @@ inline bool one_in(random_numbers& random, std::size_t limit) {
   return below(random, limit) == 0;
 }
 
-inline constexpr std::array<std::string_view, 24> port_suffixes{"_dbase_byte_offset",
-                                                                "_is_bitvector",
-                                                                "_W",
-                                                                "_H",
-                                                                "_D",
-                                                                "_P",
-                                                                "_dpitch_num_bytes",
-                                                                "_dram_format",
-                                                                "_dram_size_num_bytes",
-                                                                "_sign",
-                                                                "_datasize",
-                                                                "_expoffset",
-                                                                "_expbits",
-                                                                "_drotate_bit_offset",
-                                                                "_hflip_bit_offset",
-                                                                "_vflip_bit_offset",
-                                                                "_dflip_bit_offset",
-                                                                "_pflip_bit_offset",
-                                                                "_drotate",
-                                                                "_hflip",
-                                                                "_vflip",
-                                                                "_dflip",
-                                                                "_pflip",
-                                                                "_qubrix_demangled_name"};
+/// The ends of a port's macros; that of the layer name is the last one.
+std::vector<std::string_view> suffixes_of_ports();
+inline const std::vector<std::string_view> port_suffixes = suffixes_of_ports();
 
 /// A header that is being made.
 struct header_lines {

@@ -3,11 +3,8 @@
 #include <sys/stat.h>
 
 #include <filesystem>
-#include <map>
 
 #include "cli/outcome.h"
-#include "harness/run_tool.h"
-#include "harness/scratch_folder.h"
 
 namespace morvane::test {
 namespace {
@@ -21,7 +18,7 @@ constexpr const char* net_header =
     "#define net_data_W 7\n"
     "/* net HMB_output mask */\n";
 
-class Pack : public testing::Test {
+class Pack : public morvane_test {
  protected:
   void SetUp() override {
     folder.write("in/net.dvi", "image");
@@ -31,7 +28,7 @@ class Pack : public testing::Test {
   [[nodiscard]] run_result pack(std::vector<std::string> options = {}) const {
     std::vector<std::string> arguments = {"pack", "in", "-o", "net.bin"};
     arguments.insert(arguments.end(), options.begin(), options.end());
-    return run_morvane(arguments, folder.path());
+    return morvane(arguments);
   }
 
   /// What morvane_gen writes for the folder.
@@ -48,21 +45,20 @@ class Pack : public testing::Test {
                       const std::string& output, const std::string& diagnostics) {
     folder.write("net.bin", "older");
     const auto before = folder.files();
-    const run_result run = pack(options);
-    EXPECT_EQ(run.status, status);
-    EXPECT_EQ(run.output, output);
-    EXPECT_EQ(run.diagnostics, diagnostics);
+    expect_outcome(pack(options), status, output, diagnostics);
     EXPECT_EQ(folder.files(), before);
   }
 
-  scratch_folder folder;
+  /// Checks a run that ends with status 2 and this reason, and that no file changes.
+  void expect_mistake(const std::vector<std::string>& arguments, const std::string& reason) const {
+    const auto before = folder.files();
+    expect_morvane(arguments, 2, "", "morvane: " + reason + "\n");
+    EXPECT_EQ(folder.files(), before);
+  }
 };
 
 TEST_F(Pack, WritesThePackageThatTheToolWrites) {
-  const run_result run = pack();
-  EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.output, "net.bin: packed, 1 DVI, 2 ports, without vproc records, 2333 bytes\n");
-  EXPECT_EQ(run.diagnostics, "");
+  expect_outcome(pack(), 0, "net.bin: packed, 1 DVI, 2 ports, without vproc records, 2333 bytes\n");
   EXPECT_TRUE(folder.read("net.bin") == expected());
 }
 
@@ -110,9 +106,12 @@ TEST_F(Pack, GivesANewPackageThePermissionsThatTheUmaskLeaves) {
 TEST_F(Pack, ReplacesTheFileThatALinkLeadsTo) {
   folder.write("elsewhere/net.bin", "older");
   fs::create_symlink("elsewhere/net.bin", folder.path("net.bin"));
+  fs::create_symlink("missing.bin", folder.path("dangling"));
   EXPECT_EQ(pack().status, 0);
-  EXPECT_TRUE(fs::is_symlink(folder.path("net.bin")));
+  EXPECT_EQ(morvane({"pack", "in", "-o", "dangling"}).status, 0);
+  EXPECT_TRUE(fs::is_symlink(folder.path("net.bin")) && fs::is_symlink(folder.path("dangling")));
   EXPECT_TRUE(folder.read("elsewhere/net.bin") == expected());
+  EXPECT_TRUE(folder.read("missing.bin") == expected());
 }
 
 TEST_F(Pack, LeavesTheOtherNamesOfAnOlderPackageAlone) {
@@ -123,9 +122,7 @@ TEST_F(Pack, LeavesTheOtherNamesOfAnOlderPackageAlone) {
 }
 
 TEST_F(Pack, QuietPrintsNothingOfASuccess) {
-  const run_result run = pack({"--quiet", "--vproc"});
-  EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.output + run.diagnostics, "");
+  expect_outcome(pack({"--quiet", "--vproc"}), 0, "");
 }
 
 constexpr const char* outside =
@@ -134,11 +131,9 @@ constexpr const char* outside =
 
 TEST_F(Pack, ShowsWarningsAndGoesOn) {
   folder.write("in/net.h", std::string(net_header) + "#define net_dagbin_start 9\n");
-  const run_result run = pack();
-  EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.output, std::string(outside) +
-                            "net.bin: packed, 1 DVI, 2 ports, without vproc records, 2333 bytes\n");
-  EXPECT_EQ(run.diagnostics, "");
+  expect_outcome(pack(), 0,
+                 std::string(outside) +
+                     "net.bin: packed, 1 DVI, 2 ports, without vproc records, 2333 bytes\n");
   EXPECT_EQ(pack({"--quiet"}).output, "");
 }
 
@@ -195,116 +190,81 @@ TEST_F(Pack, RefusesAFolderWhoseCountsDisagree) {
 }
 
 TEST_F(Pack, RefusesToReplaceAnInput) {
-  const auto before = folder.files();
-  for (const std::string package : {"in/net.dvi", "in/net.h"}) {
-    const run_result run = run_morvane({"pack", "in", "-o", package}, folder.path());
-    EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.diagnostics, "morvane: " + package + ": is one of the files to pack\n");
+  fs::create_symlink("in/net.h", folder.path("link"));
+  for (const std::string name : {"in/net.dvi", "in/net.h", "link"}) {
+    const std::string reason = name + ": is one of the files to pack";
+    expect_mistake({"pack", "in", "-o", name}, reason);
+    expect_mistake({"pack", "in", "-o", "net.bin", "--depfile", name}, reason);
   }
-  EXPECT_EQ(folder.files(), before);
 }
 
-TEST_F(Pack, RefusesADependencyFileThatIsAnInputOrThePackage) {
+TEST_F(Pack, RefusesADependencyFileThatIsOrWouldBeThePackage) {
   folder.write("net.bin", "older");
-  std::filesystem::create_symlink("in/net.h", folder.path("link"));
-  std::filesystem::create_symlink("net.bin", folder.path("package"));
-  const auto before = folder.files();
-  for (const std::string depfile : {"in/net.dvi", "in/net.h", "link"}) {
-    const run_result run =
-        run_morvane({"pack", "in", "-o", "net.bin", "--depfile", depfile}, folder.path());
-    EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.diagnostics, "morvane: " + depfile + ": is one of the files to pack\n");
-  }
-  for (const auto& [package, depfile] : std::map<std::string, std::string>{
-           {"net.bin", "package"}, {"new.bin", "./new.bin"}, {"./net.bin", "net.bin"}}) {
-    const run_result run =
-        run_morvane({"pack", "in", "-o", package, "--depfile", depfile}, folder.path());
-    EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.diagnostics,
-              "morvane: " + depfile + ": the dependency file cannot be the package\n");
-  }
-  EXPECT_EQ(folder.files(), before);
-}
-
-TEST_F(Pack, RefusesADependencyFileThatWouldBeThePackageUnderAnotherName) {
   folder.make_folder("out");
+  fs::create_symlink("net.bin", folder.path("package"));
   fs::create_directory_symlink("out", folder.path("link"));
   fs::create_symlink("out/new.bin", folder.path("dangling"));
-  const auto before = folder.files();
-  for (const auto& depfile : {folder.path("out/new.bin"), std::string("link/new.bin"),
-                              std::string("in/../out/new.bin"), std::string("dangling")}) {
-    const run_result run =
-        run_morvane({"pack", "in", "-o", "out/new.bin", "--depfile", depfile}, folder.path());
-    EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.diagnostics,
-              "morvane: " + depfile + ": the dependency file cannot be the package\n");
+  for (const auto& [package, depfile] :
+       std::vector<std::pair<std::string, std::string>>{{"net.bin", "package"},
+                                                        {"new.bin", "./new.bin"},
+                                                        {"./net.bin", "net.bin"},
+                                                        {"out/new.bin", folder.path("out/new.bin")},
+                                                        {"out/new.bin", "link/new.bin"},
+                                                        {"out/new.bin", "in/../out/new.bin"},
+                                                        {"out/new.bin", "dangling"}}) {
+    expect_mistake({"pack", "in", "-o", package, "--depfile", depfile},
+                   depfile + ": the dependency file cannot be the package");
   }
-  EXPECT_EQ(folder.files(), before);
-  EXPECT_EQ(run_morvane({"pack", "in", "-o", "new.bin", "--depfile", "out/new.bin"}, folder.path())
-                .status,
-            0);
+  EXPECT_EQ(morvane({"pack", "in", "-o", "new.bin", "--depfile", "out/new.bin"}).status, 0);
 }
 
 TEST_F(Pack, RefusesOutputsThatTheNextRunWouldRead) {
   fs::create_directory_symlink("in", folder.path("link"));
-  const auto before = folder.files();
   for (const std::string output :
        {"in/x.dvi", "in/x.DVI", "link/x.dvi", "in/_net.h", "in/../in/.dvi"}) {
-    for (const std::vector<std::string>& options :
-         {std::vector<std::string>{"-o", output},
-          std::vector<std::string>{"-o", "net.bin", "--depfile", output}}) {
-      std::vector<std::string> arguments = {"pack", "in"};
-      arguments.insert(arguments.end(), options.begin(), options.end());
-      const run_result run = run_morvane(arguments, folder.path());
-      EXPECT_EQ(run.status, 2);
-      EXPECT_EQ(run.diagnostics, "morvane: " + output +
-                                     ": with this name in this folder, the next run would pack the "
-                                     "file itself or read it as a header\n");
-    }
+    const std::string reason =
+        output +
+        ": with this name in this folder, the next run would pack the file itself or read it as a "
+        "header";
+    expect_mistake({"pack", "in", "-o", output}, reason);
+    expect_mistake({"pack", "in", "-o", "net.bin", "--depfile", output}, reason);
   }
-  EXPECT_EQ(folder.files(), before);
 }
 
 TEST_F(Pack, WritesOtherOutputsIntoTheInputFolder) {
   for (const std::string output : {"in/net.bin", "in/other.h", "in/dvi", "x.dvi", "_net.h"}) {
-    EXPECT_EQ(
-        run_morvane({"pack", "in", "-q", "-o", output, "--depfile", output + ".d"}, folder.path())
-            .status,
-        0);
+    EXPECT_EQ(morvane({"pack", "in", "-q", "-o", output, "--depfile", output + ".d"}).status, 0);
     EXPECT_TRUE(folder.read(output) == expected()) << output;
   }
 }
 
 TEST_F(Pack, WritesAPackageWithALongName) {
   const std::string name(255, 'n');
-  EXPECT_EQ(run_morvane({"pack", "in", "-q", "-o", name}, folder.path()).status, 0);
-  EXPECT_TRUE(folder.read(name) == expected());
+  for (const char* run : {"makes it", "replaces it"}) {
+    EXPECT_EQ(morvane({"pack", "in", "-q", "-o", name}).status, 0) << run;
+    EXPECT_TRUE(folder.read(name) == expected());
+  }
 }
 
 TEST_F(Pack, RefusesToReplaceWhatIsNoFile) {
-  folder.make_folder("net.bin");
-  const run_result run = pack();
-  EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.diagnostics, "morvane: net.bin: Is a directory\n");
-  EXPECT_EQ(run_morvane({"pack", "in", "-o", "/dev/full"}, folder.path()).diagnostics,
-            "morvane: /dev/full: it is no regular file\n");
-}
-
-TEST_F(Pack, RefusesAFolderThatDoesNotExistForThePackage) {
-  const run_result run = run_morvane({"pack", "in", "-o", "missing/net.bin"}, folder.path());
-  EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.diagnostics, "morvane: missing/net.bin: No such file or directory\n");
+  folder.make_folder("folder");
+  folder.write("file", "");
+  const std::string long_name(256, 'n');
+  expect_mistake({"pack", "in", "-o", "folder"}, "folder: Is a directory");
+  expect_mistake({"pack", "in", "-o", "/dev/full"}, "/dev/full: it is no regular file");
+  expect_mistake({"pack", "in", "-o", "missing/net.bin"},
+                 "missing/net.bin: No such file or directory");
+  expect_mistake({"pack", "in", "-o", "file/net.bin"}, "file/net.bin: Not a directory");
+  expect_mistake({"pack", "in", "-o", long_name}, long_name + ": File name too long");
+  fs::create_symlink("loop", folder.path("loop"));
+  expect_morvane({"pack", "in", "-o", "loop"}, 2, "",
+                 "morvane: loop: Too many levels of symbolic links\n");
 }
 
 TEST_F(Pack, TellsThatStandardOutputIsFullAfterThePackageIsThere) {
-  std::vector<std::string> words = {"sh", "-c", "exec \"$@\" >/dev/full", "sh"};
-  const auto command = morvane_words({"pack", "in", "-o", "net.bin"});
-  words.insert(words.end(), command.begin(), command.end());
-  const run_result run = run_program(words, folder.path());
-  EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.diagnostics,
-            "morvane: net.bin: is in place, but cannot be told of: standard output: No space left "
-            "on device\n");
+  expect_outcome(run_shell("\"$@\" pack in -o net.bin >/dev/full", folder.path()), 2, "",
+                 "morvane: net.bin: is in place, but cannot be told of: standard output: No space "
+                 "left on device\n");
   EXPECT_TRUE(folder.read("net.bin") == expected());
 }
 
@@ -314,26 +274,28 @@ TEST_F(Pack, WritesADependencyFile) {
             "net.bin: \\\n"
             "  in/net.dvi \\\n"
             "  in/net.h\n");
+  fs::rename(folder.path("in"), folder.path("a b#c$d\\e\\ f"));
+  expect_morvane({"pack", "-q", "a b#c$d\\e\\ f", "-o", "net bin", "--depfile", "net.d"}, 0, "");
+  EXPECT_EQ(folder.read("net.d"),
+            "net\\ bin: \\\n"
+            "  a\\ b\\#c$$d\\e\\\\\\ f/net.dvi \\\n"
+            "  a\\ b\\#c$$d\\e\\\\\\ f/net.h\n");
 }
 
 TEST_F(Pack, NamesThePackageThatTheUserNamedWhenItCannotBeWritten) {
   std::filesystem::resize_file(folder.path("in/net.dvi"), 5U << 20U);
   folder.write("in/net.h", "#define net_DAG_NAME \"net\"\n#define net_image_size 5242880\n");
-  const run_result run = run_shell("ulimit -f 4096; \"$@\" pack -q in -o net.bin", folder.path());
-  EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.diagnostics, "morvane: net.bin: File too large\n");
+  expect_outcome(run_shell("ulimit -f 4096; \"$@\" pack -q in -o net.bin", folder.path()), 2, "",
+                 "morvane: net.bin: File too large\n");
 }
 
 TEST_F(Pack, RefusesADependencyFileForAPathWithALineBreak) {
-  folder.write("a\nb/net.dvi", "image");
-  folder.write("a\nb/net.h", net_header);
-  const run_result run =
-      run_morvane({"pack", "a\nb", "-o", "new.bin", "--depfile", "net.d"}, folder.path());
-  EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.diagnostics,
-            "morvane: net.d: a dependency file cannot hold a path with a line break\n");
-  EXPECT_FALSE(folder.exists("new.bin"));
-  EXPECT_FALSE(folder.exists("net.d"));
+  for (const std::string path : {"a\nb", "a\rb"}) {
+    folder.write(path + "/net.dvi", "image");
+    folder.write(path + "/net.h", net_header);
+    expect_mistake({"pack", path, "-o", "new.bin", "--depfile", "net.d"},
+                   "net.d: a dependency file cannot hold a path with a line break");
+  }
 }
 
 TEST_F(Pack, WritesNoPackageWithoutItsDependencyFile) {

@@ -11,7 +11,6 @@
 #include "cli/outcome.h"
 #include "cli/pack/pack_command.h"
 #include "cli/package/package_bytes.h"
-#include "harness/scratch_folder.h"
 
 namespace morvane::test {
 namespace {

@@ -5,8 +5,7 @@
 #include <filesystem>
 
 #include "cli/outcome.h"
-#include "cli/sound_package.h"
-#include "harness/scratch_folder.h"
+#include "harness/packages.h"
 
 namespace morvane::test {
 namespace {
@@ -32,7 +31,9 @@ void expect_not_shown(const std::string& page, std::string_view text) {
   EXPECT_EQ(page.find(text), std::string::npos) << text;
 }
 
-TEST(ReportCommand, WritesOnePageOfHtml) {
+using ReportCommand = morvane_test;
+
+TEST_F(ReportCommand, WritesOnePageOfHtml) {
   const std::string page = page_of(sound_package_with_vproc());
   EXPECT_TRUE(page.starts_with("<!DOCTYPE html>\n<html lang=\"en\">\n"));
   EXPECT_TRUE(page.ends_with("</body>\n</html>\n"));
@@ -43,7 +44,7 @@ TEST(ReportCommand, WritesOnePageOfHtml) {
   }
 }
 
-TEST(ReportCommand, BeginsWithTheVerdictAndTheNumbers) {
+TEST_F(ReportCommand, BeginsWithTheVerdictAndTheNumbers) {
   const std::string page = page_of(sound_package_with_vproc());
   expect_shown(page,
                "<h1><bdi>net.bin</bdi></h1>\n"
@@ -61,7 +62,7 @@ TEST(ReportCommand, BeginsWithTheVerdictAndTheNumbers) {
                "<bdi>first</bdi>: 64 bytes at 0x1000.</p>");
 }
 
-TEST(ReportCommand, ShowsTheNetwork) {
+TEST_F(ReportCommand, ShowsTheNetwork) {
   const std::string page = page_of(sound_package());
   expect_shown(page, "<p>1 connection between 2 DVIs");
   expect_shown(page,
@@ -74,7 +75,7 @@ TEST(ReportCommand, ShowsTheNetwork) {
   expect_shown(page, "<span class=\"flow\">to outside</span>");
 }
 
-TEST(ReportCommand, MarksAnInputThatDiffersFromItsOutput) {
+TEST_F(ReportCommand, MarksAnInputThatDiffersFromItsOutput) {
   std::string package = sound_package();
   package[0x9F4 + 12] = 8;  // W of the input "middle"
   const std::string page = page_of(package);
@@ -84,7 +85,7 @@ TEST(ReportCommand, MarksAnInputThatDiffersFromItsOutput) {
   expect_shown(page, "<code>port-mismatch</code>");
 }
 
-TEST(ReportCommand, ShowsImagesThatShareAddresses) {
+TEST_F(ReportCommand, ShowsImagesThatShareAddresses) {
   std::string package = sound_package();
   package[0xA8 + 4] = 0x20;  // dvi_img_vaddr of DVI 1 becomes 0x1020
   package[0xA8 + 5] = 0x10;
@@ -97,7 +98,7 @@ TEST(ReportCommand, ShowsImagesThatShareAddresses) {
   expect_shown(page, "<span class=\"mono\">0x1020 to 0x105f</span> <span>64 bytes</span>");
 }
 
-TEST(ReportCommand, ShowsPortsThatShareBytes) {
+TEST_F(ReportCommand, ShowsPortsThatShareBytes) {
   std::string package = sound_package();
   package[0x57C + 52] = 8;  // port_byte_offset of the output of DVI 0
   package[0x9F4 + 52] = 8;
@@ -106,7 +107,7 @@ TEST(ReportCommand, ShowsPortsThatShareBytes) {
   expect_shown(page, "<td>0x8<small class=\"bad\">shares bytes with input 0</small></td>");
 }
 
-TEST(ReportCommand, ListsThePartsOfTheFile) {
+TEST_F(ReportCommand, ListsThePartsOfTheFile) {
   const std::string page = page_of(sound_package_with_vproc());
   expect_shown(page, "<a href=\"#o0\">");
   expect_shown(page, "<title>image of DVI 1, 64 bytes at 0x1264</title>");
@@ -116,7 +117,7 @@ TEST(ReportCommand, ListsThePartsOfTheFile) {
   expect_shown(page, "vproc block of DVI 0</th><td class=\"mono\">0x12bc</td>");
 }
 
-TEST(ReportCommand, ListsEveryRecordOfADvi) {
+TEST_F(ReportCommand, ListsEveryRecordOfADvi) {
   const std::string page = page_of(sound_package_with_vproc());
   expect_shown(page,
                "<details class=\"dvi\" id=\"d0\" open><summary><h3>DVI 0: <bdi>first</bdi></h3> "
@@ -128,14 +129,14 @@ TEST(ReportCommand, ListsEveryRecordOfADvi) {
   expect_shown(page, "<bdi>middle</bdi><small><bdi>layer</bdi></small></th>");
 }
 
-TEST(ReportCommand, ShowsADashForADataFormatThatIsNotGiven) {
+TEST_F(ReportCommand, ShowsADashForADataFormatThatIsNotGiven) {
   std::string package = sound_package();
   package.replace(0x144 + 44, 4, 4, '\xFF');
   expect_shown(page_of(package), "<td>0 <small>-");
   expect_not_shown(page_of(sound_package()), "<td>0 <small>-");
 }
 
-TEST(ReportCommand, NeverLetsANameBecomeMarkup) {
+TEST_F(ReportCommand, NeverLetsANameBecomeMarkup) {
   const std::string_view name = "</bdi><script>\"'&\xFF\x1B\xE2\x80\xAE";
   std::string package = header(1) + bytes(sound_dvi(0, name)) + bytes(port(name, name)) +
                         bytes(port(name, name)) + image() + bytes(vproc_desc{1, 1, 268}) +
@@ -151,7 +152,7 @@ TEST(ReportCommand, NeverLetsANameBecomeMarkup) {
   expect_not_shown(page, "<script");
 }
 
-TEST(ReportCommand, ShowsWhatComesBeforeADamage) {
+TEST_F(ReportCommand, ShowsWhatComesBeforeADamage) {
   const std::string page = page_of(sound_package().substr(0, 0x12A3));
   expect_shown(page, "<b class=\"verdict unsound\">not sound</b> 1 error, 0 warnings, 0 notes");
   expect_shown(page, "This page shows what comes before the damage: 1 of 2 DVIs.");
@@ -161,7 +162,7 @@ TEST(ReportCommand, ShowsWhatComesBeforeADamage) {
   expect_not_shown(page, "DVI 1: <bdi>");
 }
 
-TEST(ReportCommand, ShowsAFileThatHoldsNothing) {
+TEST_F(ReportCommand, ShowsAFileThatHoldsNothing) {
   for (const std::string& package : {std::string(), std::string("short"), header(0)}) {
     const std::string page = page_of(package);
     expect_shown(page, "not sound");
@@ -170,7 +171,7 @@ TEST(ReportCommand, ShowsAFileThatHoldsNothing) {
   }
 }
 
-TEST(ReportCommand, MarksWhatChanged) {
+TEST_F(ReportCommand, MarksWhatChanged) {
   std::string package = header(2) + bytes(sound_dvi(0, "first")) + bytes(sound_dvi(1, "third"));
   package += bytes(sound_port("data", 0)) + bytes(sound_port("middle", 32)) + image();
   package += bytes(sound_port("middle", 32)) + bytes(sound_port("prob", 48)) + image();
@@ -197,7 +198,7 @@ TEST(ReportCommand, MarksWhatChanged) {
                "<p>Every byte is the same.</p>");
 }
 
-TEST(ReportCommand, MarksAStretchOfTheFileThatHoldsAChangedDvi) {
+TEST_F(ReportCommand, MarksAStretchOfTheFileThatHoldsAChangedDvi) {
   const auto package = [](const std::string& changed) {
     std::string text = header(100);
     for (int i = 0; i < 100; ++i) {
@@ -205,38 +206,32 @@ TEST(ReportCommand, MarksAStretchOfTheFileThatHoldsAChangedDvi) {
     }
     return text + std::string(50, 'i') + changed + std::string(49, 'i');
   };
-  const scratch_folder folder;
   folder.write("net.bin", package("c"));
   folder.write("old.bin", package("i"));
-  const std::string page =
-      run_morvane({"report", "net.bin", "--against", "old.bin"}, folder.path()).output;
+  const std::string page = morvane({"report", "net.bin", "--against", "old.bin"}).output;
   expect_shown(page, "DVIs 48 to 50, 3 bytes at 0x3d2c</title></rect><rect class=\"changed\"");
   expect_shown(page, "DVIs 51 to 53, 3 bytes at 0x3d2f</title></rect></a>");
 }
 
-TEST(ReportCommand, SaysThatTheOlderPackageIsDamaged) {
-  const scratch_folder folder;
+TEST_F(ReportCommand, SaysThatTheOlderPackageIsDamaged) {
   const std::string package = sound_package();
   folder.write("net.bin", package);
   folder.write("cut.bin", package.substr(0, package.size() - 1));
   const std::string sentence = "<p class=\"bad\">The older package is damaged.";
-  expect_shown(run_morvane({"report", "net.bin", "--against", "cut.bin"}, folder.path()).output,
-               sentence);
-  expect_not_shown(run_morvane({"report", "net.bin", "--against", "net.bin"}, folder.path()).output,
-                   sentence);
+  expect_shown(morvane({"report", "net.bin", "--against", "cut.bin"}).output, sentence);
+  expect_not_shown(morvane({"report", "net.bin", "--against", "net.bin"}).output, sentence);
 }
 
-TEST(ReportCommand, WarnsThatTheNetworkForGraphvizEndsAtADamage) {
-  const scratch_folder folder;
+TEST_F(ReportCommand, WarnsThatTheNetworkForGraphvizEndsAtADamage) {
   folder.write("net.bin", header(1));
   const std::string network = "digraph package {\n  node [shape=box]\n}\n";
-  expect_outcome(run_morvane({"report", "--dot", "net.bin"}, folder.path()), 0, network,
+  expect_morvane({"report", "--dot", "net.bin"}, 0, network,
                  "morvane: net.bin: the package is damaged; only what comes before the damage is "
                  "shown, and morvane check tells more\n");
-  expect_outcome(run_morvane({"report", "--dot", "-q", "net.bin"}, folder.path()), 0, network);
+  expect_morvane({"report", "--dot", "-q", "net.bin"}, 0, network);
 }
 
-TEST(ReportCommand, WritesTheNetworkForGraphviz) {
+TEST_F(ReportCommand, WritesTheNetworkForGraphviz) {
   std::string package = header(2) + bytes(sound_dvi(0, "a\"\\&\x1B\xEF\xBF\xBE\xE2\x80\xAE")) +
                         bytes(sound_dvi(1, "b"));
   package += bytes(sound_port("data", 0)) + bytes(sound_port("middle", 16)) + image();
@@ -255,18 +250,16 @@ TEST(ReportCommand, WritesTheNetworkForGraphviz) {
 )");
 }
 
-TEST(ReportCommand, WritesTheSamePageToAFileAndToStandardOutput) {
-  const scratch_folder folder;
+TEST_F(ReportCommand, WritesTheSamePageToAFileAndToStandardOutput) {
   folder.write("net.bin", sound_package_with_vproc());
-  const run_result run = run_morvane({"report", "net.bin"}, folder.path());
-  expect_outcome(run_morvane({"report", "net.bin", "-o", "net.html"}, folder.path()), 0, "");
+  const run_result run = morvane({"report", "net.bin"});
+  expect_morvane({"report", "net.bin", "-o", "net.html"}, 0, "");
   EXPECT_EQ(folder.read("net.html"), run.output);
-  EXPECT_EQ(run_morvane({"report", "./net.bin"}, folder.path()).output, run.output);
-  EXPECT_EQ(run_morvane({"report", "net.bin", "-o", "-"}, folder.path()).output, run.output);
+  EXPECT_EQ(morvane({"report", "./net.bin"}).output, run.output);
+  EXPECT_EQ(morvane({"report", "net.bin", "-o", "-"}).output, run.output);
 }
 
-TEST(ReportCommand, WritesAWholeFileOrNone) {
-  const scratch_folder folder;
+TEST_F(ReportCommand, WritesAWholeFileOrNone) {
   std::string package = header(1000);
   for (int i = 0; i < 1000; ++i) {
     package += bytes(dvi("net", 0));
@@ -277,36 +270,31 @@ TEST(ReportCommand, WritesAWholeFileOrNone) {
   expect_outcome(run_shell("ulimit -f 1024; \"$@\" report net.bin -o out/net.html", folder.path()),
                  2, "", "morvane: out/net.html: File too large\n");
   EXPECT_EQ(folder.files("out"), (std::map<std::string, std::string>{{"net.html", "as it was"}}));
-  expect_outcome(run_morvane({"report", "net.bin", "-o", "none/net.html"}, folder.path()), 2, "",
+  expect_morvane({"report", "net.bin", "-o", "none/net.html"}, 2, "",
                  "morvane: none/net.html: No such file or directory\n");
   expect_outcome(run_shell("\"$@\" report net.bin >/dev/full", folder.path()), 2, "",
                  "morvane: standard output: No space left on device\n");
 }
 
-TEST(ReportCommand, NeverReplacesAPackageThatItReads) {
-  const scratch_folder folder;
+TEST_F(ReportCommand, NeverReplacesAPackageThatItReads) {
   folder.write("net.bin", sound_package());
   folder.write("old.bin", sound_package_with_vproc());
   std::filesystem::create_symlink("net.bin", folder.path() + "/link.bin");
   const std::map<std::string, std::string> files = folder.files();
-  expect_outcome(run_morvane({"report", "net.bin", "-o", "./net.bin"}, folder.path()), 2, "",
+  expect_morvane({"report", "net.bin", "-o", "./net.bin"}, 2, "",
                  "morvane: ./net.bin: the page must not replace a package that it is made from\n");
-  expect_outcome(run_morvane({"report", "--dot", "net.bin", "-o", "link.bin"}, folder.path()), 2,
-                 "",
+  expect_morvane({"report", "--dot", "net.bin", "-o", "link.bin"}, 2, "",
                  "morvane: link.bin: the page must not replace a package that it is made from\n");
-  expect_outcome(
-      run_morvane({"report", "net.bin", "--against", "old.bin", "-o", "old.bin"}, folder.path()), 2,
-      "", "morvane: old.bin: the page must not replace a package that it is made from\n");
+  expect_morvane({"report", "net.bin", "--against", "old.bin", "-o", "old.bin"}, 2, "",
+                 "morvane: old.bin: the page must not replace a package that it is made from\n");
   EXPECT_EQ(folder.files(), files);
 }
 
-TEST(ReportCommand, EndsWithStatus2WhenAPackageCannotBeRead) {
-  const scratch_folder folder;
+TEST_F(ReportCommand, EndsWithStatus2WhenAPackageCannotBeRead) {
   folder.write("net.bin", sound_package());
-  expect_outcome(run_morvane({"report", "none"}, folder.path()), 2, "",
+  expect_morvane({"report", "none"}, 2, "", "morvane: none: No such file or directory\n");
+  expect_morvane({"report", "net.bin", "--against", "none", "-o", "x"}, 2, "",
                  "morvane: none: No such file or directory\n");
-  expect_outcome(run_morvane({"report", "net.bin", "--against", "none", "-o", "x"}, folder.path()),
-                 2, "", "morvane: none: No such file or directory\n");
   EXPECT_EQ(folder.files().size(), 1U);
 }
 
@@ -327,7 +315,7 @@ std::string chain(std::uint32_t dvis, std::uint32_t ports) {
   return package;
 }
 
-TEST(ReportCommand, ShowsTheLongestNamesWhole) {
+TEST_F(ReportCommand, ShowsTheLongestNamesWhole) {
   const std::string page = page_of(header(1) + bytes(dvi(std::string(127, 'd'), 0, 1)) +
                                    bytes(port(std::string(511, 'n'), std::string(511, 'l'))));
   expect_shown(page, "<h3>DVI 0: <bdi>" + std::string(127, 'd') + "</bdi></h3>");
@@ -335,7 +323,7 @@ TEST(ReportCommand, ShowsTheLongestNamesWhole) {
                          std::string(511, 'l') + "</bdi></small></th>");
 }
 
-TEST(ReportCommand, DrawsAThousandDvisAndSaysHowManyItLeavesOut) {
+TEST_F(ReportCommand, DrawsAThousandDvisAndSaysHowManyItLeavesOut) {
   const std::string page = page_of(chain(1003, 2));
   expect_shown(page, "<p class=\"dim\">3 DVIs are left out here; the tables show all.</p>");
   expect_shown(page, "<summary>DVIs 1000 to 1002</summary>");

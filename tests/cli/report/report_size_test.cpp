@@ -7,9 +7,8 @@
 #include <span>
 
 #include "cli/outcome.h"
-#include "cli/sound_package.h"
-#include "harness/scratch_folder.h"
-#include "trust/test_size.h"
+#include "harness/packages.h"
+#include "harness/test_size.h"
 
 namespace morvane::test {
 namespace {

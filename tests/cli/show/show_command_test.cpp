@@ -2,8 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "cli/outcome.h"
-#include "cli/sound_package.h"
-#include "harness/scratch_folder.h"
+#include "harness/packages.h"
 
 namespace morvane::test {
 namespace {
@@ -38,11 +37,12 @@ std::string varied_package() {
          bytes(vproc_desc{1, 1, 268}) + bytes(variable("gain")) + bytes(smb("lut"));
 }
 
-TEST(ShowCommand, ShowsATableOfEveryDvi) {
-  const scratch_folder folder;
+using ShowCommand = morvane_test;
+
+TEST_F(ShowCommand, ShowsATableOfEveryDvi) {
   folder.write("net.bin", varied_package());
-  expect_outcome(
-      run_morvane({"show", "net.bin"}, folder.path()), 0,
+  expect_morvane(
+      {"show", "net.bin"}, 0,
       "net.bin: 2624 bytes, version 2.1.6 ( HASH b3b3814 ), dvi_num 1, with vproc records\n"
       "\n"
       "DVI 0: net\n"
@@ -57,7 +57,7 @@ TEST(ShowCommand, ShowsATableOfEveryDvi) {
       "  0    lut      256\n");
 }
 
-TEST(ShowCommand, ShowsADataFormatOfWhichAnyNumberIsGiven) {
+TEST_F(ShowCommand, ShowsADataFormatOfWhichAnyNumberIsGiven) {
   std::array<port_desc, 5> ports{};
   ports.fill(port("data", ""));
   for (port_desc& each : ports) {
@@ -72,20 +72,18 @@ TEST(ShowCommand, ShowsADataFormatOfWhichAnyNumberIsGiven) {
   for (const port_desc& each : ports) {
     package += bytes(each);
   }
-  const scratch_folder folder;
   folder.write("net.bin", package + image());
-  const std::string shown = run_morvane({"show", "net.bin"}, folder.path()).output;
+  const std::string shown = morvane({"show", "net.bin"}).output;
   for (const char* row : {"input 0  data  0  0  0  16       0  -      ", "0  1,255,-1,255  ",
                           "0  255,16,-1,255  ", "0  255,255,0,255  ", "0  255,255,-1,5  "}) {
     EXPECT_NE(shown.find(row), std::string::npos) << row << "is missing in\n" << shown;
   }
 }
 
-TEST(ShowCommand, LeavesOutTablesWithoutRows) {
-  const scratch_folder folder;
+TEST_F(ShowCommand, LeavesOutTablesWithoutRows) {
   folder.write("net.bin", header(1) + bytes(sound_dvi(0, "net", 0, 0)) + image());
-  expect_outcome(
-      run_morvane({"show", "net.bin"}, folder.path()), 0,
+  expect_morvane(
+      {"show", "net.bin"}, 0,
       "net.bin: 232 bytes, version 2.1.6 ( HASH b3b3814 ), dvi_num 1, without vproc records\n"
       "\n"
       "DVI 0: net\n"
@@ -93,11 +91,10 @@ TEST(ShowCommand, LeavesOutTablesWithoutRows) {
       "  image: offset 0xa8, 64 bytes, address 0x1000, DAG binary at 0x1000\n");
 }
 
-TEST(ShowCommand, WritesEverythingAsJson) {
-  const scratch_folder folder;
+TEST_F(ShowCommand, WritesEverythingAsJson) {
   folder.write("net.bin", varied_package());
-  expect_outcome(
-      run_morvane({"show", "--json", "net.bin"}, folder.path()), 0,
+  expect_morvane(
+      {"show", "--json", "net.bin"}, 0,
       R"({"file": "net.bin", "size": 2624, "damage": null, )"
       R"("pkg_header": {"offset": 0, "version": 33619974, "HASH": 188430356, "dvi_num": 1}, )"
       R"("has_vproc": true, "dvis": [)"
@@ -127,35 +124,33 @@ TEST(ShowCommand, WritesEverythingAsJson) {
       "\n");
 }
 
-TEST(ShowCommand, AddsTheDigestOfEveryImageWhenAsked) {
-  const scratch_folder folder;
+TEST_F(ShowCommand, AddsTheDigestOfEveryImageWhenAsked) {
   folder.write("net.bin",
                header(2) + bytes(sound_dvi(0, "a", 0, 0)) + bytes(dvi("b", 0)) + image());
   // As xxhsum -H2 prints them for 64 bytes of 0xA5, and for no bytes.
-  const run_result json = run_morvane({"show", "--digest", "--json", "net.bin"}, folder.path());
+  const run_result json = morvane({"show", "--digest", "--json", "net.bin"});
   EXPECT_NE(json.output.find(R"("size": 64, "xxh3_128": "aff138a654fc51d2378fe6df5b0e96a2"})"),
             std::string::npos)
       << json.output;
   EXPECT_NE(json.output.find(R"("size": 0, "xxh3_128": "99aa06d3014798d86001c324468d497f"})"),
             std::string::npos);
-  const run_result tables = run_morvane({"show", "--digest", "net.bin"}, folder.path());
+  const run_result tables = morvane({"show", "--digest", "net.bin"});
   EXPECT_NE(tables.output.find("\n  xxh3_128: aff138a654fc51d2378fe6df5b0e96a2\n"),
             std::string::npos);
 }
 
-TEST(ShowCommand, ShowsWhatComesBeforeADamageAndEndsWithStatus1) {
-  const scratch_folder folder;
+TEST_F(ShowCommand, ShowsWhatComesBeforeADamageAndEndsWithStatus1) {
   folder.write("net.bin", sound_package().substr(0, 0x12A3));
   const std::string warning =
       "morvane: net.bin: the package is damaged; only what comes before the damage is shown, "
       "and morvane check tells more\n";
-  const run_result tables = run_morvane({"show", "net.bin"}, folder.path());
+  const run_result tables = morvane({"show", "net.bin"});
   EXPECT_EQ(tables.status, 1);
   EXPECT_TRUE(tables.output.starts_with(
       "net.bin: 4771 bytes, version 2.1.6 ( HASH b3b3814 ), dvi_num 2\n\nDVI 0: first\n"));
   EXPECT_EQ(tables.output.find("DVI 1"), std::string::npos);
   EXPECT_EQ(tables.diagnostics, warning);
-  const run_result json = run_morvane({"show", "--json", "net.bin"}, folder.path());
+  const run_result json = morvane({"show", "--json", "net.bin"});
   EXPECT_EQ(json.status, 1);
   EXPECT_TRUE(json.output.starts_with(
       R"({"file": "net.bin", "size": 4771, "damage": {"code": "image-cut", "offset": 4708, )"
@@ -164,17 +159,16 @@ TEST(ShowCommand, ShowsWhatComesBeforeADamageAndEndsWithStatus1) {
   EXPECT_EQ(json.diagnostics, warning);
 }
 
-TEST(ShowCommand, ShowsAFileThatIsShorterThanAHeader) {
-  const scratch_folder folder;
+TEST_F(ShowCommand, ShowsAFileThatIsShorterThanAHeader) {
   folder.write("net.bin", "short");
-  EXPECT_EQ(run_morvane({"show", "net.bin"}, folder.path()).output, "net.bin: 5 bytes\n");
-  EXPECT_EQ(run_morvane({"show", "--json", "--quiet", "net.bin"}, folder.path()).output,
+  EXPECT_EQ(morvane({"show", "net.bin"}).output, "net.bin: 5 bytes\n");
+  EXPECT_EQ(morvane({"show", "--json", "--quiet", "net.bin"}).output,
             R"({"file": "net.bin", "size": 5, "damage": {"code": "header-cut", "offset": 0, )"
             R"("claimed": 12, "present": 5}, "pkg_header": null, "has_vproc": null, "dvis": []})"
             "\n");
 }
 
-TEST(ShowCommand, ShowsManyDvis) {
+TEST_F(ShowCommand, ShowsManyDvis) {
   constexpr std::uint32_t dvis = 2000;
   std::string package = header(dvis);
   std::string expected =
@@ -187,18 +181,15 @@ TEST(ShowCommand, ShowsManyDvis) {
                 "\n  dvi_id 0, vproc_id 0, dvi_ppv 0\n"
                 "  image: offset 0x4c2cc, 0 bytes, address 0x1000, DAG binary at 0x2000\n";
   }
-  const scratch_folder folder;
   folder.write("net.bin", package);
-  expect_outcome(run_morvane({"show", "net.bin"}, folder.path()), 0, expected);
+  expect_morvane({"show", "net.bin"}, 0, expected);
 }
 
-TEST(ShowCommand, EndsWithStatus2WhenThePackageCannotBeRead) {
-  const scratch_folder folder;
-  expect_outcome(run_morvane({"show", "none"}, folder.path()), 2, "",
-                 "morvane: none: No such file or directory\n");
+TEST_F(ShowCommand, EndsWithStatus2WhenThePackageCannotBeRead) {
+  expect_morvane({"show", "none"}, 2, "", "morvane: none: No such file or directory\n");
 }
 
-TEST(ShowCommand, NeedsTheMemoryOfTheLargestDvi) {
+TEST_F(ShowCommand, NeedsTheMemoryOfTheLargestDvi) {
   if (!run_prefix().empty()) {
     GTEST_SKIP() << "an emulator or checker needs memory of its own";
   }
@@ -208,10 +199,9 @@ TEST(ShowCommand, NeedsTheMemoryOfTheLargestDvi) {
     package += bytes(dvi("net", std::uint32_t{1} << 20U, 0, 0));
   }
   package.append(std::size_t{dvis} << 20U, 'x');
-  const scratch_folder folder;
   folder.write("net.bin", package);
-  const long idle = run_morvane({"--version"}, folder.path()).peak_kib;
-  const run_result run = run_morvane({"show", "--json", "--digest", "net.bin"}, folder.path());
+  const long idle = morvane({"--version"}).peak_kib;
+  const run_result run = morvane({"show", "--json", "--digest", "net.bin"});
   EXPECT_EQ(run.status, 0);
   EXPECT_LT(run.peak_kib, idle + 4 * 1024);
 }

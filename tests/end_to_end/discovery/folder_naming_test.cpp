@@ -4,11 +4,6 @@
 namespace morvane::test {
 namespace {
 
-std::string no_ports_in(const std::string& header) {
-  return "warning: fail to find HMB input info in in/" + header +
-         "\nwarning: fail to find HMB output info in in/" + header + "\n";
-}
-
 std::string missing(const std::string& header) {
   return "error: can't find file " + header +
          ". please check filename format between .dvi and .h files.\n";

@@ -8,33 +8,6 @@ namespace {
 
 using PackRun = tool_test;
 
-TEST_F(PackRun, WritesHeaderTableAndOneBlockPerDvi) {
-  put_dag("net_split_0",
-          dag_lines("first", 3) + "/* first HMB_input a */\n/* first HMB_output b */\n", "one");
-  put_dag("net_split_1",
-          dag_lines("second", 5) + "/* second HMB_input c */\n/* second HMB_output d */\n",
-          "two..");
-  expect_tool(pack, 0, saved("4652"));
-  const std::string package = folder.read("net.bin");
-  EXPECT_EQ(package.size(), 4652U);
-  expect_bytes(package, package_header(2) +
-                            dvi_record({.img_size = 3,
-                                        .input_num = 1,
-                                        .output_num = 1,
-                                        .pkg_size = 2163,
-                                        .dag_name = "first"}) +
-                            dvi_record({.dvi_id = 1,
-                                        .vproc_id = 1,
-                                        .img_size = 5,
-                                        .input_num = 1,
-                                        .output_num = 1,
-                                        .pkg_size = 2165,
-                                        .dag_name = "second"}) +
-                            port_record({.port_name = "a"}) + port_record({.port_name = "b"}) +
-                            "one" + port_record({.port_name = "c"}) +
-                            port_record({.port_name = "d"}) + "two..");
-}
-
 TEST_F(PackRun, PutsAllInputPortsBeforeTheOutputPorts) {
   put_dag("net", dag_lines("net") +
                      "/* HMB_output b */\n/* HMB_input a */\n"
@@ -92,28 +65,6 @@ TEST_F(PackRun, PacksAndInspectsLongImages) {
     expect_bytes(folder.read("parse/net_split_" + std::to_string(i) + ".dvi"),
                  long_image(sizes[i]));
   }
-}
-
-TEST_F(PackRun, WithVprocWritesTheTableAndTheBlocksAfterTheLastImage) {
-  put_dag("net_split_0",
-          dag_lines("first", 3) +
-              "/* $x */\n#define x_boffset 8\n#define x_bsize 4\n"
-              "/* SMB_input s */\n#define first_s_vbase_byte_offset 16\n",
-          "one");
-  put_dag("net_split_1", dag_lines("second", 3) + "/* $y */\n/* $z */\n", "two");
-  const std::string warnings =
-      "warning: fail to find HMB input info in in/_net_split_0.h\n"
-      "warning: fail to find HMB output info in in/_net_split_0.h\n"
-      "warning: fail to find HMB input info in in/_net_split_1.h\n"
-      "warning: fail to find HMB output info in in/_net_split_1.h\n";
-  expect_tool({"-d", "in", "-f", "plain.bin"}, 0,
-              warnings + "Save to file plain.bin with file size 330.\n\n");
-  expect_tool({"-d", "in", "-f", "vproc.bin", "-c"}, 0,
-              warnings + "Save to file vproc.bin with file size 894.\n\n");
-  expect_bytes(folder.read("vproc.bin"), folder.read("plain.bin") + vproc_record(1, 1, 268) +
-                                             vproc_record(2, 0, 272) + variable_record("x", 8, 4) +
-                                             smb_record("s", 16) + variable_record("y", 0, 0) +
-                                             variable_record("z", 0, 0));
 }
 
 TEST_F(PackRun, WithVprocWarnsOfMissingVariablesButNotOfMissingSmbs) {

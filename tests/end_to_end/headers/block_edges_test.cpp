@@ -58,46 +58,12 @@ TEST(LineLimit, OfThePortBlocks) {
   expect_bytes(lines(20, 20, 1024), port_record({.port_name = "a", .W = 1}) + no_vproc);
 }
 
-TEST(LineLimit, OfTheVariableBlocks) {
-  const auto lines = [](std::size_t first_length, std::size_t inner_length,
-                        std::size_t last_length) {
-    return packed_lines(padded("/* $x */", first_length) + "\n" +
-                        padded("#define x_boffset 1", inner_length) + "\n" +
-                        padded("#define x_bsize 2", last_length));
-  };
-  expect_bytes(lines(1023, 1023, 1023), vproc_record(1, 0, 136) + variable_record("x", 1, 2));
-  expect_bytes(lines(1024, 20, 20), no_vproc);
-  expect_bytes(lines(20, 1024, 20), vproc_record(1, 0, 136) + variable_record("x", 0, 2));
-  expect_bytes(lines(20, 20, 1024), vproc_record(1, 0, 136) + variable_record("x", 1, 0));
-}
-
-TEST(LineLimit, OfTheSmbBlocks) {
-  const auto lines = [](std::size_t first_length, std::size_t last_length) {
-    return packed_lines(padded("/* SMB_input s */", first_length) + "\n" +
-                        padded("#define net_s_vbase_byte_offset 1", last_length));
-  };
-  expect_bytes(lines(1023, 1023), vproc_record(0, 1, 132) + smb_record("s", 1));
-  expect_bytes(lines(1024, 40), no_vproc);
-  expect_bytes(lines(40, 1024), vproc_record(0, 1, 132) + smb_record("s", 0));
-}
-
 TEST(LastLineWithoutLineBreak, MayBeTheNextPort) {
   expect_bytes(
       packed_lines("/* HMB_input a */\n#define net_a_W 1\n/* HMB_input b */"),
       port_record({.port_name = "a", .W = 1}) + port_record({.port_name = "b"}) + no_vproc);
   expect_bytes(packed_lines("/* HMB_output a */\n/* HMB_output b */"),
                port_record({.port_name = "a"}) + port_record({.port_name = "b"}) + no_vproc);
-}
-
-TEST(LastLineWithoutLineBreak, MayBeTheNextVariable) {
-  expect_bytes(packed_lines("/* $x */\n#define x_bsize 1\n/* $y */"),
-               vproc_record(2, 0, 272) + variable_record("x", 0, 1) + variable_record("y", 0, 0));
-}
-
-TEST(LastLineWithoutLineBreak, MayBeTheNextSmb) {
-  expect_bytes(
-      packed_lines("/* SMB_input s */\n#define net_s_vbase_byte_offset 1\n/* SMB_input t */"),
-      vproc_record(0, 2, 264) + smb_record("s", 1) + smb_record("t", 0));
 }
 
 TEST(LastLineWithoutLineBreak, MayHoldTheLastMacroOfABlock) {

@@ -50,18 +50,29 @@ TEST_F(OverlongName, ALaterDagNameThatIsTooLongLeavesTheRecordsBeforeIt) {
                package_header(3) + dvi_record({.img_size = 3, .pkg_size = 3, .dag_name = "first"}));
 }
 
-TEST_F(OverlongName, OfAnInputPortLeavesNoPortOfItsDvi) {
-  const std::string port(512, 'p');
-  put_dag(
-      "net",
-      dag_lines("net", 5) + "/* HMB_input a */\n/* HMB_input " + port + " */\n/* HMB_output b */\n",
-      "image");
-  expect_tool(pack, 255, length_message("IO_NAME", port));
-  expect_bytes(folder.read("net.bin"), package_header(1) + dvi_record({.img_size = 5,
-                                                                       .input_num = 2,
-                                                                       .output_num = 1,
-                                                                       .pkg_size = 3245,
-                                                                       .dag_name = "net"}));
+TEST_F(OverlongName, LeavesWhatComesBeforeTheRecordsOfItsKind) {
+  const std::string longest(512, 'n');
+  const std::string smb(128, 's');
+  const struct {
+    std::string lines;
+    std::string output;
+    std::string package;
+  } rows[] = {
+      {"/* HMB_input a */\n/* HMB_input " + longest + " */\n/* HMB_output b */\n",
+       length_message("IO_NAME", longest),
+       dvi_record({.input_num = 2, .output_num = 1, .pkg_size = 3240, .dag_name = "net"})},
+      {"/* HMB_input a */\n#define net_a_qubrix_demangled_name \"" + longest + "\"\n",
+       length_message("IO_DEMNGL_NAME", longest),
+       dvi_record({.input_num = 1, .pkg_size = 1080, .dag_name = "net"})},
+      {"/* $x */\n/* SMB_input t */\n/* SMB_input " + smb + " */\n",
+       no_ports + length_message("VAR_NAME", smb),
+       dvi_record({.dag_name = "net"}) + vproc_record(1, 2, 400)},
+  };
+  for (const auto& row : rows) {
+    put_dag("net", dag_lines("net") + row.lines);
+    expect_tool(pack_with_vproc, 255, row.output);
+    expect_bytes(folder.read("net.bin"), package_header(1) + row.package);
+  }
 }
 
 TEST_F(OverlongName, OfAnOutputPortLeavesNoPortOfItsDvi) {
@@ -86,40 +97,19 @@ TEST_F(OverlongName, OfAnOutputPortLeavesNoPortOfItsDvi) {
           port_record({.port_name = "a"}) + "one");
 }
 
-TEST_F(OverlongName, OfALayerLeavesNoPortOfItsDvi) {
-  const std::string layer(512, 'l');
-  put_dag("net", dag_lines("net") + "/* HMB_input a */\n#define net_a_qubrix_demangled_name \"" +
-                     layer + "\"\n");
-  expect_tool(pack, 255, length_message("IO_DEMNGL_NAME", layer));
-  expect_bytes(
-      folder.read("net.bin"),
-      package_header(1) + dvi_record({.input_num = 1, .pkg_size = 1080, .dag_name = "net"}));
-}
-
 TEST_F(OverlongName, OfAVariableLeavesTheVprocTableAndTheBlocksBeforeIt) {
   const std::string variable(128, 'v');
   put_dag("net_split_0", dag_lines("first") + "/* $x */\n/* SMB_input s */\n");
   put_dag("net_split_1",
           dag_lines("second") + "/* $y */\n/* $" + variable + " */\n/* SMB_input t */\n");
   expect_tool(pack_with_vproc, 255,
-              "warning: fail to find HMB input info in in/_net_split_0.h\n"
-              "warning: fail to find HMB output info in in/_net_split_0.h\n"
-              "warning: fail to find HMB input info in in/_net_split_1.h\n"
-              "warning: fail to find HMB output info in in/_net_split_1.h\n" +
+              no_ports_in("_net_split_0.h") + no_ports_in("_net_split_1.h") +
                   length_message("VAR_NAME", variable));
   expect_bytes(folder.read("net.bin"),
                package_header(2) + dvi_record({.dag_name = "first"}) +
                    dvi_record({.dvi_id = 1, .vproc_id = 1, .dag_name = "second"}) +
                    vproc_record(1, 1, 268) + vproc_record(2, 1, 404) + variable_record("x", 0, 0) +
                    smb_record("s", 0));
-}
-
-TEST_F(OverlongName, OfAnSmbLeavesNoVariableOfItsDvi) {
-  const std::string smb(128, 's');
-  put_dag("net", dag_lines("net") + "/* $x */\n/* SMB_input t */\n/* SMB_input " + smb + " */\n");
-  expect_tool(pack_with_vproc, 255, no_ports + length_message("VAR_NAME", smb));
-  expect_bytes(folder.read("net.bin"),
-               package_header(1) + dvi_record({.dag_name = "net"}) + vproc_record(1, 2, 400));
 }
 
 TEST_F(OverlongName, OfAVariableOrAnSmbDoesNotMatterWithoutVproc) {

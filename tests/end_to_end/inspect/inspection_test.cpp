@@ -125,28 +125,6 @@ TEST_F(Inspection, WithoutVprocOptionLeavesTheVprocSectionOut) {
   expect_files(folder.files("parse"), {{"net.dvi", ""}, {"_net.h", dag_block(vproc_7)}});
 }
 
-TEST_F(Inspection, WithVprocOptionReportsTheVprocSection) {
-  folder.write("net.bin", with_vproc);
-  expect_tool(inspect_with_vproc, 1,
-              report_without_vproc +
-                  "vproc_id: 7 dag_name: net variable_num: 1 smb_num: 1\n"
-                  "\n"
-                  "var: gain\t boffset = 1\t bsize = 2\n"
-                  "\n"
-                  "smb_id: 0\t vbase_byte_offset: 3\t smb_name: lut\n"
-                  "\n" +
-                  report_end("."));
-  expect_files(folder.files("parse"),
-               {{"net.dvi", ""},
-                {"_net.h", dag_block(vproc_7) + "\n"
-                                                "/* $gain */\n"
-                                                "#define\tgain_boffset\t1\n"
-                                                "#define\tgain_bsize\t2\n"
-                                                "\n"
-                                                "/* net SMB_input lut */\n"
-                                                "#define\tnet_lut_vbase_byte_offset\t3\n"}});
-}
-
 TEST_F(Inspection, WithVprocOptionSkipsASectionThatIsNotThere) {
   folder.write("net.bin", package_header(1) + dvi_record(vproc_7));
   expect_tool(inspect_with_vproc, 1, report_without_vproc + report_end("."));

@@ -118,22 +118,16 @@ run_result run_into_pipe(const std::vector<std::string>& arguments, const std::s
 
 using SlowStream = tool_test;
 
-TEST_F(SlowStream, InNonBlockingModeGetsEveryLine) {
+TEST_F(SlowStream, GetsEveryLineInNonBlockingModeAndOfARunThatIsStoppedAndGoesOn) {
   write_long_package(folder);
   const run_result expected = tool({"-f", "net.bin", "-v"});
   ASSERT_GT(expected.output.size(), 200000U);
-  const run_result run = run_into_pipe({"-f", "net.bin", "-v"}, folder.path(), O_NONBLOCK, false);
-  EXPECT_EQ(run.status, 1);
-  EXPECT_TRUE(run.output == expected.output) << run.output.size();
-}
-
-TEST_F(SlowStream, GetsEveryLineOfARunThatIsStoppedAndGoesOn) {
-  write_long_package(folder);
-  const run_result expected = tool({"-f", "net.bin", "-v"});
-  ASSERT_GT(expected.output.size(), 200000U);
-  const run_result run = run_into_pipe({"-f", "net.bin", "-v"}, folder.path(), 0, true);
-  EXPECT_EQ(run.status, 1);
-  EXPECT_TRUE(run.output == expected.output) << run.output.size();
+  for (const bool stops : {false, true}) {
+    const run_result run =
+        run_into_pipe({"-f", "net.bin", "-v"}, folder.path(), stops ? 0 : O_NONBLOCK, stops);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_TRUE(run.output == expected.output) << run.output.size();
+  }
 }
 
 TEST_F(SlowStream, ThatNobodyReadsEndsTheRunByItsSignal) {

@@ -1,4 +1,4 @@
-#include "trust/test_size.h"
+#include "harness/test_size.h"
 
 #include <unistd.h>
 

@@ -1,4 +1,4 @@
-#include "trust/silence.h"
+#include "harness/silence.h"
 
 #include <fcntl.h>
 #include <unistd.h>

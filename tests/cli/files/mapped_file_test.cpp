@@ -1,0 +1,54 @@
+// What ends the program when a mapped file cannot be read any more.
+#include "cli/files/mapped_file.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <string>
+
+#include "harness/scratch_folder.h"
+
+namespace morvane::test {
+namespace {
+
+using cli::mapped_file;
+
+/// What the system does when it cannot read the page of an address from the disk.
+void fail_to_read(const void* address) {
+  siginfo_t cause{};
+  cause.si_code = BUS_ADRERR;
+  cause.si_addr = const_cast<void*>(address);
+  ::syscall(SYS_rt_tgsigqueueinfo, ::getpid(), ::gettid(), SIGBUS, &cause);
+}
+
+TEST(MappedFileDeathTest, EndsTheProgramWhenTheDiskFails) {
+  const scratch_folder folder;
+  folder.write("net.bin", std::string(100000, 'x'));
+  const auto map = [&](const char* path) {
+    return mapped_file(open_at(AT_FDCWD, folder.path("net.bin"), O_RDONLY), 100000, path);
+  };
+  const mapped_file older = map("older.bin");
+  const mapped_file package = map("net.bin");
+  const mapped_file newer = map("newer.bin");
+  EXPECT_EXIT(
+      {
+        cli::end_at_lost_bytes();
+        fail_to_read(package.bytes().data() + 99999);
+      },
+      testing::ExitedWithCode(2), "^morvane: net.bin: Input/output error\n$");
+}
+
+TEST(MappedFileDeathTest, LeavesASignalFromOutsideItsUsualEffect) {
+  EXPECT_EXIT(
+      {
+        cli::end_at_lost_bytes();
+        ::raise(SIGBUS);
+      },
+      testing::KilledBySignal(SIGBUS), "^$");
+}
+
+}  // namespace
+}  // namespace morvane::test
