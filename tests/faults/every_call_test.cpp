@@ -66,41 +66,25 @@ class sample {
   }
 };
 
-/// A fault that a run must not show at all.
-struct harmless {
-  const char* kind;
-  std::string effect;
-};
-
-/// A fault that may lose what the call was about.
-struct harmful {
-  const char* kind;
-  int error;
-};
-
 void expect_no_difference(sample& sample, const std::vector<std::string>& arguments) {
   const outcome expected = sample.after(arguments);
-  auto calls = sample.calls(arguments);
-  const std::array<harmless, 7> faults{{{"open", error_effect(EINTR)},
-                                        {"read", error_effect(EINTR)},
-                                        {"read", "short"},
-                                        {"write", error_effect(EINTR)},
-                                        {"write", error_effect(EAGAIN)},
-                                        {"write", "short"},
-                                        {"truncate", error_effect(EINTR)}}};
-  unsigned runs = 0;
-  for (const auto& [kind, effect] : faults) {
-    for (unsigned number = 1; number <= calls[kind]; ++number, ++runs) {
-      SCOPED_TRACE(std::string(kind) + " " + std::to_string(number) + ": " + effect);
-      const outcome actual =
-          sample.after(arguments, {.kind = kind, .number = number, .effect = effect});
-      EXPECT_EQ(actual.run.status, expected.run.status);
-      EXPECT_EQ(actual.run.output, expected.run.output);
-      EXPECT_EQ(actual.files, expected.files);
-    }
+  const auto faults = faults_of({{"open", error_effect(EINTR)},
+                                 {"read", error_effect(EINTR)},
+                                 {"read", "short"},
+                                 {"write", error_effect(EINTR)},
+                                 {"write", error_effect(EAGAIN)},
+                                 {"write", "short"},
+                                 {"truncate", error_effect(EINTR)}},
+                                sample.calls(arguments));
+  for (const fault& fault : faults) {
+    SCOPED_TRACE(fault);
+    const outcome actual = sample.after(arguments, fault);
+    EXPECT_EQ(actual.run.status, expected.run.status);
+    EXPECT_EQ(actual.run.output, expected.run.output);
+    EXPECT_EQ(actual.files, expected.files);
   }
-  std::printf("%u runs\n", runs);
-  EXPECT_GT(runs, 50U);
+  std::printf("%zu runs\n", faults.size());
+  EXPECT_GT(faults.size(), 50U);
 }
 
 /// Whether a line may be in the output: a sound run prints it, or it is a message.
@@ -145,37 +129,22 @@ void expect_an_orderly_end(const outcome& actual, const outcome& sound,
 void expect_orderly_ends(sample& sample, const std::vector<std::string>& arguments,
                          const std::vector<int>& statuses) {
   const outcome sound = sample.after(arguments);
-  auto calls = sample.calls(arguments);
-  constexpr std::array<harmful, 22> faults{
-      {{"open", EMFILE},    {"open", EACCES},  {"open", EIO},     {"open", ENOSPC},
-       {"read", EIO},       {"write", ENOSPC}, {"write", EIO},    {"stat", EIO},
-       {"opendir", EMFILE}, {"readdir", EIO},  {"mkdir", ENOSPC}, {"mkdir", EACCES},
-       {"unlink", EACCES},  {"unlink", EIO},   {"truncate", EIO}, {"truncate", ENOSPC},
-       {"seek", EIO},       {"close", EIO},    {"close", ENOSPC}, {"poll", EIO},
-       {"fcntl", EMFILE},   {"fcntl", EBADF}}};
-  unsigned runs = 0;
-  for (const auto& [kind, error] : faults) {
-    for (unsigned number = 1; number <= calls[kind]; ++number) {
-      for (const bool from_then_on : {false, true}) {
-        SCOPED_TRACE(std::string(kind) + " " + std::to_string(number) +
-                     (from_then_on ? " and on: " : ": ") + error_effect(error));
-        expect_an_orderly_end(sample.after(arguments, {.kind = kind,
-                                                       .number = number,
-                                                       .from_then_on = from_then_on,
-                                                       .effect = error_effect(error)}),
-                              sound, statuses);
-        ++runs;
-      }
-    }
+  const auto calls = sample.calls(arguments);
+  const std::vector<call_error> errors{
+      {"open", EMFILE},    {"open", EACCES},  {"open", EIO},     {"open", ENOSPC},
+      {"read", EIO},       {"write", ENOSPC}, {"write", EIO},    {"stat", EIO},
+      {"opendir", EMFILE}, {"readdir", EIO},  {"mkdir", ENOSPC}, {"mkdir", EACCES},
+      {"unlink", EACCES},  {"unlink", EIO},   {"truncate", EIO}, {"truncate", ENOSPC},
+      {"seek", EIO},       {"close", EIO},    {"close", ENOSPC}, {"poll", EIO},
+      {"fcntl", EMFILE},   {"fcntl", EBADF}};
+  std::vector<fault> faults = faults_of(errors, calls);
+  std::ranges::move(faults_of({{"write", "none"}}, calls), std::back_inserter(faults));
+  for (const fault& fault : faults) {
+    SCOPED_TRACE(fault);
+    expect_an_orderly_end(sample.after(arguments, fault), sound, statuses);
   }
-  for (unsigned number = 1; number <= calls["write"]; ++number, ++runs) {
-    SCOPED_TRACE("write " + std::to_string(number) + ": none");
-    expect_an_orderly_end(
-        sample.after(arguments, {.kind = "write", .number = number, .effect = "none"}), sound,
-        statuses);
-  }
-  std::printf("%u runs\n", runs);
-  EXPECT_GT(runs, 50U);
+  std::printf("%zu runs\n", faults.size());
+  EXPECT_GT(faults.size(), 50U);
 }
 
 class EveryCall : public testing::Test {

@@ -41,6 +41,35 @@ std::string error_effect(int error) {
   return std::to_string(error);
 }
 
+std::ostream& operator<<(std::ostream& shown, const fault& fault) {
+  return shown << fault.kind << " " << fault.number << (fault.from_then_on ? " and on: " : ": ")
+               << fault.effect;
+}
+
+std::vector<fault> faults_of(const std::vector<call_effect>& effects,
+                             const std::map<std::string, unsigned>& calls) {
+  std::vector<fault> faults;
+  for (const auto& [kind, effect] : effects) {
+    for (unsigned number = 1; number <= calls.at(kind); ++number) {
+      faults.push_back({.kind = kind, .number = number, .effect = effect});
+    }
+  }
+  return faults;
+}
+
+std::vector<fault> faults_of(const std::vector<call_error>& errors,
+                             const std::map<std::string, unsigned>& calls) {
+  std::vector<fault> faults;
+  for (const auto& [kind, error] : errors) {
+    for (fault one : faults_of({call_effect(kind, error_effect(error))}, calls)) {
+      faults.push_back(one);
+      one.from_then_on = true;
+      faults.push_back(one);
+    }
+  }
+  return faults;
+}
+
 std::string no_faults_because(const std::string& program) {
   if (!std::filesystem::exists(program)) {
     return "the program is not built";

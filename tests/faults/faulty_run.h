@@ -6,6 +6,7 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "harness/run_tool.h"
@@ -41,6 +42,20 @@ std::string no_runs_because(nameless_files nameless, const std::string& folder);
 
 /// The effect of an error such as ENOSPC.
 std::string error_effect(int error);
+
+/// How a fault is shown.
+std::ostream& operator<<(std::ostream& shown, const fault& fault);
+
+/// A kind of call and what happens to it: an effect, or an error.
+using call_effect = std::pair<const char*, std::string>;
+using call_error = std::pair<const char*, int>;
+
+/// Faults at each of the calls that a command makes. An error comes once and from then on, another
+/// effect comes once.
+std::vector<fault> faults_of(const std::vector<call_effect>& effects,
+                             const std::map<std::string, unsigned>& calls);
+std::vector<fault> faults_of(const std::vector<call_error>& errors,
+                             const std::map<std::string, unsigned>& calls);
 
 /// Why no faults can be made in runs of a program, such as tool_path() or morvane_path(): it is not
 /// built, or runs behind an emulator or a memory checker. Empty where they can.

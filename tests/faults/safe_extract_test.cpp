@@ -55,53 +55,33 @@ class SafeExtract : public testing::TestWithParam<nameless_files> {
 INSTANTIATE_TEST_SUITE_P(Files, SafeExtract, testing::ValuesIn(both_kinds), kind_name);
 
 TEST_P(SafeExtract, WritesWholeFilesWhicheverCallFails) {
-  struct failing {
-    const char* kind;
-    int error;
-  };
-  constexpr std::array faults{
-      failing{"open", EMFILE},   failing{"open", EACCES}, failing{"write", ENOSPC},
-      failing{"write", EIO},     failing{"stat", EIO},    failing{"unlink", EIO},
-      failing{"close", EIO},     failing{"fcntl", EBADF}, failing{"rename", EACCES},
-      failing{"rename", ENOSPC}, failing{"link", EACCES}, failing{"link", ENOSPC},
-      failing{"access", ENOENT}};
   auto calls = calls_of(command, folder.path(), GetParam());
   EXPECT_EQ(calls[GetParam() == nameless_files::possible ? "link" : "rename"], 2U);
-  unsigned runs = 0;
-  for (const auto& [kind, error] : faults) {
-    for (unsigned number = 1; number <= calls[kind]; ++number) {
-      for (const bool from_then_on : {false, true}) {
-        SCOPED_TRACE(std::string(kind) + " " + std::to_string(number) +
-                     (from_then_on ? " and on: " : ": ") + error_effect(error));
-        const run_result run = extract({.kind = kind,
-                                        .number = number,
-                                        .from_then_on = from_then_on,
-                                        .effect = error_effect(error)});
-        ++runs;
-        if (expect_whole_outputs() < images.size()) {
-          EXPECT_EQ(run.status, 2) << run.diagnostics;
-        } else {
-          EXPECT_TRUE(run.status == 0 || run.status == 2) << run.status;
-        }
-      }
+  const std::vector<call_error> errors{
+      {"open", EMFILE}, {"open", EACCES}, {"write", ENOSPC}, {"write", EIO},     {"stat", EIO},
+      {"unlink", EIO},  {"close", EIO},   {"fcntl", EBADF},  {"rename", EACCES}, {"rename", ENOSPC},
+      {"link", EACCES}, {"link", ENOSPC}, {"access", ENOENT}};
+  const auto faults = faults_of(errors, calls);
+  for (const fault& fault : faults) {
+    SCOPED_TRACE(fault);
+    const run_result run = extract(fault);
+    if (expect_whole_outputs() < images.size()) {
+      EXPECT_EQ(run.status, 2) << run.diagnostics;
+    } else {
+      EXPECT_TRUE(run.status == 0 || run.status == 2) << run.status;
     }
   }
-  std::printf("%u runs\n", runs);
-  EXPECT_GT(runs, 40U);
+  std::printf("%zu runs\n", faults.size());
+  EXPECT_GT(faults.size(), 40U);
 }
 
 TEST_P(SafeExtract, GoesOnAfterInterruptionsAndShortCalls) {
-  constexpr std::array<std::pair<const char*, const char*>, 3> effects{
-      {{"write", "short"}, {"write", "4"}, {"open", "4"}}};
-  static_assert(EINTR == 4);
-  auto calls = calls_of(command, folder.path(), GetParam());
-  for (const auto& [kind, effect] : effects) {
-    for (unsigned number = 1; number <= calls[kind]; ++number) {
-      SCOPED_TRACE(std::string(kind) + " " + std::to_string(number) + ": " + effect);
-      const run_result run = extract({.kind = kind, .number = number, .effect = effect});
-      EXPECT_EQ(run.status, 0) << run.diagnostics;
-      EXPECT_EQ(expect_whole_outputs(), 2U);
-    }
+  for (const fault& fault : faults_of(
+           {{"write", "short"}, {"write", error_effect(EINTR)}, {"open", error_effect(EINTR)}},
+           calls_of(command, folder.path(), GetParam()))) {
+    SCOPED_TRACE(fault);
+    EXPECT_EQ(extract(fault).status, 0);
+    EXPECT_EQ(expect_whole_outputs(), 2U);
   }
 }
 

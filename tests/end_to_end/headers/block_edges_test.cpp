@@ -75,15 +75,5 @@ TEST(LastLineWithoutLineBreak, MayHoldTheLastMacroOfABlock) {
                vproc_record(0, 1, 132) + smb_record("s", 12));
 }
 
-TEST(CrLfLines, GiveTheSameRecordsWhereNoNameEndsALine) {
-  expect_bytes(packed_lines("/* HMB_input a */\r\n#define net_a_W 1\r\n\r\n#define net_a_H 2\r\n"
-                            "/* HMB_output b */\r\n#define net_b_qubrix_demangled_name \"x/y\"\r\n"
-                            "/* $x */\r\n#define x_boffset 3\r\n#define x_bsize 4\r\n"
-                            "/* SMB_input s */\r\n#define net_s_vbase_byte_offset 5\r\n"),
-               port_record({.port_name = "a", .H = 2, .W = 1}) +
-                   port_record({.port_name = "b", .layer_name = "x/y"}) + vproc_record(1, 1, 268) +
-                   variable_record("x", 3, 4) + smb_record("s", 5));
-}
-
 }  // namespace
 }  // namespace morvane::test

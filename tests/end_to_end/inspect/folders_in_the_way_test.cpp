@@ -29,10 +29,6 @@ class FoldersInTheWay : public tool_test {
     EXPECT_EQ(run.status, 1);
     return run.output;
   }
-
-  [[nodiscard]] static bool tells(const std::string& output, const std::string& line) {
-    return ("\n" + output).find("\n" + line + "\n") != std::string::npos;
-  }
 };
 
 TEST_F(FoldersInTheWay, OfAHeaderIsRemovedIfItIsEmpty) {
@@ -42,26 +38,6 @@ TEST_F(FoldersInTheWay, OfAHeaderIsRemovedIfItIsEmpty) {
   folder.make_folder("parse/_one.h");
   EXPECT_EQ(inspect(), undisturbed);
   EXPECT_EQ(folder.files(), files);
-}
-
-TEST_F(FoldersInTheWay, OfAHeaderStaysIfItHasEntries) {
-  folder.write("parse/_one.h/kept", "mine");
-  const std::string output = inspect();
-  EXPECT_TRUE(tells(output, "can't open file .//parse/_one.h")) << output;
-  EXPECT_TRUE(tells(output, ".dvi files are parsed to folder .//parse")) << output;
-  EXPECT_EQ(folder.read("parse/_one.h/kept"), "mine");
-  EXPECT_TRUE(folder.exists("parse/_two.h"));
-}
-
-TEST_F(FoldersInTheWay, OfAnImageStaysEmptyOrNot) {
-  folder.make_folder("parse/one.dvi");
-  folder.write("parse/two.dvi/kept", "mine");
-  const std::string output = inspect();
-  EXPECT_TRUE(tells(output, "can't open file .//parse/one.dvi")) << output;
-  EXPECT_TRUE(tells(output, "can't open file .//parse/two.dvi")) << output;
-  EXPECT_TRUE(tells(output, "error: fail to save parsed .dvi files to folder .//parse")) << output;
-  EXPECT_TRUE(std::filesystem::is_directory(folder.path("parse/one.dvi")));
-  EXPECT_EQ(folder.read("parse/two.dvi/kept"), "mine");
 }
 
 /// The names that were created in a folder and deleted from it, one after the other.

@@ -46,13 +46,5 @@ TEST(InputList, KeepsItsNamesWhenItIsMoved) {
   EXPECT_EQ(moved[2].name, "c.dvi");
 }
 
-TEST(InputList, SortsByIndex) {
-  input_list files{{.name = "c", .index = 7}, {.name = "a", .index = -2}, {.name = "b"}};
-  files.sort_by_index();
-  EXPECT_EQ(files[0].name, "a");
-  EXPECT_EQ(files[1].name, "b");
-  EXPECT_EQ(files[2].name, "c");
-}
-
 }  // namespace
 }  // namespace morvane
