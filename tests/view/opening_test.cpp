@@ -76,30 +76,32 @@ TEST(Opening, WorksWithoutSomebodyWhoAsksForTheDamage) {
   EXPECT_EQ(morvane_view_open(&view, bytes, package.size(), nullptr), MORVANE_VIEW_DVI_TABLE_CUT);
 }
 
-TEST(Opening, RefusesACutHeader) {
+dvi_desc with_block_size(dvi_desc record, std::uint32_t size) {
+  record.dvi_pkg_size = size;
+  return record;
+}
+
+TEST(Opening, RefusesADamageWithItsNumbers) {
+  const std::string vproc = with_vproc();
   expect_damage("", MORVANE_VIEW_HEADER_CUT, 0, 0, 12, 0);
   expect_damage(header(0).substr(0, 11), MORVANE_VIEW_HEADER_CUT, 0, 0, 12, 11);
-}
-
-TEST(Opening, RefusesACutDviTable) {
   expect_damage(one_dvi().substr(0, 12 + 155), MORVANE_VIEW_DVI_TABLE_CUT, 0, 12, 156, 155);
   expect_damage(header(0xFFFFFFFF), MORVANE_VIEW_DVI_TABLE_CUT, 0, 12, 0xFFFFFFFF * 156ULL, 0);
-}
-
-TEST(Opening, RefusesABlockSizeThatDisagreesWithTheCounts) {
-  dvi_desc record = dvi("net", 4, 1, 1);
-  record.dvi_pkg_size = 2163;
-  expect_damage(one_dvi(record), MORVANE_VIEW_BLOCK_SIZE_DISAGREES, 0, 12 + 24, 2163, 2164);
-}
-
-TEST(Opening, LooksAtTheBlockSizeBeforeTheBlock) {
-  dvi_desc record = dvi("net", 4, 2, 1);
-  record.dvi_pkg_size = 2164;
-  expect_damage(one_dvi(record), MORVANE_VIEW_BLOCK_SIZE_DISAGREES, 0, 12 + 24, 2164, 3244);
-}
-
-TEST(Opening, RefusesCutPorts) {
   expect_damage(one_dvi().substr(0, 168 + 2159), MORVANE_VIEW_PORTS_CUT, 0, 168, 2160, 2159);
+  expect_damage(one_dvi().substr(0, 168 + 2163), MORVANE_VIEW_IMAGE_CUT, 0, 168 + 2160, 4, 3);
+  expect_damage(vproc.substr(0, 2332 + 11), MORVANE_VIEW_VPROC_TABLE_CUT, 0, 2332, 12, 11);
+  expect_damage(vproc.substr(0, 2344 + 135), MORVANE_VIEW_VARIABLES_CUT, 0, 2344, 136, 135);
+  expect_damage(vproc.substr(0, 2344 + 267), MORVANE_VIEW_SMBS_CUT, 0, 2344 + 136, 132, 131);
+  expect_damage(vproc + "!", MORVANE_VIEW_BYTES_LEFT_OVER, 0, 2332 + 12 + 268, 0, 1);
+  expect_damage(header(0) + "!", MORVANE_VIEW_BYTES_LEFT_OVER, 0, 12, 0, 1);
+}
+
+TEST(Opening, RefusesSizesThatDisagreeWithTheCountsBeforeItLooksAtTheBlock) {
+  expect_damage(one_dvi(with_block_size(dvi("net", 4, 1, 1), 2163)),
+                MORVANE_VIEW_BLOCK_SIZE_DISAGREES, 0, 12 + 24, 2163, 2164);
+  expect_damage(one_dvi(with_block_size(dvi("net", 4, 2, 1), 2164)),
+                MORVANE_VIEW_BLOCK_SIZE_DISAGREES, 0, 12 + 24, 2164, 3244);
+  expect_damage(with_vproc({1, 1, 267}), MORVANE_VIEW_VPROC_SIZE_DISAGREES, 0, 2332 + 8, 267, 268);
 }
 
 TEST(Opening, RefusesPortsWhoseSizeWrapsAroundIn32Bits) {
@@ -108,31 +110,6 @@ TEST(Opening, RefusesPortsWhoseSizeWrapsAroundIn32Bits) {
   expect_damage(one_dvi(record), MORVANE_VIEW_PORTS_CUT, 0, 168, 1080ULL * 0x3CAE77, 2164);
   const dvi_desc sum = dvi("net", 4, 0xFFFFFFFF, 3);
   expect_damage(one_dvi(sum), MORVANE_VIEW_PORTS_CUT, 0, 168, 1080ULL * 0x100000002, 2164);
-}
-
-TEST(Opening, RefusesACutImage) {
-  expect_damage(one_dvi().substr(0, 168 + 2163), MORVANE_VIEW_IMAGE_CUT, 0, 168 + 2160, 4, 3);
-}
-
-TEST(Opening, RefusesACutVprocTable) {
-  expect_damage(with_vproc().substr(0, 2332 + 11), MORVANE_VIEW_VPROC_TABLE_CUT, 0, 2332, 12, 11);
-}
-
-TEST(Opening, RefusesAVprocSizeThatDisagreesWithTheCounts) {
-  expect_damage(with_vproc({1, 1, 267}), MORVANE_VIEW_VPROC_SIZE_DISAGREES, 0, 2332 + 8, 267, 268);
-}
-
-TEST(Opening, RefusesCutVariables) {
-  expect_damage(with_vproc().substr(0, 2344 + 135), MORVANE_VIEW_VARIABLES_CUT, 0, 2344, 136, 135);
-}
-
-TEST(Opening, RefusesCutSmbs) {
-  expect_damage(with_vproc().substr(0, 2344 + 267), MORVANE_VIEW_SMBS_CUT, 0, 2344 + 136, 132, 131);
-}
-
-TEST(Opening, RefusesBytesLeftOver) {
-  expect_damage(with_vproc() + "!", MORVANE_VIEW_BYTES_LEFT_OVER, 0, 2332 + 12 + 268, 0, 1);
-  expect_damage(header(0) + "!", MORVANE_VIEW_BYTES_LEFT_OVER, 0, 12, 0, 1);
 }
 
 TEST(Opening, ReachesTheDvisBeforeTheDamage) {

@@ -17,13 +17,6 @@ TEST_F(CheckCommand, TellsThatAPackageIsSound) {
                  "sound, 2 DVIs, 4 ports, with vproc records, 5064 bytes\n");
 }
 
-TEST_F(CheckCommand, CountsOneOfAThingInTheSingular) {
-  folder.write("net.bin",
-               header(1) + bytes(sound_dvi(0, "net", 0, 1)) + bytes(port("p", "")) + image());
-  expect_morvane({"check", "net.bin"}, 0,
-                 "net.bin: sound, 1 DVI, 1 port, without vproc records, 1312 bytes\n");
-}
-
 TEST_F(CheckCommand, ShowsWarningsOfASoundPackage) {
   folder.write("net.bin", header(1) + bytes(sound_dvi(0, "net", 0, 0)) + image());
   const std::string warning = "net.bin:0x1c: warning: DVI 0 has no ports [dvi-without-ports]\n";
@@ -39,12 +32,6 @@ TEST_F(CheckCommand, GoesOnAfterAPackageThatCannotBeRead) {
   expect_morvane({"check", "missing.bin", ".", "net.bin"}, 2,
                  "net.bin: sound, 2 DVIs, 4 ports, without vproc records, 4772 bytes\n",
                  "morvane: missing.bin: No such file or directory\nmorvane: .: Is a directory\n");
-}
-
-TEST_F(CheckCommand, EscapesTheFileName) {
-  folder.write("\x1B[2J\xFF.bin", sound_package());
-  expect_morvane({"check", "\x1B[2J\xFF.bin"}, 0,
-                 "\\x1b[2J\\xff.bin: sound, 2 DVIs, 4 ports, without vproc records, 4772 bytes\n");
 }
 
 TEST_F(CheckCommand, WritesVerdictsAsJson) {

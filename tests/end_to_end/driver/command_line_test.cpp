@@ -30,11 +30,8 @@ TEST_F(CommandLine, HelpShowsTheUsageAndReturnsOne) {
   expect_tool({"--help"}, 1, usage_text);
 }
 
-TEST_F(CommandLine, VersionShowsOneLineAndReturnsOne) {
+TEST_F(CommandLine, VersionShowsOneLineAndWinsOverHelpAndPacking) {
   expect_tool({"--version"}, 1, version_line);
-}
-
-TEST_F(CommandLine, VersionWinsOverHelpAndPacking) {
   put_dag("net", dag_lines("net"));
   expect_tool({"--version", "-h", "-d", "in"}, 1, version_line);
   expect_tool({"-v", "-d", "in", "-h", "--version"}, 1, version_line);
