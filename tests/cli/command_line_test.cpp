@@ -8,17 +8,6 @@
 namespace morvane::test {
 namespace {
 
-/// Starts a shell command in which $0 is morvane, behind the prefix command of this build.
-run_result run_bash(const std::string& command, const std::string& folder) {
-  std::string program;
-  for (const std::string& word : run_prefix()) {
-    program += word + " ";
-  }
-  return run_program(
-      {"bash", "-c", "morvane() { " + program + "'" + morvane_path() + "' \"$@\"; }\n" + command},
-      folder);
-}
-
 using CommandLine = morvane_test;
 
 TEST_F(CommandLine, TellsItsVersion) {
@@ -155,14 +144,14 @@ TEST_F(CommandLine, TakesAnyValueOfAnOption) {
 TEST_F(CommandLine, EndsWithStatus2WhenStandardOutputTakesNothing) {
   folder.write("net.bin", sound_package());
   for (const char* command : {"check net.bin", "show net.bin", "show --json net.bin", "--help"}) {
-    expect_outcome(run_bash(std::string("morvane ") + command + " >/dev/full", folder.path()), 2,
+    expect_outcome(run_shell(std::string("\"$@\" ") + command + " >/dev/full", folder.path()), 2,
                    "", "morvane: standard output: No space left on device\n");
-    expect_outcome(run_bash(std::string("morvane ") + command + " >&-", folder.path()), 2, "",
+    expect_outcome(run_shell(std::string("\"$@\" ") + command + " >&-", folder.path()), 2, "",
                    "morvane: standard output: Bad file descriptor\n");
-    expect_outcome(run_bash(std::string("( sleep 0.3; morvane ") + command +
-                                "; echo $? >status ) | true; while [ ! -s status ]; do sleep 0.1; "
-                                "done; cat status",
-                            folder.path()),
+    expect_outcome(run_shell(std::string("( sleep 0.3; \"$@\" ") + command +
+                                 "; echo $? >status ) | true; while [ ! -s status ]; do sleep 0.1; "
+                                 "done; cat status",
+                             folder.path()),
                    0, "2\n", "morvane: standard output: Broken pipe\n");
     std::filesystem::remove(folder.path("status"));
   }
@@ -172,32 +161,31 @@ TEST_F(CommandLine, EndsWithStatus2WhenThereIsNotEnoughMemory) {
   if (under_sanitizer || !run_prefix().empty()) {
     GTEST_SKIP() << "a sanitizer, an emulator or a checker needs more memory than the limit";
   }
-  expect_outcome(run_bash("ulimit -v 100000; head -c 200000000 /dev/zero | "
-                          "morvane check /dev/stdin",
-                          folder.path()),
+  expect_outcome(run_shell("ulimit -v 100000; head -c 200000000 /dev/zero | "
+                           "\"$@\" check /dev/stdin",
+                           folder.path()),
                  2, "", "morvane: not enough memory\n");
 }
 
 TEST_F(CommandLine, WorksWithoutStandardInputAndStandardError) {
   folder.write("net.bin", sound_package());
-  expect_outcome(run_bash("morvane check net.bin <&- 2>&-", folder.path()), 0,
+  expect_outcome(run_shell("\"$@\" check net.bin <&- 2>&-", folder.path()), 0,
                  "net.bin: sound, 2 DVIs, 4 ports, without vproc records, 4772 bytes\n");
-  expect_outcome(run_bash("morvane check none 2>&-", folder.path()), 2, "");
+  expect_outcome(run_shell("\"$@\" check none 2>&-", folder.path()), 2, "");
 }
 
 TEST_F(CommandLine, ColoursSeveritiesOnATerminalOnly) {
   folder.write("net.bin", "");
   const auto on_a_terminal = [&](const std::string& settings) {
-    return run_bash("export -f morvane; " + settings +
-                        " script -qec 'morvane check net.bin' /dev/null | tr -d '\\r'",
-                    folder.path());
+    return run_shell(settings + " script -qec \"$* check net.bin\" /dev/null | tr -d '\\r'",
+                     folder.path());
   };
   const std::string plain =
       "net.bin:0x0: error: the header is cut: 12 bytes are needed, and 0 are left [header-cut]\n";
   const std::string coloured =
       "net.bin:0x0: \x1B[1;31merror\x1B[0m: the header is cut: 12 bytes are needed, and 0 are left "
       "[header-cut]\n";
-  if (run_bash("script -qec true /dev/null", folder.path()).status != 0) {
+  if (run_shell("script -qec true /dev/null", folder.path()).status != 0) {
     GTEST_SKIP() << "no pseudo-terminal can be made";
   }
   EXPECT_EQ(on_a_terminal("SHELL=/bin/bash TERM=xterm").output, coloured);

@@ -41,17 +41,19 @@ std::map<std::string, std::string> surroundings(const scratch_folder& scratch) {
   return found;
 }
 
-/// Files that an unchecked image or header name would reach, and the folders on the way.
-void place_sentinels(const scratch_folder& scratch) {
-  for (const char* folder : {"", "work/", "work/out/"}) {
-    for (const char* name : {"victim.dvi", "victim.h", "_victim.h", "_.h", ".dvi", "_...h"}) {
-      scratch.write(std::string(folder) + name, "untouched");
+/// With files that an unchecked image or header name would reach, and the folders on the way.
+struct surrounded_folder : scratch_folder {
+  surrounded_folder() {
+    for (const char* folder : {"", "work/", "work/out/"}) {
+      for (const char* name : {"victim.dvi", "victim.h", "_victim.h", "_.h", ".dvi", "_...h"}) {
+        write(std::string(folder) + name, "untouched");
+      }
+    }
+    for (const char* folder : {"_", "_x", "x", "_..", "_."}) {
+      make_folder("work/out/parse/" + std::string(folder));
     }
   }
-  for (const char* folder : {"_", "_x", "x", "_..", "_."}) {
-    scratch.make_folder("work/out/parse/" + std::string(folder));
-  }
-}
+};
 
 std::string package_with(std::string_view dag_name, std::string_view other_name) {
   constexpr vproc_desc one_of_each{
@@ -63,8 +65,7 @@ std::string package_with(std::string_view dag_name, std::string_view other_name)
 
 void expect_surroundings_unchanged(std::string_view dag_name, std::string_view other_name) {
   SCOPED_TRACE(dag_name);
-  const scratch_folder scratch;
-  place_sentinels(scratch);
+  const surrounded_folder scratch;
   scratch.write("work/a.bin", package_with(dag_name, other_name));
   const auto before = surroundings(scratch);
   const run_result run = run_tool({"-f", "a.bin", "-p", "out", "-v", "-c"}, scratch.path("work"));
@@ -131,32 +132,28 @@ void expect_outputs_replaced(const scratch_folder& scratch) {
 }
 
 TEST(OutsideTheParseFolder, SymbolicLinksInItAreNotFollowed) {
-  const scratch_folder scratch;
-  place_sentinels(scratch);
+  const surrounded_folder scratch;
   fs::create_symlink("../victim.dvi", scratch.path(outputs[0]));
   fs::create_symlink("../victim.h", scratch.path(outputs[1]));
   expect_outputs_replaced(scratch);
 }
 
 TEST(OutsideTheParseFolder, DanglingSymbolicLinksInItCreateNothing) {
-  const scratch_folder scratch;
-  place_sentinels(scratch);
+  const surrounded_folder scratch;
   fs::create_symlink("../../new.dvi", scratch.path(outputs[0]));
   fs::create_symlink("../../new.h", scratch.path(outputs[1]));
   expect_outputs_replaced(scratch);
 }
 
 TEST(OutsideTheParseFolder, HardLinksInItAreNotWrittenTo) {
-  const scratch_folder scratch;
-  place_sentinels(scratch);
+  const surrounded_folder scratch;
   fs::create_hard_link(scratch.path("work/victim.dvi"), scratch.path(outputs[0]));
   fs::create_hard_link(scratch.path("work/victim.h"), scratch.path(outputs[1]));
   expect_outputs_replaced(scratch);
 }
 
 TEST(OutsideTheParseFolder, PipesInItWithAReaderAreNotWrittenTo) {
-  const scratch_folder scratch;
-  place_sentinels(scratch);
+  const surrounded_folder scratch;
   std::vector<int> readers;
   for (const std::string& output : outputs) {
     ASSERT_EQ(::mkfifo(scratch.path(output).c_str(), 0600), 0);
@@ -171,8 +168,7 @@ TEST(OutsideTheParseFolder, PipesInItWithAReaderAreNotWrittenTo) {
 }
 
 TEST(OutsideTheParseFolder, DevicesInItAreNotWrittenTo) {
-  const scratch_folder scratch;
-  place_sentinels(scratch);
+  const surrounded_folder scratch;
   for (const std::string& output : outputs) {
     // The device that refuses every byte.
     if (::mknod(scratch.path(output).c_str(), S_IFCHR | 0600, makedev(1, 7)) != 0) {

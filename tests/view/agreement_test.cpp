@@ -1,9 +1,7 @@
 // The view against the tool: packages of generated folders, and of folders that the tool counts
 // otherwise than it reads them.
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <random>
@@ -37,16 +35,9 @@ std::string pack(const scratch_folder& scratch, const folder& files, bool vproc)
 
 /// What the inspection prints, without its two closing lines, and the images that it extracts.
 std::string inspection(const scratch_folder& scratch, bool vproc) {
-  std::fflush(stdout);
-  const int output = ::dup(STDOUT_FILENO);
-  const int report = ::open(scratch.path("report").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-  ::dup2(report, STDOUT_FILENO);
+  testing::internal::CaptureStdout();
   inspect_package(scratch.path("net.bin"), scratch.path(), vproc);
-  std::fflush(stdout);
-  ::dup2(output, STDOUT_FILENO);
-  ::close(output);
-  ::close(report);
-  const std::string text = scratch.read("report");
+  const std::string text = testing::internal::GetCapturedStdout();
   return text.substr(0, text.rfind('\n', text.rfind('\n', text.size() - 2) - 1) + 1);
 }
 

@@ -71,16 +71,5 @@ TEST_F(WorkingFolder, IsWhereRelativePathsBegin) {
   EXPECT_TRUE(folder.exists("net.bin"));
 }
 
-TEST_F(WorkingFolder, DoesNotMatterToAbsolutePaths) {
-  put_dag("net", dag_lines("net", 5), "image");
-  const std::string input = folder.path("in");
-  const std::string package = folder.path("net.bin");
-  expect_run(run_tool({"-d", input, "-f", package}, "/"), 0,
-             "warning: fail to find HMB input info in " + input + "/_net.h\n" +
-                 "warning: fail to find HMB output info in " + input + "/_net.h\n" +
-                 "Save to file " + package + " with file size 173.\n\n");
-  EXPECT_EQ(folder.read("net.bin").size(), 173U);
-}
-
 }  // namespace
 }  // namespace morvane::test

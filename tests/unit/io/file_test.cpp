@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <utility>
 
 #include "harness/filled_pipe.h"
 #include "harness/scratch_folder.h"
@@ -44,17 +43,6 @@ TEST(EmptyFile, FailsForAClosedHandle) {
 TEST(WriteBytes, TellsHowManyTheSystemTook) {
   const std::string text = "lost";
   EXPECT_EQ(write_bytes(open_to_write("/dev/full").handle, std::as_bytes(std::span(text))), 0U);
-}
-
-TEST(FileHandle, HandsItsFileOver) {
-  const scratch_folder folder;
-  file_handle first = open_to_write(folder.path("a")).handle;
-  const int descriptor = first.descriptor();
-  file_handle second(std::move(first));
-  EXPECT_FALSE(first.is_open());  // NOLINT(bugprone-use-after-move)
-  EXPECT_EQ(second.descriptor(), descriptor);
-  second = file_handle();
-  EXPECT_FALSE(second.is_open());
 }
 
 }  // namespace
