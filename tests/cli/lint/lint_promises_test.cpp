@@ -16,6 +16,7 @@
 #include "cli/package/package_walk.h"
 #include "driver/pack_sections.h"
 #include "format/macros.h"
+#include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
 #include "harness/silence.h"
 #include "harness/test_size.h"
