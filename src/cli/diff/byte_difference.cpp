@@ -3,79 +3,67 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <functional>
+#include <numeric>
 
 namespace morvane::cli {
 
 namespace {
 
-constexpr std::size_t compared_at_once = std::size_t{1} << 20U;
+using byte_span = std::span<const std::uint8_t>;
 
-bool are_equal(std::span<const std::uint8_t> one, std::span<const std::uint8_t> other) {
-  return one.size() == other.size() &&
-         (one.empty() || std::memcmp(one.data(), other.data(), one.size()) == 0);
-}
-
-std::uint64_t count_differences(std::span<const std::uint8_t> one,
-                                std::span<const std::uint8_t> other) {
-  std::uint64_t count = 0;
-  for (std::size_t i = 0; i < one.size(); ++i) {
-    count += one[i] != other[i] ? 1U : 0U;
+/// Calls a function with the parts of both that are at the same places, for as long as it wants to
+/// go on, and gives back their memory.
+template <class Function>
+void for_each_part(const package_part& old_part, const package_part& new_part, Function goes_on) {
+  constexpr std::size_t compared_at_once = std::size_t{1} << 20U;
+  const std::size_t size = std::min(old_part.bytes.size(), new_part.bytes.size());
+  for (std::size_t done = 0; done < size; done += compared_at_once) {
+    const std::size_t count = std::min(compared_at_once, size - done);
+    const byte_span one = old_part.bytes.subspan(done, count);
+    const byte_span other = new_part.bytes.subspan(done, count);
+    const bool is_wanted = goes_on(one, other, done);
+    old_part.package.release(one);
+    new_part.package.release(other);
+    if (!is_wanted) {
+      return;
+    }
   }
-  return count;
-}
-
-/// Takes a part from the front.
-package_part take_part(package_part& from, std::size_t size) {
-  const package_part part{from.package, from.bytes.first(size)};
-  from.bytes = from.bytes.subspan(size);
-  return part;
-}
-
-void release(const package_part& part) {
-  part.package.release(part.bytes);
 }
 
 }  // namespace
 
-std::optional<byte_difference> compare_bytes(package_part old_part, package_part new_part) {
+std::optional<byte_difference> compare_bytes(const package_part& old_part,
+                                             const package_part& new_part) {
+  const auto [least, most] = std::minmax({old_part.bytes.size(), new_part.bytes.size()});
   byte_difference found{.old_size = old_part.bytes.size(),
                         .new_size = new_part.bytes.size(),
-                        .first = std::min(old_part.bytes.size(), new_part.bytes.size()),
-                        .count = 0};
-  std::uint64_t done = 0;
-  while (!old_part.bytes.empty() && !new_part.bytes.empty()) {
-    const std::size_t size =
-        std::min({compared_at_once, old_part.bytes.size(), new_part.bytes.size()});
-    const package_part one = take_part(old_part, size);
-    const package_part other = take_part(new_part, size);
-    if (!are_equal(one.bytes, other.bytes)) {
-      const auto at = std::ranges::mismatch(one.bytes, other.bytes).in1 - one.bytes.begin();
-      found.first = std::min(found.first, done + static_cast<std::uint64_t>(at));
-      found.count += count_differences(one.bytes, other.bytes);
+                        .first = least,
+                        .count = most - least};
+  for_each_part(old_part, new_part, [&](byte_span one, byte_span other, std::size_t done) {
+    if (std::memcmp(one.data(), other.data(), one.size()) != 0) {
+      const auto at = std::ranges::mismatch(one, other).in1 - one.begin();
+      found.first = std::min(found.first, std::uint64_t{done + static_cast<std::size_t>(at)});
+      found.count = std::inner_product(one.begin(), one.end(), other.begin(), found.count,
+                                       std::plus(), std::not_equal_to());
     }
-    release(one);
-    release(other);
-    done += size;
-  }
-  found.count += old_part.bytes.size() + new_part.bytes.size();
+    return true;
+  });
   return found.count == 0 ? std::nullopt : std::optional(found);
 }
 
 bool have_same_bytes(const package_bytes& old_package, const package_bytes& new_package,
                      const std::function<void(std::uint64_t done)>& progress) {
-  package_part old_part{old_package, old_package.bytes()};
-  package_part new_part{new_package, new_package.bytes()};
-  bool same = old_part.bytes.size() == new_part.bytes.size();
-  while (same && !old_part.bytes.empty()) {
-    const std::size_t size = std::min(compared_at_once, old_part.bytes.size());
-    const package_part one = take_part(old_part, size);
-    const package_part other = take_part(new_part, size);
-    same = are_equal(one.bytes, other.bytes);
-    release(one);
-    release(other);
-    progress(old_package.bytes().size() - old_part.bytes.size());
+  bool is_same = old_package.bytes().size() == new_package.bytes().size();
+  if (is_same) {
+    for_each_part({old_package, old_package.bytes()}, {new_package, new_package.bytes()},
+                  [&](byte_span one, byte_span other, std::size_t done) {
+                    is_same = std::memcmp(one.data(), other.data(), one.size()) == 0;
+                    progress(done + one.size());
+                    return is_same;
+                  });
   }
-  return same;
+  return is_same;
 }
 
 }  // namespace morvane::cli

@@ -26,7 +26,8 @@ struct package_part {
 
 /// Compares to the end; nothing when both are the same. Gives back the memory of both as it goes
 /// on; so below.
-std::optional<byte_difference> compare_bytes(package_part old_part, package_part new_part);
+std::optional<byte_difference> compare_bytes(const package_part& old_part,
+                                             const package_part& new_part);
 
 /// Whether both packages have the same bytes. Stops at the first part that differs, and tells after
 /// each part how many bytes it compared.

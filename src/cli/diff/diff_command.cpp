@@ -1,8 +1,8 @@
 #include "cli/diff/diff_command.h"
 
 #include "cli/diff/byte_difference.h"
+#include "cli/diff/compare_packages.h"
 #include "cli/diff/difference_output.h"
-#include "cli/diff/report_differences.h"
 #include "cli/output/json_writer.h"
 #include "cli/package/opened_package.h"
 
@@ -39,8 +39,8 @@ void write_json(const opened_package& old_package, const opened_package& new_pac
   write_package(json, "new", new_package);
   begin_array(json, "differences");
   if (!same) {
-    report_differences(old_package, new_package, streams,
-                       [&](const difference& found) { write_difference_object(json, found); });
+    compare_packages(old_package, new_package, streams,
+                     [&](const difference& found) { write_difference_object(json, found); });
   }
   end_array(json);
   end_object(json);
@@ -72,7 +72,7 @@ int run_diff(const diff_options& options, console& streams) {
   if (options.json) {
     write_json(old_package, new_package, same, streams);
   } else if (!same && !streams.quiet) {
-    report_differences(old_package, new_package, streams, [&](const difference& found) {
+    compare_packages(old_package, new_package, streams, [&](const difference& found) {
       print_result(streams, difference_line(found));
     });
   }

@@ -17,6 +17,8 @@ namespace morvane::cli {
 struct named_record {
   std::string_view name{};       // lies in a package
   std::uint32_t occurrence = 1;  // 2 for the second record with the name
+  // NOLINTNEXTLINE(modernize-use-nullptr): the check takes a comparison with 0 for a pointer
+  auto operator<=>(const named_record&) const = default;
 };
 
 /// A part of a package: its DVI, and the record of the DVI if it is one.

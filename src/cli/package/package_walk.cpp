@@ -27,4 +27,10 @@ record_name port_name_at(const morvane_view_dvi& dvi, std::uint32_t position) {
   return {.dvi = dvi.position, .kind = object_kind::output, .index = position - dvi.input_num};
 }
 
+std::vector<morvane_view_dvi> dvis_of(const morvane_view& view) {
+  std::vector<morvane_view_dvi> dvis;
+  for_each_dvi(view, [&](const morvane_view_dvi& dvi) { dvis.push_back(dvi); });
+  return dvis;
+}
+
 }  // namespace morvane::cli

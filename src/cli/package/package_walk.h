@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "cli/package/object_kind.h"
 
@@ -47,13 +48,17 @@ void for_each_dvi(const morvane_view& view, Function function) {
   }
 }
 
-/// Calls a function with each record of a kind in a DVI, and how messages name it. The record at an
-/// index is read by a function of the view.
+/// All of them.
+std::vector<morvane_view_dvi> dvis_of(const morvane_view& view);
+
+/// A function of the view that reads the record at an index.
+template <class Record>
+using record_reader = int (*)(const morvane_view*, const morvane_view_dvi*, std::uint32_t, Record*);
+
+/// Calls a function with each record of a kind in a DVI, and how messages name it.
 template <class Record, class Function>
 void for_each_record(const morvane_view& view, const morvane_view_dvi& dvi, object_kind kind,
-                     int (*read)(const morvane_view*, const morvane_view_dvi*, std::uint32_t,
-                                 Record*),
-                     Function function) {
+                     record_reader<Record> read, Function function) {
   Record record{};
   for (std::uint32_t i = 0; read(&view, &dvi, i, &record) == MORVANE_VIEW_OK; ++i) {
     function(std::as_const(record), record_name{.dvi = dvi.position, .kind = kind, .index = i});

@@ -5,7 +5,9 @@
 
 #include <array>
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <variant>
 
@@ -31,87 +33,112 @@ inline field_value value_of(std::integral auto number) {
   return std::int64_t{number};
 }
 
-/// The value of a member of a record: what a row of the tables below reads.
-template <class Record, auto member>
-field_value read_member(const Record& record) {
-  return value_of(record.*member);
+/// The field of a member of a record.
+template <auto member, class Record, class Value>
+consteval record_field<Record> field_of(std::string_view name, Value Record::* /*member*/) {
+  return {name, [](const Record& record) { return value_of(record.*member); }};
+}
+template <auto member>
+consteval auto field(std::string_view name) {
+  return field_of<member>(name, member);
 }
 
-using header_field = record_field<morvane_view>;
 inline constexpr std::array header_fields{
-    header_field{"version", read_member<morvane_view, &morvane_view::version>},
-    header_field{"HASH", read_member<morvane_view, &morvane_view::HASH>},
-    header_field{"dvi_num", read_member<morvane_view, &morvane_view::dvi_num>},
+    field<&morvane_view::version>("version"),
+    field<&morvane_view::HASH>("HASH"),
+    field<&morvane_view::dvi_num>("dvi_num"),
 };
-
-template <auto member>
-constexpr auto dvi_member = read_member<morvane_view_dvi, member>;
 
 using dvi_field = record_field<morvane_view_dvi>;
 inline constexpr std::array dvi_fields{
-    dvi_field{"dvi_id", dvi_member<&morvane_view_dvi::dvi_id>},
-    dvi_field{"vproc_id", dvi_member<&morvane_view_dvi::vproc_id>},
-    dvi_field{"dvi_ppv", dvi_member<&morvane_view_dvi::dvi_ppv>},
-    dvi_field{"reserved", dvi_member<&morvane_view_dvi::reserved>},
-    dvi_field{"dvi_img_vaddr", dvi_member<&morvane_view_dvi::dvi_img_vaddr>},
-    dvi_field{"dvi_img_size", dvi_member<&morvane_view_dvi::dvi_img_size>},
-    dvi_field{"dvi_dag_vaddr", dvi_member<&morvane_view_dvi::dvi_dag_vaddr>},
-    dvi_field{"input_num", dvi_member<&morvane_view_dvi::input_num>},
-    dvi_field{"output_num", dvi_member<&morvane_view_dvi::output_num>},
-    dvi_field{"dvi_pkg_size", dvi_member<&morvane_view_dvi::dvi_pkg_size>},
-    dvi_field{"dag_name", dvi_member<&morvane_view_dvi::dag_name>},
+    field<&morvane_view_dvi::dvi_id>("dvi_id"),
+    field<&morvane_view_dvi::vproc_id>("vproc_id"),
+    field<&morvane_view_dvi::dvi_ppv>("dvi_ppv"),
+    field<&morvane_view_dvi::reserved>("reserved"),
+    field<&morvane_view_dvi::dvi_img_vaddr>("dvi_img_vaddr"),
+    field<&morvane_view_dvi::dvi_img_size>("dvi_img_size"),
+    field<&morvane_view_dvi::dvi_dag_vaddr>("dvi_dag_vaddr"),
+    field<&morvane_view_dvi::input_num>("input_num"),
+    field<&morvane_view_dvi::output_num>("output_num"),
+    field<&morvane_view_dvi::dvi_pkg_size>("dvi_pkg_size"),
+    field<&morvane_view_dvi::dag_name>("dag_name"),
 };
 
 /// Those of the vproc_desc, of a DVI that has one.
 inline constexpr std::array vproc_fields{
-    dvi_field{"variable_num", dvi_member<&morvane_view_dvi::variable_num>},
-    dvi_field{"smb_num", dvi_member<&morvane_view_dvi::smb_num>},
-    dvi_field{"vproc_records_size", dvi_member<&morvane_view_dvi::vproc_records_size>},
+    field<&morvane_view_dvi::variable_num>("variable_num"),
+    field<&morvane_view_dvi::smb_num>("smb_num"),
+    field<&morvane_view_dvi::vproc_records_size>("vproc_records_size"),
 };
-
-template <auto member>
-constexpr auto port_member = read_member<morvane_view_port, member>;
 
 using port_field = record_field<morvane_view_port>;
 inline constexpr std::array port_fields{
-    port_field{"P", port_member<&morvane_view_port::P>},
-    port_field{"D", port_member<&morvane_view_port::D>},
-    port_field{"H", port_member<&morvane_view_port::H>},
-    port_field{"W", port_member<&morvane_view_port::W>},
-    port_field{"pitch", port_member<&morvane_view_port::pitch>},
-    port_field{"dram_format", port_member<&morvane_view_port::dram_format>},
-    port_field{"flags", port_member<&morvane_view_port::flags>},
+    field<&morvane_view_port::P>("P"),
+    field<&morvane_view_port::D>("D"),
+    field<&morvane_view_port::H>("H"),
+    field<&morvane_view_port::W>("W"),
+    field<&morvane_view_port::pitch>("pitch"),
+    field<&morvane_view_port::dram_format>("dram_format"),
+    field<&morvane_view_port::flags>("flags"),
     port_field{"reserved",
                [](const morvane_view_port& port) {
                  return field_value(number_pair{port.reserved[0], port.reserved[1]});
                }},
-    port_field{"drotate_bit_offset", port_member<&morvane_view_port::drotate_bit_offset>},
-    port_field{"hflip_bit_offset", port_member<&morvane_view_port::hflip_bit_offset>},
-    port_field{"vflip_bit_offset", port_member<&morvane_view_port::vflip_bit_offset>},
-    port_field{"dflip_bit_offset", port_member<&morvane_view_port::dflip_bit_offset>},
-    port_field{"pflip_bit_offset", port_member<&morvane_view_port::pflip_bit_offset>},
-    port_field{"sign", port_member<&morvane_view_port::sign>},
-    port_field{"datasize", port_member<&morvane_view_port::datasize>},
-    port_field{"expoffset", port_member<&morvane_view_port::expoffset>},
-    port_field{"expbits", port_member<&morvane_view_port::expbits>},
-    port_field{"port_size", port_member<&morvane_view_port::port_size>},
-    port_field{"port_byte_offset", port_member<&morvane_view_port::port_byte_offset>},
-    port_field{"port_name", port_member<&morvane_view_port::port_name>},
-    port_field{"layer_name", port_member<&morvane_view_port::layer_name>},
+    field<&morvane_view_port::drotate_bit_offset>("drotate_bit_offset"),
+    field<&morvane_view_port::hflip_bit_offset>("hflip_bit_offset"),
+    field<&morvane_view_port::vflip_bit_offset>("vflip_bit_offset"),
+    field<&morvane_view_port::dflip_bit_offset>("dflip_bit_offset"),
+    field<&morvane_view_port::pflip_bit_offset>("pflip_bit_offset"),
+    field<&morvane_view_port::sign>("sign"),
+    field<&morvane_view_port::datasize>("datasize"),
+    field<&morvane_view_port::expoffset>("expoffset"),
+    field<&morvane_view_port::expbits>("expbits"),
+    field<&morvane_view_port::port_size>("port_size"),
+    field<&morvane_view_port::port_byte_offset>("port_byte_offset"),
+    field<&morvane_view_port::port_name>("port_name"),
+    field<&morvane_view_port::layer_name>("layer_name"),
 };
 
-using variable_field = record_field<morvane_view_var>;
 inline constexpr std::array variable_fields{
-    variable_field{"var", read_member<morvane_view_var, &morvane_view_var::var>},
-    variable_field{"boffset", read_member<morvane_view_var, &morvane_view_var::boffset>},
-    variable_field{"bsize", read_member<morvane_view_var, &morvane_view_var::bsize>},
+    field<&morvane_view_var::var>("var"),
+    field<&morvane_view_var::boffset>("boffset"),
+    field<&morvane_view_var::bsize>("bsize"),
 };
 
-using smb_field = record_field<morvane_view_smb_block>;
 inline constexpr std::array smb_fields{
-    smb_field{"smb_name", read_member<morvane_view_smb_block, &morvane_view_smb_block::smb_name>},
-    smb_field{"vbase_byte_offset",
-              read_member<morvane_view_smb_block, &morvane_view_smb_block::vbase_byte_offset>},
+    field<&morvane_view_smb_block::smb_name>("smb_name"),
+    field<&morvane_view_smb_block::vbase_byte_offset>("vbase_byte_offset"),
 };
+
+/// The records of a kind in a DVI: how to read one, its size in bytes, its name and its fields.
+template <class Record>
+struct record_form {
+  object_kind kind;
+  record_reader<Record> read;
+  std::size_t width;
+  morvane_text Record::*name;
+  std::span<const record_field<Record>> fields;
+};
+
+inline constexpr record_form<morvane_view_port> input_form{
+    object_kind::input, morvane_view_input, sizeof(morvane_port_desc),
+    &morvane_view_port::port_name, port_fields};
+inline constexpr record_form<morvane_view_port> output_form{
+    object_kind::output, morvane_view_output, sizeof(morvane_port_desc),
+    &morvane_view_port::port_name, port_fields};
+inline constexpr record_form<morvane_view_var> variable_form{
+    object_kind::variable, morvane_view_variable, sizeof(morvane_var_desc), &morvane_view_var::var,
+    variable_fields};
+inline constexpr record_form<morvane_view_smb_block> smb_form{
+    object_kind::smb, morvane_view_smb, sizeof(morvane_smb_desc), &morvane_view_smb_block::smb_name,
+    smb_fields};
+
+/// Calls a function with each record of a form in a DVI.
+template <class Record, class Function>
+void for_each_record(const morvane_view& view, const morvane_view_dvi& dvi,
+                     const record_form<Record>& form, Function function) {
+  for_each_record(view, dvi, form.kind, form.read,
+                  [&](const Record& record, const record_name& /*name*/) { function(record); });
+}
 
 }  // namespace morvane::cli

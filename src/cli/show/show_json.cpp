@@ -22,9 +22,8 @@ void write_damage(json_writer& json, const morvane_view_damage& damage) {
   end_object(json);
 }
 
-template <class Record, std::size_t count>
-void write_fields(json_writer& json, const std::array<record_field<Record>, count>& fields,
-                  const Record& record) {
+template <class Fields, class Record>
+void write_fields(json_writer& json, const Fields& fields, const Record& record) {
   for (const record_field<Record>& field : fields) {
     std::visit([&](auto value) { write_member(json, field.name, value); }, field.value(record));
   }
@@ -50,25 +49,16 @@ void write_vproc_presence(json_writer& json, const opened_package& package) {
   }
 }
 
-/// Writes a port, a variable or an SMB block.
-template <class Record, std::size_t count>
-void write_record(json_writer& json, const std::array<record_field<Record>, count>& fields,
-                  const Record& record) {
-  begin_object(json);
-  write_member(json, "offset", record.offset);
-  write_fields(json, fields, record);
-  end_object(json);
-}
-
-void write_ports(json_writer& json, const morvane_view& view, const morvane_view_dvi& dvi) {
-  begin_array(json, "inputs");
-  for_each_input(view, dvi, [&](const morvane_view_port& port, const record_name& /*name*/) {
-    write_record(json, port_fields, port);
-  });
-  end_array(json);
-  begin_array(json, "outputs");
-  for_each_output(view, dvi, [&](const morvane_view_port& port, const record_name& /*name*/) {
-    write_record(json, port_fields, port);
+/// Writes the records of a form that a DVI has.
+template <class Record>
+void write_records(json_writer& json, std::string_view member, const morvane_view& view,
+                   const morvane_view_dvi& dvi, const record_form<Record>& form) {
+  begin_array(json, member);
+  for_each_record(view, dvi, form, [&](const Record& record) {
+    begin_object(json);
+    write_member(json, "offset", record.offset);
+    write_fields(json, form.fields, record);
+    end_object(json);
   });
   end_array(json);
 }
@@ -92,16 +82,8 @@ void write_vproc(json_writer& json, const morvane_view& view, const morvane_view
   begin_object(json, "vproc");
   write_member(json, "offset", dvi.vproc_offset);
   write_fields(json, vproc_fields, dvi);
-  begin_array(json, "variables");
-  for_each_variable(view, dvi, [&](const morvane_view_var& variable, const record_name& /*name*/) {
-    write_record(json, variable_fields, variable);
-  });
-  end_array(json);
-  begin_array(json, "smbs");
-  for_each_smb(view, dvi, [&](const morvane_view_smb_block& smb, const record_name& /*name*/) {
-    write_record(json, smb_fields, smb);
-  });
-  end_array(json);
+  write_records(json, "variables", view, dvi, variable_form);
+  write_records(json, "smbs", view, dvi, smb_form);
   end_object(json);
 }
 
@@ -110,7 +92,8 @@ void write_dvi(json_writer& json, const opened_package& package, const morvane_v
   begin_object(json);
   write_member(json, "offset", dvi.offset);
   write_fields(json, dvi_fields, dvi);
-  write_ports(json, package.view, dvi);
+  write_records(json, "inputs", package.view, dvi, input_form);
+  write_records(json, "outputs", package.view, dvi, output_form);
   write_image(json, package, dvi, with_digests);
   write_vproc(json, package.view, dvi);
   end_object(json);

@@ -23,10 +23,9 @@ told_lines differences(std::string_view old_bytes, std::string_view new_bytes) {
   EXPECT_EQ(open_package(folder.path("old.bin"), old_package), 0);
   EXPECT_EQ(open_package(folder.path("new.bin"), new_package), 0);
   told_lines found;
-  compare_packages(
-      old_package, new_package,
-      [&](const cli::difference& one) { found.push_back(difference_line(one)); },
-      [](std::uint64_t) {});
+  cli::console streams{.quiet = true};
+  compare_packages(old_package, new_package, streams,
+                   [&](const cli::difference& one) { found.push_back(difference_line(one)); });
   return found;
 }
 
@@ -215,12 +214,14 @@ TEST(ComparePackages, TellsOfBytesAfterTheNulOfAText) {
             told_lines{"DVI \"first\": input \"data\": bytes after the NUL of a text differ\n"});
 }
 
-TEST(ComparePackages, TakesWhatCannotBeWalkedForMissing) {
+TEST(ComparePackages, TakesWhatCannotBeWalkedForMissingAndComparesTheBytesToo) {
   EXPECT_EQ(differences(sound_package(), sound_package().substr(0, 0x9f4 + 1080)),
-            told_lines{"DVI \"second\": vanished from position 1\n"});
+            (told_lines{"DVI \"second\": vanished from position 1\n",
+                        "package: 4772 -> 3628 bytes, 1144 differ, the first at 0xe2c\n"}));
   EXPECT_EQ(differences(sound_package(), ""),
             (told_lines{"DVI \"first\": vanished from position 0\n",
-                        "DVI \"second\": vanished from position 1\n"}));
+                        "DVI \"second\": vanished from position 1\n",
+                        "package: 4772 -> 0 bytes, 4772 differ, the first at 0x0\n"}));
 }
 
 }  // namespace

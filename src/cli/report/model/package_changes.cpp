@@ -2,7 +2,7 @@
 
 #include <variant>
 
-#include "cli/diff/report_differences.h"
+#include "cli/diff/compare_packages.h"
 #include "cli/package/package_walk.h"
 #include "cli/report/model/file_name.h"
 #include "cli/report/model/page_limits.h"
@@ -49,7 +49,7 @@ package_changes find_changes(const opened_package& old_package, const opened_pac
                           .is_old_damaged = is_damaged(old_package)};
   changes.dvis.resize(new_package.view.sound_dvis);
   const dvi_positions positions = positions_in(new_package);
-  report_differences(old_package, new_package, streams, [&](const difference& found) {
+  compare_packages(old_package, new_package, streams, [&](const difference& found) {
     const bool is_kept = changes.kept.size() < max_kept_differences;
     const auto dvi = positions.find({found.part.dvi.name, found.part.dvi.occurrence});
     if (found.part.kind != object_kind::package && dvi != positions.end()) {
