@@ -27,6 +27,20 @@ std::vector<used_range> port_ranges(const morvane_view& view, const morvane_view
   return ranges;
 }
 
+std::vector<used_range> merged(std::vector<used_range> ranges) {
+  std::erase_if(ranges, [](const used_range& range) { return range.begin >= range.end; });
+  std::ranges::sort(ranges, {}, &used_range::begin);
+  std::vector<used_range> stretches;
+  for (const used_range& range : ranges) {
+    if (stretches.empty() || range.begin > stretches.back().end) {
+      stretches.push_back({.begin = range.begin, .end = range.end});
+    } else {
+      stretches.back().end = std::max(stretches.back().end, range.end);
+    }
+  }
+  return stretches;
+}
+
 used_range shared_part(const overlap& both) {
   return {.begin = std::max(both.one.begin, both.other.begin),
           .end = std::min(both.one.end, both.other.end)};

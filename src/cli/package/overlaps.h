@@ -34,6 +34,9 @@ used_range image_range(const morvane_view_dvi& dvi);
 /// The bytes that each port of a DVI uses. The owner is the port's position, inputs first.
 std::vector<used_range> port_ranges(const morvane_view& view, const morvane_view_dvi& dvi);
 
+/// The stretches of bytes that ranges use, in order, each as long as it can be and of no owner.
+std::vector<used_range> merged(std::vector<used_range> ranges);
+
 /// Two owners that share bytes.
 struct overlap {
   used_range one;

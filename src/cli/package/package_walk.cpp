@@ -4,13 +4,12 @@
 
 namespace morvane::cli {
 
+std::string name_in_dvi(const record_name& name) {
+  return joined(name_of(name.kind), " ", name.index);
+}
+
 std::string str(const record_name& name) {
-  std::string text;
-  if (name.kind != object_kind::dvi) {
-    append_pieces(text, name_of(name.kind), " ", name.index, " of ");
-  }
-  append_pieces(text, "DVI ", name.dvi);
-  return text;
+  return joined(name.kind == object_kind::dvi ? "" : name_in_dvi(name) + " of ", "DVI ", name.dvi);
 }
 
 std::string data_format(const morvane_view_port& port) {

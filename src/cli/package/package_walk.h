@@ -26,6 +26,9 @@ struct record_name {
 };
 std::string str(const record_name& name);
 
+/// How its DVI calls it: "input 2".
+std::string name_in_dvi(const record_name& name);
+
 /// The inputs and outputs of a DVI.
 inline std::uint64_t port_count(const morvane_view_dvi& dvi) {
   return std::uint64_t{dvi.input_num} + dvi.output_num;

@@ -1,12 +1,8 @@
 #include "cli/report/page.h"
 
+#include "cli/report/html/html_text.h"
 #include "cli/report/html/page_style.h"
-#include "cli/report/model/file_name.h"
-#include "cli/report/sections/dvi_tables.h"
-#include "cli/report/sections/file_picture.h"
-#include "cli/report/sections/memory_picture.h"
-#include "cli/report/sections/network_picture.h"
-#include "cli/report/sections/page_head.h"
+#include "cli/report/sections/sections.h"
 #include "format/build_constants.h"
 
 namespace morvane::cli {
@@ -22,7 +18,7 @@ void write_document_head(const page_content& content, page_output& out) {
         "'; base-uri 'none'; form-action 'none'\">\n"
         "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
         "<meta name=\"referrer\" content=\"no-referrer\">\n<title>",
-        html{file_name(content.package.path)}, ": package report</title>\n<style>", page_style,
+        html(file_name(content.package.path)), ": package report</title>\n<style>", page_style,
         "</style>\n</head>\n<body>\n");
 }
 
@@ -39,8 +35,7 @@ void write_page(const page_content& content, page_output& out) {
   write_port_bytes(content, out);
   write_file(content, out);
   write_dvis(content, out);
-  write(out, "</main>\n<footer>");
-  write(out, "<p>Made by <code>morvane report</code>, ",
+  write(out, "</main>\n<footer><p>Made by <code>morvane report</code>, ",
         version_text(version_word, revision_hash()), ".</p></footer>\n</body>\n</html>\n");
 }
 

@@ -45,9 +45,8 @@ std::string port_table(const morvane_view& view, const morvane_view_dvi& dvi) {
   text_table table{.is_number = {false, false, true, true, true, true, true, false, true, true}};
   add_row(table, "port", "name", "P", "D", "H", "W", "format", "data", "size", "offset");
   for_each_port(view, dvi, [&](const morvane_view_port& port, const record_name& name) {
-    add_row(table, joined(name_of(name.kind), " ", name.index), printable(str(port.port_name)),
-            port.P, port.D, port.H, port.W, port.dram_format, data_format(port), port.port_size,
-            port.port_byte_offset);
+    add_row(table, name_in_dvi(name), printable(str(port.port_name)), port.P, port.D, port.H,
+            port.W, port.dram_format, data_format(port), port.port_size, port.port_byte_offset);
   });
   return str(table, dvi_indent);
 }

@@ -63,10 +63,10 @@ TEST(FoldedAxis, TellsWhereAnAddressIs) {
 
 TEST(FoldedAxis, MakesASmallBarWideEnoughToBeSeen) {
   const folded_axis axis = fold_axis({{.begin = 0, .end = 1000000}});
-  EXPECT_EQ(bar_of(axis, 500000, 500001).place, 5000U);
-  EXPECT_EQ(bar_of(axis, 500000, 500001).width, 40U);
-  EXPECT_EQ(bar_of(axis, 999999, 1000000).place, 9960U);
-  EXPECT_EQ(bar_of(axis, 250000, 750000).width, 5000U);
+  EXPECT_EQ(bar_of(axis, {.begin = 500000, .end = 500001}).place, 5000U);
+  EXPECT_EQ(bar_of(axis, {.begin = 500000, .end = 500001}).width, 40U);
+  EXPECT_EQ(bar_of(axis, {.begin = 999999, .end = 1000000}).place, 9960U);
+  EXPECT_EQ(bar_of(axis, {.begin = 250000, .end = 750000}).width, 5000U);
 }
 
 TEST(VisibleWidths, KeepSmallSizesVisibleAndTheRestToScale) {

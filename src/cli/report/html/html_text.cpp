@@ -29,68 +29,50 @@ constexpr std::string_view entity_of(char byte) {
   }
 }
 
-constexpr bool is_markup(char byte) {
-  return !entity_of(byte).empty();
-}
-
 /// Whether a byte needs no other spelling, wherever it is on the page.
 constexpr bool is_plain(char byte) {
-  return byte >= ' ' && byte <= '~' && !is_markup(byte);
+  return byte >= ' ' && byte <= '~' && entity_of(byte).empty();
 }
 
-/// Appends a printable text, without markup in it.
-void append_shown(std::string& page, std::string_view text) {
-  while (!text.empty()) {
-    const auto* const markup = std::ranges::find_if(text, is_markup);
-    page.append(text.begin(), markup);
-    text.remove_prefix(static_cast<std::size_t>(markup - text.begin()));
-    if (!text.empty()) {
-      page += entity_of(text[0]);
-      text.remove_prefix(1);
-    }
+/// A printable text, without markup in it.
+std::string without_markup(std::string_view text) {
+  std::string page;
+  for (const char byte : text) {
+    const std::string_view entity = entity_of(byte);
+    page += entity.empty() ? std::string_view(&byte, 1) : entity;
   }
-}
-
-void append_text(std::string& page, std::string_view text) {
-  if (std::ranges::all_of(text, is_plain)) {
-    page += text;
-  } else {
-    append_shown(page, printable(text));
-  }
+  return page;
 }
 
 constexpr std::string_view ellipsis = "\xE2\x80\xA6";
 
-/// Appends a number with one digit after the point, of units of so many bytes.
-void append_tenths(std::string& page, std::uint64_t bytes, std::uint64_t unit) {
-  const std::uint64_t whole = bytes / unit;
-  const std::uint64_t tenths = (bytes % unit * 10 + unit / 2) / unit;
-  append_pieces(page, grouped{whole + tenths / 10}, ".", tenths % 10);
+/// A number with one digit after the point, of units of so many bytes.
+std::string tenths(std::uint64_t bytes, std::uint64_t unit) {
+  const std::uint64_t all = bytes / unit * 10 + (bytes % unit * 10 + unit / 2) / unit;
+  return joined(grouped(all / 10), ".", all % 10);
 }
 
 }  // namespace
 
-void append_piece(std::string& page, const html& piece) {
+std::string html(std::string_view text) {
   constexpr std::size_t longest_entity = 6;
   constexpr std::size_t surely_fitting = (max_text_bytes - ellipsis.size()) / longest_entity;
-  const std::size_t begin = page.size();
-  append_text(page, piece.text);
-  if (page.size() - begin > max_text_bytes) {
-    page.resize(begin);
-    append_piece(page, short_html{piece.text, surely_fitting});
+  if (std::ranges::all_of(text, is_plain) && text.size() <= max_text_bytes) {
+    return std::string(text);
   }
+  std::string page = without_markup(printable(text));
+  return page.size() <= max_text_bytes ? page : short_html(text, surely_fitting);
 }
 
-void append_piece(std::string& page, const short_html& piece) {
-  const std::string text = printable(piece.text);
-  const std::string_view shown = text;
+std::string short_html(std::string_view text, std::size_t max_characters) {
+  const std::string printed = printable(text);
+  const std::string_view shown = printed;
   const std::size_t width = width_of(shown);
-  if (width <= piece.max_characters) {
-    append_shown(page, shown);
-    return;
+  if (width <= max_characters) {
+    return without_markup(shown);
   }
-  const std::size_t at_end = piece.max_characters / 2;
-  const std::size_t at_begin = piece.max_characters - 1 - at_end;
+  const std::size_t at_end = max_characters / 2;
+  const std::size_t at_begin = max_characters - 1 - at_end;
   std::size_t begin_length = 0;
   std::size_t place = 0;
   for (std::size_t passed = 0; width - passed > at_end;) {
@@ -99,40 +81,31 @@ void append_piece(std::string& page, const short_html& piece) {
     place += length;
     begin_length = passed <= at_begin ? place : begin_length;
   }
-  append_shown(page, shown.substr(0, begin_length));
-  page += ellipsis;
-  append_shown(page, shown.substr(place));
+  return joined(without_markup(shown.substr(0, begin_length)), ellipsis,
+                without_markup(shown.substr(place)));
 }
 
-void append_piece(std::string& page, hex piece) {
-  page += hexadecimal(piece.number);
-}
-
-void append_piece(std::string& page, grouped piece) {
+std::string grouped(std::uint64_t number) {
   constexpr std::size_t group = 3;
-  const std::size_t begin = page.size();
-  append_pieces(page, piece.number);
-  for (std::size_t at = page.size(); at > begin + group;) {
+  std::string digits = joined(number);
+  for (std::size_t at = digits.size(); at > group;) {
     at -= group;
-    page.insert(page.begin() + static_cast<std::ptrdiff_t>(at), ',');
+    digits.insert(at, 1, ',');
   }
+  return digits;
 }
 
-void append_piece(std::string& page, const counted& piece) {
-  append_pieces(page, grouped{piece.number}, " ", piece.thing, piece.number == 1 ? "" : "s");
+std::string counted(std::uint64_t number, std::string_view thing) {
+  return joined(grouped(number), " ", thing, number == 1 ? "" : "s");
 }
 
-void append_piece(std::string& page, byte_size piece) {
+std::string byte_size(std::uint64_t bytes) {
   constexpr std::uint64_t kib = 1024;
-  append_piece(page, counted{piece.bytes, "byte"});
-  if (piece.bytes >= kib) {
-    page += " (";
-    append_tenths(page, piece.bytes, kib);
-    page += " KiB)";
-  }
+  return joined(counted(bytes, "byte"),
+                bytes < kib ? "" : joined(" (", tenths(bytes, kib), " KiB)"));
 }
 
-void append_piece(std::string& page, rounded_size piece) {
+std::string rounded_size(std::uint64_t bytes) {
   struct size_unit {
     std::uint64_t bytes;
     std::string_view name;
@@ -142,21 +115,19 @@ void append_piece(std::string& page, rounded_size piece) {
                                             {std::uint64_t{1} << 20U, " MiB"},
                                             {std::uint64_t{1} << 10U, " KiB"}}};
   for (const size_unit& unit : units) {
-    if (piece.bytes >= unit.bytes) {
-      append_tenths(page, piece.bytes, unit.bytes);
-      page += unit.name;
-      return;
+    if (bytes >= unit.bytes) {
+      return joined(tenths(bytes, unit.bytes), unit.name);
     }
   }
-  append_pieces(page, piece.bytes, " B");
+  return joined(bytes, " B");
 }
 
-void append_piece(std::string& page, percent piece) {
-  append_pieces(page, piece.hundredths / 100);
-  if (piece.hundredths % 100 != 0) {
-    append_pieces(page, ".", piece.hundredths / 10 % 10, piece.hundredths % 10);
+std::string percent(std::uint64_t hundredths) {
+  std::string text = joined(hundredths / 100);
+  if (hundredths % 100 != 0) {
+    append_pieces(text, ".", hundredths / 10 % 10, hundredths % 10);
   }
-  page += '%';
+  return text += '%';
 }
 
 }  // namespace morvane::cli

@@ -5,7 +5,7 @@
 
 #include "cli/files/blocked_signals.h"
 #include "cli/output/console.h"
-#include "cli/report/html/html_text.h"
+#include "io/message.h"
 
 namespace morvane::cli {
 

@@ -9,40 +9,23 @@ namespace {
 /// A gap is folded when it is longer than this part of the used bytes.
 constexpr std::uint64_t folded_part = 8;
 
-/// The ranges as stretches without touching ones, in order.
-std::vector<axis_stretch> merged(std::vector<used_range> ranges) {
-  std::erase_if(ranges, [](const used_range& range) { return range.begin >= range.end; });
-  std::ranges::sort(ranges, {}, &used_range::begin);
-  std::vector<axis_stretch> stretches;
-  for (const used_range& range : ranges) {
-    if (stretches.empty() || range.begin > stretches.back().end) {
-      stretches.push_back({.begin = range.begin, .end = range.end});
-    } else {
-      stretches.back().end = std::max(stretches.back().end, range.end);
-    }
-  }
-  return stretches;
-}
-
-/// Joins stretches over short gaps, and puts the other gaps between them.
-std::vector<axis_stretch> with_gaps(const std::vector<axis_stretch>& used) {
+/// Joins ranges over short gaps, and puts the other gaps between them.
+std::vector<axis_stretch> with_gaps(const std::vector<used_range>& used) {
   std::uint64_t bytes = 0;
-  for (const axis_stretch& stretch : used) {
-    bytes += stretch.end - stretch.begin;
+  for (const used_range& range : used) {
+    bytes += range.end - range.begin;
   }
   std::vector<axis_stretch> stretches;
-  for (const axis_stretch& stretch : used) {
-    if (stretches.empty()) {
-      stretches.push_back(stretch);
+  for (const auto& [owner, begin, end] : used) {
+    const std::uint64_t gap_begin = stretches.empty() ? begin : stretches.back().end;
+    if (!stretches.empty() && begin - gap_begin <= bytes / folded_part) {
+      stretches.back().end = end;
       continue;
     }
-    const std::uint64_t gap_begin = stretches.back().end;
-    if (stretch.begin - gap_begin <= bytes / folded_part) {
-      stretches.back().end = stretch.end;
-    } else {
-      stretches.push_back({.begin = gap_begin, .end = stretch.begin, .is_gap = true});
-      stretches.push_back(stretch);
+    if (!stretches.empty()) {
+      stretches.push_back({.begin = gap_begin, .end = begin, .is_gap = true});
     }
+    stretches.push_back({.begin = begin, .end = end});
   }
   return stretches;
 }
@@ -87,10 +70,10 @@ std::uint64_t place_of(const folded_axis& axis, std::uint64_t address) {
   return stretch.place + reached * stretch.width / (stretch.end - stretch.begin);
 }
 
-axis_bar bar_of(const folded_axis& axis, std::uint64_t begin, std::uint64_t end) {
+axis_bar bar_of(const folded_axis& axis, const used_range& range) {
   constexpr std::uint64_t min_width = 40;
-  const std::uint64_t place = place_of(axis, begin);
-  const std::uint64_t width = std::max(place_of(axis, end) - place, min_width);
+  const std::uint64_t place = place_of(axis, range.begin);
+  const std::uint64_t width = std::max(place_of(axis, range.end) - place, min_width);
   return {.place = std::min(place, whole_axis - width), .width = width};
 }
 

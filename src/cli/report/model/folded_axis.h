@@ -38,7 +38,7 @@ struct axis_bar {
 std::uint64_t place_of(const folded_axis& axis, std::uint64_t address);
 
 /// The bar of a range. It is wide enough to be seen.
-axis_bar bar_of(const folded_axis& axis, std::uint64_t begin, std::uint64_t end);
+axis_bar bar_of(const folded_axis& axis, const used_range& range);
 
 /// Widths for sizes, in sum the whole axis. A small size gets a least width and the others share
 /// the rest to scale.

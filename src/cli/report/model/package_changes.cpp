@@ -1,25 +1,24 @@
 #include "cli/report/model/package_changes.h"
 
+#include <span>
+#include <unordered_map>
 #include <variant>
 
 #include "cli/diff/compare_packages.h"
 #include "cli/package/package_walk.h"
-#include "cli/report/model/file_name.h"
 #include "cli/report/model/page_limits.h"
 
 namespace morvane::cli {
 
 namespace {
 
-using dvi_positions = std::map<std::tuple<std::string_view, std::uint32_t>, std::uint32_t>;
-
 /// The positions of DVIs by name and occurrence.
-dvi_positions positions_in(const opened_package& package) {
-  dvi_positions positions;
+std::map<named_record, std::uint32_t> positions_in(const opened_package& package) {
+  std::map<named_record, std::uint32_t> positions;
   std::unordered_map<std::string_view, std::uint32_t> occurrences;
   for_each_dvi(package.view, [&](const morvane_view_dvi& dvi) {
     const std::string_view name = str(dvi.dag_name);
-    positions.emplace(std::tuple(name, ++occurrences[name]), dvi.position);
+    positions.emplace(named_record{name, ++occurrences[name]}, dvi.position);
   });
   return positions;
 }
@@ -45,13 +44,13 @@ void mark_dvi(dvi_changes& dvi, const difference& found, bool is_kept, std::size
 
 package_changes find_changes(const opened_package& old_package, const opened_package& new_package,
                              console& streams) {
-  package_changes changes{.old_name = file_name(old_package.path),
+  package_changes changes{.old_name = std::string(file_name(old_package.path)),
                           .is_old_damaged = is_damaged(old_package)};
   changes.dvis.resize(new_package.view.sound_dvis);
-  const dvi_positions positions = positions_in(new_package);
+  const auto positions = positions_in(new_package);
   compare_packages(old_package, new_package, streams, [&](const difference& found) {
     const bool is_kept = changes.kept.size() < max_kept_differences;
-    const auto dvi = positions.find({found.part.dvi.name, found.part.dvi.occurrence});
+    const auto dvi = positions.find(found.part.dvi);
     if (found.part.kind != object_kind::package && dvi != positions.end()) {
       mark_dvi(changes.dvis[dvi->second], found, is_kept, changes.kept.size());
     }
@@ -63,21 +62,23 @@ package_changes find_changes(const opened_package& old_package, const opened_pac
   return changes;
 }
 
-record_marks marks_of(const package_changes& changes, std::uint32_t dvi) {
+record_marks marks_of(const package_changes* changes, std::uint32_t dvi) {
   record_marks marks;
-  const dvi_changes& range = changes.dvis[dvi];
-  for (std::size_t i = range.first; i < range.first + range.count; ++i) {
-    const compared_part& part = changes.kept[i].part;
-    marks.emplace(std::tuple(part.kind, part.record.name, part.record.occurrence),
-                  mark_of(changes.kept[i]));
+  if (changes != nullptr) {
+    const dvi_changes& range = changes->dvis[dvi];
+    for (const difference& found : std::span(changes->kept).subspan(range.first, range.count)) {
+      marks.marks.emplace(std::tuple(found.part.kind, found.part.record), mark_of(found));
+    }
   }
   return marks;
 }
 
-change_mark next_mark(const record_marks& marks, object_kind kind, std::string_view name,
-                      occurrence_counter& occurrences) {
-  const auto mark = marks.find({kind, name, occurrences.next(marks, name)});
-  return mark == marks.end() ? change_mark::none : mark->second;
+change_mark next_mark(record_marks& marks, object_kind kind, std::string_view name) {
+  if (marks.marks.empty()) {
+    return change_mark::none;
+  }
+  const auto mark = marks.marks.find({kind, {name, ++marks.met[{kind, name}]}});
+  return mark == marks.marks.end() ? change_mark::none : mark->second;
 }
 
 }  // namespace morvane::cli

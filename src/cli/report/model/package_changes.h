@@ -7,7 +7,6 @@
 #include <string>
 #include <string_view>
 #include <tuple>
-#include <unordered_map>
 #include <vector>
 
 #include "cli/diff/difference.h"
@@ -39,24 +38,21 @@ struct package_changes {
 package_changes find_changes(const opened_package& old_package, const opened_package& new_package,
                              console& streams);
 
-/// The marks of the records of a DVI, by kind, name and occurrence.
-using record_marks =
-    std::map<std::tuple<object_kind, std::string_view, std::uint32_t>, change_mark>;
-
-record_marks marks_of(const package_changes& changes, std::uint32_t dvi);
-
-/// Counts how often each name was met.
-struct occurrence_counter {
-  std::unordered_map<std::string_view, std::uint32_t> counts{};
-
-  /// The occurrence of a name that is met now; not counted when no record has a mark.
-  std::uint32_t next(const record_marks& marks, std::string_view name) {
-    return marks.empty() ? 0 : ++counts[name];
-  }
+/// The marks of the records of a DVI, and how often each name was met.
+struct record_marks {
+  std::map<std::tuple<object_kind, named_record>, change_mark> marks{};
+  std::map<std::tuple<object_kind, std::string_view>, std::uint32_t> met{};
 };
 
-/// The mark of a record; the records of a kind are asked for one after the other.
-change_mark next_mark(const record_marks& marks, object_kind kind, std::string_view name,
-                      occurrence_counter& occurrences);
+/// The marks of a DVI; none when there is nothing to compare with.
+record_marks marks_of(const package_changes* changes, std::uint32_t dvi);
+
+/// The mark of the next record of a kind with this name.
+change_mark next_mark(record_marks& marks, object_kind kind, std::string_view name);
+
+/// The last part of a path. The folders are not on the page: it is for other people too.
+inline std::string_view file_name(std::string_view path) {
+  return path.substr(path.rfind('/') + 1);
+}
 
 }  // namespace morvane::cli

@@ -1,10 +1,9 @@
-#include "cli/report/sections/file_picture.h"
-
 #include <algorithm>
 
 #include "cli/output/printable_text.h"
 #include "cli/report/model/file_parts.h"
 #include "cli/report/sections/page_parts.h"
+#include "cli/report/sections/sections.h"
 
 namespace morvane::cli {
 
@@ -13,12 +12,9 @@ namespace {
 /// Parts that are of no DVI, or of the vproc records of all.
 constexpr std::size_t max_parts_beside_dvis = 8;
 
-/// The row of the table in which an offset is; every part of the bar leads to one.
-struct row_link {
-  std::uint64_t offset;
-};
-void append_piece(std::string& page, row_link piece) {
-  append_pieces(page, "o", std::string_view(hexadecimal(piece.offset)).substr(2));
+/// The id of the row of the table in which an offset is; every part of the bar leads to one.
+std::string row_id(std::uint64_t offset) {
+  return joined("o", std::string_view(hexadecimal(offset)).substr(2));
 }
 
 /// The class of the part of the file that a changed part of a DVI lies in.
@@ -65,13 +61,6 @@ change_mark mark_of(const package_changes* changes, const file_part& part) {
   return is_changed ? change_mark::changed : change_mark::none;
 }
 
-/// Below a part of the bar, what --against tells of it.
-void write_change(change_mark mark, const axis_bar& bar, page_output& out) {
-  if (mark != change_mark::none) {
-    write(out, bar_begin{"changed", bar, 45, 3}, word_of(mark), "</title></rect>");
-  }
-}
-
 void write_bar(const page_content& content, const std::vector<file_part>& parts, page_output& out) {
   std::vector<std::uint64_t> sizes;
   sizes.reserve(parts.size());
@@ -84,10 +73,11 @@ void write_bar(const page_content& content, const std::vector<file_part>& parts,
   for (std::size_t i = 0; i < parts.size(); ++i) {
     const file_part& part = parts[i];
     const axis_bar bar{place, widths[i]};
-    write(out, "<a href=\"#", row_link{part.offset}, "\">", bar_begin{part.kind, bar, 4, 40},
-          part.name, ", ", byte_size{part.size}, " at ", hex{part.offset}, "</title></rect>");
-    write_change(mark_of(content.changes, part), bar, out);
-    write(out, "</a>\n");
+    const std::string_view change = word_of(mark_of(content.changes, part));
+    write(out, "<a href=\"#", row_id(part.offset), "\">",
+          titled_bar(part.kind, bar, 4, 40, part.name, ", ", byte_size(part.size), " at ",
+                     hexadecimal(part.offset)),
+          change.empty() ? "" : titled_bar("changed", bar, 45, 3, change), "</a>\n");
     place += widths[i];
   }
   write(out, "</svg>\n");
@@ -96,26 +86,22 @@ void write_bar(const page_content& content, const std::vector<file_part>& parts,
 void write_table(const page_content& content, const std::vector<file_part>& parts,
                  page_output& out) {
   write(out, "<details", parts.size() <= max_parts ? " open" : "",
-        "><summary>Offsets and sizes of ", counted{parts.size(), "part"},
-        "</summary>\n<table class=\"parts\"><thead><tr>"
-        "<th scope=\"col\">Part</th><th scope=\"col\">Offset</th><th scope=\"col\">Size</th>"
-        "<th scope=\"col\">Share</th></tr></thead>\n<tbody>\n");
+        "><summary>Offsets and sizes of ", counted(parts.size(), "part"), "</summary>\n",
+        table_begin("parts", {"Part", "Offset", "Size", "Share"}));
   const std::uint64_t size = content.package.bytes.bytes().size();
   for (const file_part& part : parts) {
-    write(out, "<tr id=\"", row_link{part.offset}, "\"><th scope=\"row\"><i class=\"key ",
-          part.kind, "\"></i> ", part.name, mark_of(content.changes, part),
-          "</th><td class=\"mono\">", hex{part.offset}, "</td><td>", byte_size{part.size},
-          "</td><td>", percent{part.size * whole_axis / size}, "</td></tr>\n");
+    write(out, "<tr id=\"", row_id(part.offset), "\"><th scope=\"row\"><i class=\"key ", part.kind,
+          "\"></i> ", part.name, label_of(mark_of(content.changes, part)),
+          "</th><td class=\"mono\">", hexadecimal(part.offset), "</td><td>", byte_size(part.size),
+          "</td><td>", percent(part.size * whole_axis / size), "</td></tr>\n");
   }
-  write(out, "</tbody></table>\n</details>\n");
+  write(out, table_end, "</details>\n");
 }
 
 }  // namespace
 
 void write_file(const page_content& content, page_output& out) {
-  write(out,
-        "<section id=\"file\" aria-labelledby=\"file-head\">\n"
-        "<h2 id=\"file-head\">File</h2>\n");
+  write(out, section_begin("file", "File"));
   const std::vector<file_part> parts = parts_of(content.package);
   if (parts.empty()) {
     write(out, "<p>The file is empty.</p>\n</section>\n");

@@ -3,8 +3,8 @@
 #include <span>
 
 #include "cli/package/package_walk.h"
-#include "cli/report/sections/memory_picture.h"
 #include "cli/report/sections/page_parts.h"
+#include "cli/report/sections/sections.h"
 
 namespace morvane::cli {
 
@@ -62,9 +62,8 @@ image_plan plan_of(const morvane_view& view) {
 void write_axis_image(const image_plan& plan, const morvane_view_dvi& dvi, std::string_view kind,
                       page_output& out) {
   const used_range range = image_range(dvi);
-  write(out, bar_begin{kind, bar_of(plan.axis, range.begin, range.end), 6, 28}, "DVI ",
-        dvi.position, ", ", rounded_size{dvi.dvi_img_size}, " at ", hex{range.begin},
-        "</title></rect>");
+  write(out, titled_bar(kind, bar_of(plan.axis, range), 6, 28, "DVI ", dvi.position, ", ",
+                        rounded_size(dvi.dvi_img_size), " at ", hexadecimal(range.begin)));
 }
 
 /// Writes the axis with all images, the gaps and what is shared.
@@ -73,13 +72,13 @@ void write_axis(const page_content& content, const image_plan& plan, page_output
   write(out, "<svg class=\"axis", plan.images.size() <= max_unscrolled ? " few" : "",
         "\" role=\"img\" aria-labelledby=\"plan-title plan-desc\">"
         "<title id=\"plan-title\">All images by address</title><desc id=\"plan-desc\">",
-        counted{plan.images.size(), "image"}, " from ", hex{stretches.front().begin}, " to ",
-        hex{stretches.back().end - 1}, "; the list below names each.</desc>");
+        counted(plan.images.size(), "image"), " from ", hexadecimal(stretches.front().begin),
+        " to ", hexadecimal(stretches.back().end - 1), "; the list below names each.</desc>");
   for (const axis_stretch& stretch : stretches) {
     if (stretch.is_gap) {
-      write(out, bar_begin{"gap", {stretch.place, stretch.width}, 0, 40}, "folded gap of ",
-            rounded_size{stretch.end - stretch.begin}, " from ", hex{stretch.begin},
-            " on</title></rect>");
+      write(out, titled_bar("gap", {stretch.place, stretch.width}, 0, 40, "folded gap of ",
+                            rounded_size(stretch.end - stretch.begin), " from ",
+                            hexadecimal(stretch.begin), " on"));
     }
   }
   for (const bool biggest : {false, true}) {  // the biggest on top of the others
@@ -91,12 +90,12 @@ void write_axis(const page_content& content, const image_plan& plan, page_output
   }
   for (const overlap& both : plan.overlaps) {
     const used_range shared = shared_part(both);
-    write(out, bar_begin{"shared", bar_of(plan.axis, shared.begin, shared.end), 6, 28}, "DVI ",
-          both.one.owner, " and DVI ", both.other.owner, " share ",
-          rounded_size{shared.end - shared.begin}, "</title></rect>");
+    write(out, titled_bar("shared", bar_of(plan.axis, shared), 6, 28, "DVI ", both.one.owner,
+                          " and DVI ", both.other.owner, " share ",
+                          rounded_size(shared.end - shared.begin)));
   }
-  write(out, "</svg>\n<div class=\"ends\"><span>", hex{stretches.front().begin}, "</span><span>",
-        hex{stretches.back().end - 1}, "</span></div>\n");
+  write(out, "</svg>\n<div class=\"ends\"><span>", hexadecimal(stretches.front().begin),
+        "</span><span>", hexadecimal(stretches.back().end - 1), "</span></div>\n");
 }
 
 void write_image_bar(const page_content& content, const image_plan& plan,
@@ -105,34 +104,32 @@ void write_image_bar(const page_content& content, const image_plan& plan,
   write(out, "<svg class=\"bar\" role=\"img\"><title>Place of the image of DVI ",
         image.dvi.position, "</title>");
   if (range.begin < range.end) {
-    write(out,
-          bar_begin{kind_of_bar(content, image), bar_of(plan.axis, range.begin, range.end), 5, 9},
-          rounded_size{image.dvi.dvi_img_size}, " at ", hex{range.begin}, "</title></rect>");
+    write(out, titled_bar(kind_of_bar(content, image), bar_of(plan.axis, range), 5, 9,
+                          rounded_size(image.dvi.dvi_img_size), " at ", hexadecimal(range.begin)));
   }
   const std::uint64_t place = place_of(plan.axis, image.dvi.dvi_dag_vaddr);
-  write(out, bar_begin{"dagbin", {std::min(place, whole_axis - 40), 40}, 0, 5}, "DAG binary at ",
-        hex{image.dvi.dvi_dag_vaddr}, "</title></rect></svg>");
+  write(out,
+        titled_bar("dagbin", {std::min(place, whole_axis - 40), 40}, 0, 5, "DAG binary at ",
+                   hexadecimal(image.dvi.dvi_dag_vaddr)),
+        "</svg>");
 }
 
 void write_image_row(const page_content& content, const image_plan& plan,
                      const planned_image& image, page_output& out) {
   const morvane_view_dvi& dvi = image.dvi;
   const used_range range = image_range(dvi);
-  write(out, "<li><div><b>", dvi_link{dvi.position}, "</b> ", pictured_name{str(dvi.dag_name)},
-        mark_of_dvi(content.changes, dvi.position));
-  if (is_biggest(content, dvi)) {
-    write(out, " <b class=\"mark\">biggest</b>");
-  }
-  write(out, " <span class=\"mono\">", hex{range.begin});
+  write(out, "<li><div>", pictured_dvi(content.changes, dvi),
+        is_biggest(content, dvi) ? " <b class=\"mark\">biggest</b>" : "", " <span class=\"mono\">",
+        hexadecimal(range.begin));
   if (range.begin < range.end) {
-    write(out, " to ", hex{range.end - 1}, "</span> <span>", byte_size{dvi.dvi_img_size});
+    write(out, " to ", hexadecimal(range.end - 1), "</span> <span>", byte_size(dvi.dvi_img_size));
   } else {
     write(out, "</span> <span>no image");
   }
-  write(out, "</span> <span class=\"dim\">DAG binary at ", hex{dvi.dvi_dag_vaddr},
+  write(out, "</span> <span class=\"dim\">DAG binary at ", hexadecimal(dvi.dvi_dag_vaddr),
         is_dagbin_inside(dvi) ? "" : ", <b class=\"bad\">outside the image</b>", "</span>");
   if (image.partner) {
-    write(out, " <b class=\"bad\">shares addresses with ", dvi_link{*image.partner}, "</b>");
+    write(out, " <b class=\"bad\">shares addresses with ", dvi_link(*image.partner), "</b>");
   }
   write(out, "</div>");
   write_image_bar(content, plan, image, out);
@@ -147,8 +144,8 @@ void write_image_rows(const page_content& content, const image_plan& plan, page_
     for (; stretch != plan.axis.stretches.end() && stretch->begin < image.dvi.dvi_img_vaddr;
          ++stretch) {
       if (stretch->is_gap) {
-        write(out, "<li class=\"fold\">folded gap of ", byte_size{stretch->end - stretch->begin},
-              " from <span class=\"mono\">", hex{stretch->begin}, "</span> on</li>\n");
+        write(out, "<li class=\"fold\">folded gap of ", byte_size(stretch->end - stretch->begin),
+              " from <span class=\"mono\">", hexadecimal(stretch->begin), "</span> on</li>\n");
       }
     }
     write_image_row(content, plan, image, out);
@@ -162,7 +159,7 @@ void write_overlap_sentence(const image_plan& plan, page_output& out) {
   }
   const auto sharing = std::ranges::count_if(
       plan.images, [](const planned_image& image) { return image.partner.has_value(); });
-  write(out, " <b class=\"bad\">", counted{static_cast<std::uint64_t>(sharing), "image"},
+  write(out, " <b class=\"bad\">", counted(static_cast<std::uint64_t>(sharing), "image"),
         " share addresses</b> with another; that is marked in red.");
 }
 
@@ -170,9 +167,7 @@ void write_overlap_sentence(const image_plan& plan, page_output& out) {
 
 void write_images(const page_content& content, page_output& out) {
   const image_plan plan = plan_of(content.package.view);
-  write(out,
-        "<section id=\"memory\" aria-labelledby=\"memory-head\">\n"
-        "<h2 id=\"memory-head\">Memory plan</h2>\n");
+  write(out, section_begin("memory", "Memory plan"));
   if (plan.axis.stretches.empty()) {
     write(out, "<p>There is no image to show.</p>\n</section>\n");
     return;
@@ -185,15 +180,9 @@ void write_images(const page_content& content, page_output& out) {
   write_overlap_sentence(plan, out);
   write(out, "</p>\n");
   write_axis(content, plan, out);
-  const bool is_long = plan.images.size() > max_unscrolled;
-  write(out,
-        is_long ? "<div class=\"long\" role=\"region\" tabindex=\"0\" aria-label=\"Images by "
-                  "address\">\n"
-                : "",
-        "<ol class=\"bars\">\n");
-  write_image_rows(content, plan, out);
-  write(out, "</ol>\n", is_long ? "</div>\n" : "", left_out{content.package.view.sound_dvis},
-        "</section>\n");
+  write_bars(content.package.view, "Images by address", out,
+             [&] { write_image_rows(content, plan, out); });
+  write(out, "</section>\n");
 }
 
 }  // namespace morvane::cli

@@ -2,8 +2,8 @@
 
 #include "cli/output/printable_text.h"
 #include "cli/package/package_walk.h"
-#include "cli/report/sections/network_rows.h"
 #include "cli/report/sections/page_parts.h"
+#include "cli/report/sections/sections.h"
 #include "cli/report/sections/wiring.h"
 
 namespace morvane::cli {
@@ -68,21 +68,16 @@ dvi_flow dvi_flow_of(const network_flow& flow, const morvane_view_dvi& dvi) {
   return found;
 }
 
-/// Writes the numbers of some DVIs, each a link; of many only the first.
-void write_numbers(page_output& out, const std::vector<std::uint32_t>& dvis) {
-  std::string_view separator;
-  for (std::size_t i = 0; i < std::min(dvis.size(), max_links); ++i) {
-    write(out, separator, "<a href=\"#d", dvis[i], "\">", dvis[i], "</a>");
-    separator = ", ";
-  }
-  write(out, more_links{dvis.size()});
+/// The numbers of some DVIs, each a link; of many only the first.
+std::string numbers(const std::vector<std::uint32_t>& dvis) {
+  return listed(dvis, max_links,
+                [](std::uint32_t dvi) { return joined("<a href=\"#d", dvi, "\">", dvi, "</a>"); });
 }
 
 void write_inputs(page_output& out, const dvi_flow& flow) {
   if (!flow.sources.empty()) {
-    write(out, " <span>from ");
-    write_numbers(out, flow.sources);
-    write(out, flow.outer_inputs != 0 ? " and outside" : "", "</span>");
+    write(out, " <span>from ", numbers(flow.sources), flow.outer_inputs != 0 ? " and outside" : "",
+          "</span>");
   } else if (flow.outer_inputs != 0) {
     write(out, " <span>from outside</span>");
   }
@@ -100,16 +95,18 @@ void write_outputs(const page_content& content, page_output& out, const morvane_
   if (dvi.output_num == 0) {
     return;
   }
-  write(out, " <span>to ");
-  write_numbers(out, fed);
-  write(out, flow.outer_outputs == 0 ? "" : fed.empty() ? "outside" : " and outside", "</span>");
+  write(out, " <span>to ", numbers(fed),
+        flow.outer_outputs == 0 ? ""
+        : fed.empty()           ? "outside"
+                                : " and outside",
+        "</span>");
   morvane_view_port port{};
   if (morvane_view_output(&content.package.view, &dvi, 0, &port) == MORVANE_VIEW_OK) {
     constexpr std::size_t max_characters = 24;
-    write(out, " <span class=\"dim\"><bdi>", short_html{str(port.port_name), max_characters},
-          "</bdi> ", port_dims{port}, " format ", port.dram_format);
+    write(out, " <span class=\"dim\">", pictured_name(str(port.port_name), max_characters), " ",
+          port_dims(port), " format ", port.dram_format);
     if (dvi.output_num > 1) {
-      write(out, " and ", counted{dvi.output_num - 1U, "output"}, " more");
+      write(out, " and ", counted(dvi.output_num - 1U, "output"), " more");
     }
     write(out, "</span>");
   }
@@ -121,9 +118,7 @@ void write_row(const page_content& content, page_output& out, const wiring& plan
   const dvi_flow flow = dvi_flow_of(content.flow, dvi);
   write(out, "<li class=\"row\">");
   append_wires(out.pending, plan, dvi.position, {flow.outer_inputs != 0, flow.outer_outputs != 0});
-  write(out, "<div><b>", dvi_link{dvi.position}, "</b> <bdi>",
-        short_html{str(dvi.dag_name), max_characters}, "</bdi>",
-        mark_of_dvi(content.changes, dvi.position));
+  write(out, "<div>", pictured_dvi(content.changes, dvi, max_characters));
   write_inputs(out, flow);
   write_outputs(content, out, dvi, flow);
   write(out, "</div></li>\n");
@@ -141,10 +136,8 @@ void write_dvi_rows(const page_content& content, page_output& out) {
           count_of(static_cast<std::uint64_t>(hidden), "DVI"),
           "; the text beside the rows tells all.</p>\n");
   }
-  write(out,
-        "<div class=\"long\" role=\"region\" tabindex=\"0\" aria-label=\"Network by DVI\">\n"
-        "<ol class=\"net thin ",
-        width_class(plan), "\">\n");
+  write(out, scrolling_begin("Network by DVI"), "<ol class=\"net thin ", width_class(plan),
+        "\">\n");
   for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
     if (dvi.position < dvis) {
       write_row(content, out, plan, dvi);

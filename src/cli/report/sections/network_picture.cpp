@@ -1,10 +1,5 @@
-#include "cli/report/sections/network_picture.h"
-
-#include <algorithm>
-
-#include "cli/package/package_walk.h"
-#include "cli/report/sections/network_rows.h"
 #include "cli/report/sections/page_parts.h"
+#include "cli/report/sections/sections.h"
 
 namespace morvane::cli {
 
@@ -14,7 +9,7 @@ namespace {
 bool has_port_rows(const page_content& content) {
   constexpr std::uint64_t max_dvis = 30;
   constexpr std::uint64_t max_ports = 400;
-  return content.package.view.sound_dvis <= max_dvis && content.checked.summary.ports <= max_ports;
+  return content.package.view.sound_dvis <= max_dvis && content.totals.ports <= max_ports;
 }
 
 void write_sentence(const page_content& content, page_output& out) {
@@ -22,26 +17,22 @@ void write_sentence(const page_content& content, page_output& out) {
   if (content.flow.by_input.empty()) {
     write(out, "<p>No DVI feeds another one");
   } else {
-    write(out, "<p>", counted{content.flow.by_input.size(), "connection"}, " between ",
-          counted{content.package.view.sound_dvis, "DVI"},
+    write(out, "<p>", counted(content.flow.by_input.size(), "connection"), " between ",
+          counted(content.package.view.sound_dvis, "DVI"),
           ", from top to bottom in the order of the package. An input gets its data from the last "
           "output of its name before it");
   }
   if (differing != 0) {
-    write(out, "; at <b class=\"bad\">", counted{differing, "input"},
+    write(out, "; at <b class=\"bad\">", counted(differing, "input"),
           "</b> dims, format, size or offset differ from the output's");
   }
-  write(out,
-        ". Dims are P\xC3\x97"
-        "D\xC3\x97H\xC3\x97W.</p>\n");
+  write(out, ". Dims are ", dims_letters, ".</p>\n");
 }
 
 }  // namespace
 
 void write_network(const page_content& content, page_output& out) {
-  write(out,
-        "<section id=\"network\" aria-labelledby=\"network-head\">\n"
-        "<h2 id=\"network-head\">Network</h2>\n");
+  write(out, section_begin("network", "Network"));
   if (content.package.view.sound_dvis == 0) {
     write(out, "<p>There is no DVI to show.</p>\n</section>\n");
     return;
@@ -52,7 +43,7 @@ void write_network(const page_content& content, page_output& out) {
   } else {
     write_dvi_rows(content, out);
   }
-  write(out, left_out{content.package.view.sound_dvis}, "</section>\n");
+  write(out, left_out(content.package.view), "</section>\n");
 }
 
 }  // namespace morvane::cli

@@ -3,8 +3,8 @@
 
 #include "cli/package/package_walk.h"
 #include "cli/report/model/package_changes.h"
-#include "cli/report/sections/network_rows.h"
 #include "cli/report/sections/page_parts.h"
+#include "cli/report/sections/sections.h"
 #include "cli/report/sections/wiring.h"
 
 namespace morvane::cli {
@@ -56,19 +56,8 @@ struct port_rows {
   page_output& out;
   wiring plan;
   std::uint32_t row = 0;  // the next one
-  record_marks marks{};   // of the DVI; so below
-  occurrence_counter inputs{};
-  occurrence_counter outputs{};
+  record_marks marks{};   // of the DVI
 };
-
-/// Begins with the marks of a DVI.
-void find_marks(port_rows& rows, std::uint32_t dvi) {
-  rows.inputs = {};
-  rows.outputs = {};
-  if (rows.content.changes != nullptr) {
-    rows.marks = marks_of(*rows.content.changes, dvi);
-  }
-}
 
 void begin_row(port_rows& rows, std::string_view kind, const outside_ports& outside) {
   write(rows.out, "<div class=\"", kind, "\">");
@@ -78,31 +67,27 @@ void begin_row(port_rows& rows, std::string_view kind, const outside_ports& outs
 
 void write_head(port_rows& rows, const morvane_view_dvi& dvi) {
   begin_row(rows, "row head", {});
-  write(rows.out, "<div><b>", dvi_link{dvi.position}, "</b> ", pictured_name{str(dvi.dag_name)},
-        mark_of_dvi(rows.content.changes, dvi.position), " <span class=\"dim\">image ",
-        rounded_size{dvi.dvi_img_size}, " at ", hex{dvi.dvi_img_vaddr}, "</span></div></div>\n");
+  write(rows.out, "<div>", pictured_dvi(rows.content.changes, dvi), " <span class=\"dim\">image ",
+        rounded_size(dvi.dvi_img_size), " at ", hexadecimal(dvi.dvi_img_vaddr),
+        "</span></div></div>\n");
 }
 
-void write_port(port_rows& rows, std::string_view kind, const morvane_view_port& port,
-                change_mark mark) {
-  write(rows.out, "<div><i class=\"", kind, "\">", kind, "</i> ",
-        pictured_name{str(port.port_name)}, mark, " <span class=\"dims\">", port_dims{port},
-        " <small>format ", port.dram_format, "</small></span> ");
+void write_port(port_rows& rows, object_kind kind, const morvane_view_port& port) {
+  const std::string_view direction = kind == object_kind::input ? "in" : "out";
+  const std::string_view name = str(port.port_name);
+  write(rows.out, "<div><i class=\"", direction, "\">", direction, "</i> ", pictured_name(name),
+        label_of(next_mark(rows.marks, kind, name)), " <span class=\"dims\">", port_dims(port),
+        " <small>format ", port.dram_format, "</small></span> <span class=\"flow\">");
 }
 
 void write_input(port_rows& rows, const morvane_view_port& port, port_place place) {
   const connection* const source = connection_to(rows.content.flow, place);
   begin_row(rows, "row port", {.has_inputs = source == nullptr});
-  write_port(rows, "in", port,
-             next_mark(rows.marks, object_kind::input, str(port.port_name), rows.inputs));
-  if (source == nullptr) {
-    write(rows.out, "<span class=\"flow\">from outside");
-  } else {
-    write(rows.out, "<span class=\"flow\">from ", dvi_link{source->output.dvi});
-    if (source->mismatch != 0) {
-      write(rows.out, " <b class=\"bad\">differs: ", rows.content.flow.mismatches[source->mismatch],
-            "</b>");
-    }
+  write_port(rows, object_kind::input, port);
+  write(rows.out, "from ", source == nullptr ? "outside" : dvi_link(source->output.dvi));
+  if (source != nullptr && source->mismatch != 0) {
+    write(rows.out, " <b class=\"bad\">differs: ", rows.content.flow.mismatches[source->mismatch],
+          "</b>");
   }
   write(rows.out, "</span></div></div>\n");
 }
@@ -110,15 +95,9 @@ void write_input(port_rows& rows, const morvane_view_port& port, port_place plac
 void write_output(port_rows& rows, const morvane_view_port& port, port_place place) {
   const auto fed = connections_from(rows.content.flow, place);
   begin_row(rows, "row port", {.has_outputs = fed.empty()});
-  write_port(rows, "out", port,
-             next_mark(rows.marks, object_kind::output, str(port.port_name), rows.outputs));
-  write(rows.out, "<span class=\"flow\">to ", fed.empty() ? "outside" : "");
-  std::string_view separator;
-  for (const connection& one : fed) {
-    write(rows.out, separator, dvi_link{one.input.dvi});
-    separator = ", ";
-  }
-  write(rows.out, "</span></div></div>\n");
+  write_port(rows, object_kind::output, port);
+  write(rows.out, "to ", fed.empty() ? "outside" : listed(fed, fed.size(), fed_dvi_link),
+        "</span></div></div>\n");
 }
 
 }  // namespace
@@ -130,7 +109,7 @@ void write_port_rows(const page_content& content, page_output& out) {
   write(out, "<ol class=\"net ", width_class(rows.plan), "\">\n");
   for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
     write(out, "<li>");
-    find_marks(rows, dvi.position);
+    rows.marks = marks_of(content.changes, dvi.position);
     write_head(rows, dvi);
     for_each_input(view, dvi, [&](const morvane_view_port& port, const record_name& name) {
       write_input(rows, port, {name.dvi, name.index});

@@ -1,12 +1,7 @@
-#include "cli/report/sections/page_head.h"
-
-#include <algorithm>
-#include <span>
-
 #include "cli/output/printable_text.h"
 #include "cli/package/package_walk.h"
-#include "cli/report/model/file_name.h"
 #include "cli/report/sections/page_parts.h"
+#include "cli/report/sections/sections.h"
 #include "format/build_constants.h"
 
 namespace morvane::cli {
@@ -17,34 +12,27 @@ void write_verdict(const page_content& content, page_output& out) {
   const finding_counts& counts = content.checked.counts;
   const bool is_sound = counts.errors == 0;
   write(out, "<p><b class=\"verdict ", is_sound ? "sound" : "unsound", "\">",
-        is_sound ? "sound" : "not sound", "</b> ", counted{counts.errors, "error"}, ", ",
-        counted{counts.warnings, "warning"}, ", ", counted{counts.notes, "note"});
+        is_sound ? "sound" : "not sound", "</b> ", counted(counts.errors, "error"), ", ",
+        counted(counts.warnings, "warning"), ", ", counted(counts.notes, "note"));
   if (content.changes != nullptr) {
-    write(out, "; <a href=\"#changes\">", counted{content.changes->all, "difference"},
-          "</a> from <bdi>", html{content.changes->old_name}, "</bdi>");
+    write(out, "; <a href=\"#changes\">", counted(content.changes->all, "difference"), "</a> from ",
+          isolated(content.changes->old_name));
   }
   write(out, "</p>\n");
 }
 
-template <class... Pieces>
-void write_fact(page_output& out, std::string_view name, const Pieces&... value) {
-  write(out, "<div><dt>", name, "</dt><dd>", value..., "</dd></div>\n");
-}
-
 void write_facts(const page_content& content, page_output& out) {
   const morvane_view& view = content.package.view;
-  write(out, "<dl class=\"facts\">\n");
-  write_fact(out, "Size", byte_size{content.checked.summary.bytes});
-  if (content.checked.summary.bytes >= sizeof(morvane_pkg_header)) {
-    write_fact(out, "Tool", version_text(view.version, view.HASH));
-    write_fact(out, "DVIs", grouped{view.dvi_num});
+  write(out, "<dl class=\"facts\">\n", fact("Size", byte_size(view.size)));
+  if (has_header(content.package)) {
+    write(out, fact("Tool", version_text(view.version, view.HASH)),
+          fact("DVIs", grouped(view.dvi_num)));
   }
-  write_fact(out, "Ports", grouped{content.checked.summary.ports});
-  write_fact(out, "Variables", grouped{content.totals.variables});
-  write_fact(out, "SMB blocks", grouped{content.totals.smbs});
-  write_fact(out, "Images", byte_size{content.totals.image_bytes});
-  write_fact(out, "vproc records", content.checked.summary.has_vproc ? "yes" : "no");
-  write(out, "</dl>\n");
+  write(out, fact("Ports", grouped(content.totals.ports)),
+        fact("Variables", grouped(content.totals.variables)),
+        fact("SMB blocks", grouped(content.totals.smbs)),
+        fact("Images", byte_size(content.totals.image_bytes)),
+        fact("vproc records", view.vproc_table != 0 ? "yes" : "no"), "</dl>\n");
 }
 
 /// What a stranger asks first.
@@ -58,9 +46,9 @@ void write_short_answers(const page_content& content, page_output& out) {
           ".</p>\n");
   }
   if (biggest.dvi_img_size != 0) {
-    write(out, "<p>The biggest image is that of <b>", dvi_link{biggest.position}, "</b> ",
-          isolated{str(biggest.dag_name)}, ": ", byte_size{biggest.dvi_img_size}, " at ",
-          hex{biggest.dvi_img_vaddr}, ".</p>\n");
+    write(out, "<p>The biggest image is that of <b>", dvi_link(biggest.position), "</b> ",
+          isolated(str(biggest.dag_name)), ": ", byte_size(biggest.dvi_img_size), " at ",
+          hexadecimal(biggest.dvi_img_vaddr), ".</p>\n");
   }
 }
 
@@ -83,24 +71,23 @@ void write_severity(const std::vector<finding>& found, std::uint64_t all, std::s
   }
   constexpr std::uint64_t max_unfolded = 10;
   const bool is_open = all <= max_unfolded && thing != "note";
-  write(out, "<details", is_open ? " open" : "", "><summary>", counted{all, thing},
+  write(out, "<details", is_open ? " open" : "", "><summary>", counted(all, thing),
         "</summary>\n<ul class=\"findings\">\n");
   bounded_list list{out, max_findings_bytes};
   for (const finding& one : found) {
     const std::string_view level = name_of(one.kind->level);
     write_entry(list, "<li><b class=\"", level, "\">", level, "</b> <span class=\"mono\">",
-                hex{one.place.offset}, "</span> ", isolated{one.text}, " <code>", one.kind->code,
-                "</code></li>\n");
+                hexadecimal(one.place.offset), "</span> ", isolated(one.text), " <code>",
+                one.kind->code, "</code></li>\n");
   }
-  write(out, more_items{all, list.shown, "morvane check --notes"});
-  write(out, "</ul>\n</details>\n");
+  write(out, more_items(all, list, "morvane check --notes"), "</ul>\n</details>\n");
 }
 
 }  // namespace
 
 void write_page_head(const page_content& content, page_output& out) {
-  write(out, "<header>\n<p class=\"dim\">Package</p>\n<h1><bdi>",
-        html{file_name(content.package.path)}, "</bdi></h1>\n");
+  write(out, "<header>\n<p class=\"dim\">Package</p>\n<h1>",
+        isolated(file_name(content.package.path)), "</h1>\n");
   write_verdict(content, out);
   write_facts(content, out);
   write_short_answers(content, out);
@@ -114,9 +101,7 @@ void write_findings(const page_content& content, page_output& out) {
   if (counts.errors + counts.warnings + counts.notes == 0) {
     return;
   }
-  write(out,
-        "<section id=\"findings\" aria-labelledby=\"findings-head\">\n"
-        "<h2 id=\"findings-head\">Findings</h2>\n");
+  write(out, section_begin("findings", "Findings"));
   write_severity(checked.errors, counts.errors, "error", out);
   write_severity(checked.warnings, counts.warnings, "warning", out);
   write_severity(checked.notes, counts.notes, "note", out);
@@ -129,10 +114,7 @@ void write_changes(const page_content& content, page_output& out) {
   }
   const package_changes& changes = *content.changes;
   constexpr std::uint64_t max_unfolded = 20;
-  write(out,
-        "<section id=\"changes\" aria-labelledby=\"changes-head\">\n"
-        "<h2 id=\"changes-head\">Changes since <bdi>",
-        html{changes.old_name}, "</bdi></h2>\n");
+  write(out, section_begin("changes", joined("Changes since ", isolated(changes.old_name))));
   if (changes.is_old_damaged) {
     write(out,
           "<p class=\"bad\">The older package is damaged. What comes after its damage counts as "
@@ -143,7 +125,7 @@ void write_changes(const page_content& content, page_output& out) {
     return;
   }
   write(out, "<details", changes.all <= max_unfolded ? " open" : "", "><summary>",
-        counted{changes.all, "difference"}, "</summary>\n<ul class=\"findings\">\n");
+        counted(changes.all, "difference"), "</summary>\n<ul class=\"findings\">\n");
   write_differences(changes.kept, changes.all, max_differences_bytes, out);
   write(out, "</ul>\n</details>\n</section>\n");
 }

@@ -1,53 +1,75 @@
 #include "cli/report/sections/page_parts.h"
 
 #include "cli/diff/difference_output.h"
+#include "cli/package/package_walk.h"
 
 namespace morvane::cli {
 
-void append_piece(std::string& page, dvi_link piece) {
-  append_pieces(page, "<a href=\"#d", piece.position, "\">DVI ", piece.position, "</a>");
+std::string section_begin(std::string_view id, std::string_view heading) {
+  return joined("<section id=\"", id, "\" aria-labelledby=\"", id, "-head\">\n<h2 id=\"", id,
+                "-head\">", heading, "</h2>\n");
 }
 
-void append_piece(std::string& page, const isolated& piece) {
-  append_pieces(page, "<bdi>", html{piece.name}, "</bdi>");
+std::string table_begin(std::string_view kind, std::initializer_list<std::string_view> columns) {
+  std::string text = joined("<table class=\"", kind, "\"><thead><tr>");
+  for (const std::string_view column : columns) {
+    append_pieces(text, "<th scope=\"col\">", column, "</th>");
+  }
+  return text += "</tr></thead>\n<tbody>\n";
 }
 
-void append_piece(std::string& page, const pictured_name& piece) {
-  constexpr std::size_t max_characters = 48;
-  append_pieces(page, "<bdi>", short_html{piece.name, max_characters}, "</bdi>");
+std::string scrolling_begin(std::string_view label) {
+  return joined("<div class=\"long\" role=\"region\" tabindex=\"0\" aria-label=\"", label, "\">\n");
 }
 
-void append_piece(std::string& page, port_dims piece) {
-  const morvane_view_port& port = piece.port;
+std::string fact(std::string_view name, std::string_view value) {
+  return joined("<div><dt>", name, "</dt><dd>", value, "</dd></div>\n");
+}
+
+std::string dvi_link(std::uint32_t position) {
+  return joined("<a href=\"#d", position, "\">DVI ", position, "</a>");
+}
+
+std::string fed_dvi_link(const connection& one) {
+  return dvi_link(one.input.dvi);
+}
+
+std::string isolated(std::string_view name) {
+  return joined("<bdi>", html(name), "</bdi>");
+}
+
+std::string pictured_name(std::string_view name, std::size_t max_characters) {
+  return joined("<bdi>", short_html(name, max_characters), "</bdi>");
+}
+
+std::string pictured_dvi(const package_changes* changes, const morvane_view_dvi& dvi,
+                         std::size_t max_characters) {
+  return joined("<b>", dvi_link(dvi.position), "</b> ",
+                pictured_name(str(dvi.dag_name), max_characters),
+                label_of(mark_of_dvi(changes, dvi.position)));
+}
+
+std::string port_dims(const morvane_view_port& port) {
   constexpr std::string_view times = "\xC3\x97<wbr>";  // a line may end behind it
-  append_pieces(page, port.P, times, port.D, times, port.H, times, port.W);
+  return joined(port.P, times, port.D, times, port.H, times, port.W);
 }
 
 std::string_view word_of(change_mark mark) {
   return mark == change_mark::none ? "" : mark == change_mark::added ? "new" : "changed";
 }
 
-void append_piece(std::string& page, change_mark mark) {
-  if (mark != change_mark::none) {
-    append_pieces(page, " <b class=\"mark\">", word_of(mark), "</b>");
-  }
+std::string label_of(change_mark mark) {
+  return mark == change_mark::none ? "" : joined(" <b class=\"mark\">", word_of(mark), "</b>");
 }
 
 change_mark mark_of_dvi(const package_changes* changes, std::uint32_t position) {
   return changes == nullptr ? change_mark::none : changes->dvis[position].mark;
 }
 
-void append_piece(std::string& page, const more_items& piece) {
-  if (piece.all > piece.shown) {
-    append_pieces(page, "<li>and ", grouped{piece.all - piece.shown}, " more, which <code>",
-                  piece.command, "</code> tells</li>\n");
-  }
-}
-
-void append_piece(std::string& page, more_links piece) {
-  if (piece.all > max_links) {
-    append_pieces(page, " and ", piece.all - max_links, " more");
-  }
+std::string more_items(std::uint64_t all, const bounded_list& list, std::string_view command) {
+  return all == list.shown ? ""
+                           : joined("<li>and ", grouped(all - list.shown), " more, which <code>",
+                                    command, "</code> tells</li>\n");
 }
 
 void write_differences(std::span<const difference> found, std::uint64_t all, std::size_t max_bytes,
@@ -56,23 +78,18 @@ void write_differences(std::span<const difference> found, std::uint64_t all, std
   for (const difference& one : found) {
     std::string line = difference_line(one);
     line.pop_back();  // the line feed
-    write_entry(list, "<li>", isolated{line}, "</li>\n");
+    write_entry(list, "<li>", isolated(line), "</li>\n");
   }
-  write(out, more_items{all, list.shown, "morvane diff"});
+  write(out, more_items(all, list, "morvane diff"));
 }
 
-void append_piece(std::string& page, const bar_begin& piece) {
-  append_pieces(page, "<rect class=\"", piece.kind, "\" x=\"", percent{piece.bar.place}, "\" y=\"",
-                piece.top, "\" width=\"", percent{piece.bar.width}, "\" height=\"", piece.height,
-                "\"><title>");
-}
-
-void append_piece(std::string& page, left_out piece) {
-  if (piece.dvis > max_pictured) {
-    const std::uint32_t dvis = piece.dvis - max_pictured;
-    append_pieces(page, "<p class=\"dim\">", counted{dvis, "DVI"}, dvis == 1 ? " is" : " are",
-                  " left out here; the tables show all.</p>\n");
+std::string left_out(const morvane_view& view) {
+  if (view.sound_dvis <= max_pictured) {
+    return {};
   }
+  const std::uint32_t dvis = view.sound_dvis - max_pictured;
+  return joined("<p class=\"dim\">", counted(dvis, "DVI"), dvis == 1 ? " is" : " are",
+                " left out here; the tables show all.</p>\n");
 }
 
 }  // namespace morvane::cli

@@ -1,8 +1,9 @@
 #include <algorithm>
+#include <iterator>
 
 #include "cli/package/package_walk.h"
-#include "cli/report/sections/memory_picture.h"
 #include "cli/report/sections/page_parts.h"
+#include "cli/report/sections/sections.h"
 
 namespace morvane::cli {
 
@@ -32,20 +33,8 @@ folded_axis axis_of(const ranges_of_dvis& ranges) {
 /// The bytes that two ports share, each stretch of them once.
 std::vector<used_range> shared_bytes(const std::vector<overlap>& overlaps) {
   std::vector<used_range> parts;
-  parts.reserve(overlaps.size());
-  for (const overlap& both : overlaps) {
-    parts.push_back(shared_part(both));
-  }
-  std::ranges::sort(parts, {}, &used_range::begin);
-  std::vector<used_range> stretches;
-  for (const used_range& part : parts) {
-    if (stretches.empty() || part.begin > stretches.back().end) {
-      stretches.push_back(part);
-    } else {
-      stretches.back().end = std::max(stretches.back().end, part.end);
-    }
-  }
-  return stretches;
+  std::ranges::transform(overlaps, std::back_inserter(parts), shared_part);
+  return merged(std::move(parts));
 }
 
 /// Inputs are above, outputs below, and between them is what two ports share.
@@ -58,15 +47,12 @@ void write_ports(const morvane_view_dvi& dvi, const std::vector<used_range>& ran
     }
     const record_name name = port_name_at(dvi, range.owner);
     const bool is_input = name.kind == object_kind::input;
-    write(out,
-          bar_begin{is_input ? "in" : "out", bar_of(axis, range.begin, range.end),
-                    is_input ? 0U : 13U, 9},
-          name_of(name.kind), " ", name.index, ", ", rounded_size{range.end - range.begin}, " at ",
-          hex{range.begin}, "</title></rect>");
+    write(out, titled_bar(is_input ? "in" : "out", bar_of(axis, range), is_input ? 0 : 13, 9,
+                          name_in_dvi(name), ", ", rounded_size(range.end - range.begin), " at ",
+                          hexadecimal(range.begin)));
   }
   for (const used_range& range : shared_bytes(overlaps)) {
-    write(out, bar_begin{"shared", bar_of(axis, range.begin, range.end), 9, 4},
-          "shared bytes</title></rect>");
+    write(out, titled_bar("shared", bar_of(axis, range), 9, 4, "shared bytes"));
   }
   write(out, "</svg>");
 }
@@ -78,16 +64,14 @@ void write_overlaps(const morvane_view_dvi& dvi, const std::vector<overlap>& ove
   if (overlaps.empty()) {
     return;
   }
-  write(out, " <b class=\"bad\">");
-  std::string_view separator;
-  for (std::size_t i = 0; i < std::min(overlaps.size(), max_pairs); ++i) {
-    const record_name one = port_name_at(dvi, overlaps[i].one.owner);
-    const record_name other = port_name_at(dvi, overlaps[i].other.owner);
-    write(out, separator, name_of(one.kind), " ", one.index, " and ", name_of(other.kind), " ",
-          other.index);
-    separator = ", ";
-  }
-  write(out, " share bytes");
+  const auto first = std::span(overlaps).first(std::min(overlaps.size(), max_pairs));
+  write(out, " <b class=\"bad\">",
+        listed(first, max_pairs,
+               [&](const overlap& both) {
+                 return joined(name_in_dvi(port_name_at(dvi, both.one.owner)), " and ",
+                               name_in_dvi(port_name_at(dvi, both.other.owner)));
+               }),
+        " share bytes");
   if (overlaps.size() > max_pairs) {
     write(out, ", and ", overlaps.size() - max_pairs, " more");
   }
@@ -97,15 +81,14 @@ void write_overlaps(const morvane_view_dvi& dvi, const std::vector<overlap>& ove
 void write_row(const page_content& content, const morvane_view_dvi& dvi,
                const std::vector<used_range>& ranges, const folded_axis& axis, page_output& out) {
   const std::vector<overlap> overlaps = find_overlaps(ranges);
-  write(out, "<li><div><b>", dvi_link{dvi.position}, "</b> ", pictured_name{str(dvi.dag_name)},
-        mark_of_dvi(content.changes, dvi.position));
+  write(out, "<li><div>", pictured_dvi(content.changes, dvi));
   if (!ranges.empty()) {
     const std::uint64_t first = std::ranges::min(ranges, {}, &used_range::begin).begin;
     const std::uint64_t end = std::ranges::max(ranges, {}, &used_range::end).end;
-    write(out, " <span class=\"mono\">", hex{first}, " to ", hex{std::max(end, first + 1) - 1},
-          "</span>");
+    write(out, " <span class=\"mono\">", hexadecimal(first), " to ",
+          hexadecimal(std::max(end, first + 1) - 1), "</span>");
   }
-  write(out, " <span>", counted{dvi.input_num, "input"}, ", ", counted{dvi.output_num, "output"},
+  write(out, " <span>", counted(dvi.input_num, "input"), ", ", counted(dvi.output_num, "output"),
         "</span>");
   write_overlaps(dvi, overlaps, out);
   write(out, "</div>");
@@ -119,9 +102,7 @@ void write_port_bytes(const page_content& content, page_output& out) {
   const morvane_view& view = content.package.view;
   const ranges_of_dvis ranges = find_ranges(view);
   const folded_axis axis = axis_of(ranges);
-  write(out,
-        "<section id=\"ports\" aria-labelledby=\"ports-head\">\n"
-        "<h2 id=\"ports-head\">Bytes of the ports</h2>\n");
+  write(out, section_begin("ports", "Bytes of the ports"));
   if (axis.stretches.empty()) {
     write(out, "<p>There is no port to show.</p>\n</section>\n");
     return;
@@ -131,18 +112,14 @@ void write_port_bytes(const page_content& content, page_output& out) {
         "<span class=\"key in\"></span> inputs above, <span class=\"key out\"></span> outputs "
         "below, <span class=\"key shared\"></span> bytes that two ports of a DVI share. What "
         "is at the same place in two rows uses the same bytes one after the other.</p>\n");
-  const bool is_long = view.sound_dvis > max_unscrolled;
-  write(out,
-        is_long ? "<div class=\"long\" role=\"region\" tabindex=\"0\" aria-label=\"Ports by "
-                  "offset\">\n"
-                : "",
-        "<ol class=\"bars\">\n");
-  for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
-    if (dvi.position < max_pictured) {
-      write_row(content, dvi, ranges[dvi.position], axis, out);
-    }
+  write_bars(view, "Ports by offset", out, [&] {
+    for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
+      if (dvi.position < max_pictured) {
+        write_row(content, dvi, ranges[dvi.position], axis, out);
+      }
+    });
   });
-  write(out, "</ol>\n", is_long ? "</div>\n" : "", left_out{view.sound_dvis}, "</section>\n");
+  write(out, "</section>\n");
 }
 
 }  // namespace morvane::cli

@@ -1,10 +1,9 @@
-#include "cli/report/sections/port_table.h"
-
 #include <array>
 #include <vector>
 
 #include "cli/package/package_walk.h"
 #include "cli/report/sections/page_parts.h"
+#include "cli/report/sections/sections.h"
 
 namespace morvane::cli {
 
@@ -30,11 +29,9 @@ constexpr std::array<port_flag, 6> port_flags{{
 struct port_table_rows {
   const page_content& content;
   const morvane_view_dvi& dvi;
-  const record_marks& marks;
+  record_marks& marks;
   page_output& out;
   std::vector<std::uint32_t> partners;  // of each port one that shares bytes, or itself
-  occurrence_counter inputs{};
-  occurrence_counter outputs{};
 };
 
 /// For each port another one that shares bytes with it, or the port itself.
@@ -52,19 +49,15 @@ std::vector<std::uint32_t> partners_of(const morvane_view& view, const morvane_v
   return partners;
 }
 
-change_mark mark_of(port_table_rows& rows, bool is_input, std::string_view name) {
-  return is_input ? next_mark(rows.marks, object_kind::input, name, rows.inputs)
-                  : next_mark(rows.marks, object_kind::output, name, rows.outputs);
-}
-
-void write_name(port_table_rows& rows, const morvane_view_port& port, const record_name& name) {
+void write_name(const port_table_rows& rows, const morvane_view_port& port,
+                const record_name& name) {
   const bool is_input = name.kind == object_kind::input;
   const std::string_view port_name = str(port.port_name);
   write(rows.out, "<tr><th scope=\"row\"><i class=\"", is_input ? "in" : "out", "\">",
-        name_of(name.kind), " ", name.index, "</i> ", isolated{port_name},
-        mark_of(rows, is_input, port_name));
+        name_in_dvi(name), "</i> ", isolated(port_name),
+        label_of(next_mark(rows.marks, name.kind, port_name)));
   if (port.layer_name.length != 0) {
-    write(rows.out, "<small><bdi>", html{str(port.layer_name)}, "</bdi></small>");
+    write(rows.out, "<small>", isolated(str(port.layer_name)), "</small>");
   }
   write(rows.out, "</th>");
 }
@@ -89,58 +82,46 @@ void write_flow(const port_table_rows& rows, const record_name& name) {
   write(rows.out, "<td>");
   if (name.kind == object_kind::input) {
     const connection* const source = connection_to(flow, place);
-    if (source == nullptr) {
-      write(rows.out, "from outside");
-    } else {
-      write(rows.out, "from ", dvi_link{source->output.dvi});
-      write(rows.out, source->mismatch != 0 ? " <b class=\"bad\">differs</b>" : "");
-    }
+    write(rows.out, "from ", source == nullptr ? "outside" : dvi_link(source->output.dvi),
+          source != nullptr && source->mismatch != 0 ? " <b class=\"bad\">differs</b>" : "");
   } else {
     const auto fed = connections_from(flow, place);
-    write(rows.out, fed.empty() ? "to outside" : "to ");
-    for (std::size_t i = 0; i < fed.size() && i < max_links; ++i) {
-      write(rows.out, i == 0 ? "" : ", ", dvi_link{fed[i].input.dvi});
-    }
-    write(rows.out, more_links{fed.size()});
+    write(rows.out, "to ", fed.empty() ? "outside" : listed(fed, max_links, fed_dvi_link));
   }
   write(rows.out, "</td></tr>\n");
 }
 
-void write_row(port_table_rows& rows, const morvane_view_port& port, const record_name& name) {
+void write_row(const port_table_rows& rows, const morvane_view_port& port,
+               const record_name& name) {
   write_name(rows, port, name);
-  write(rows.out, "<td>", port_dims{port}, "<small>pitch ", grouped{port.pitch}, "</small></td>");
+  write(rows.out, "<td>", port_dims(port), "<small>pitch ", grouped(port.pitch), "</small></td>");
   write_format(port, rows.out);
-  write(rows.out, "<td>", hex{port.port_byte_offset});
+  write(rows.out, "<td>", hexadecimal(port.port_byte_offset));
   const std::uint32_t position =
       name.kind == object_kind::input ? name.index : rows.dvi.input_num + name.index;
   if (rows.partners[position] != position) {
-    const record_name partner = port_name_at(rows.dvi, rows.partners[position]);
-    write(rows.out, "<small class=\"bad\">shares bytes with ", name_of(partner.kind), " ",
-          partner.index, "</small>");
+    write(rows.out, "<small class=\"bad\">shares bytes with ",
+          name_in_dvi(port_name_at(rows.dvi, rows.partners[position])), "</small>");
   }
-  write(rows.out, "</td><td>", byte_size{port.port_size}, "</td>");
+  write(rows.out, "</td><td>", byte_size(port.port_size), "</td>");
   write_flow(rows, name);
 }
 
 }  // namespace
 
-void write_port_table(const page_content& content, const morvane_view_dvi& dvi,
-                      const record_marks& marks, page_output& out) {
+void write_port_table(const page_content& content, const morvane_view_dvi& dvi, record_marks& marks,
+                      page_output& out) {
   const std::uint64_t count = port_count(dvi);
   if (count == 0) {
     return;
   }
-  port_table_rows rows{content, dvi, marks, out, partners_of(content.package.view, dvi)};
-  write(out, "<h4>", counted{count, "port"},
-        "</h4>\n<table class=\"port-table\"><thead><tr><th scope=\"col\">Port</th>"
-        "<th scope=\"col\">P\xC3\x97"
-        "D\xC3\x97H\xC3\x97W</th><th scope=\"col\">Format</th>"
-        "<th scope=\"col\">Offset</th><th scope=\"col\">Size</th><th scope=\"col\">Data</th></tr>"
-        "</thead>\n<tbody>\n");
+  const port_table_rows rows{content, dvi, marks, out, partners_of(content.package.view, dvi)};
+  write(out, "<h4>", counted(count, "port"), "</h4>\n",
+        table_begin("port-table", {"Port", dims_letters, "Format", "Offset", "Size", "Data"}));
   for_each_port(
       content.package.view, dvi,
       [&](const morvane_view_port& port, const record_name& name) { write_row(rows, port, name); });
-  write(out, "</tbody></table>\n");
+  write(out, table_end);
 }
 
 }  // namespace morvane::cli
