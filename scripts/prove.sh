@@ -149,8 +149,8 @@ mutate() {
   mutation morvane_view_variable 'skipped, VAR_BYTES' 'skipped, SMB_BYTES'
   mutation morvane_view_smb 'index >= dvi->smb_num' 'index > dvi->smb_num'
   mutation morvane_view_smb 'skipped, SMB_BYTES' '0, SMB_BYTES'
-  mutation equals 'i < length; ++i' 'i <= length; ++i'
-  mutation equals "string[i] == '\\0' || " ''
+  mutation morvane_text_equals 'i < text.length; ++i' 'i <= text.length; ++i'
+  mutation morvane_text_equals "string[i] == '\\0' || " ''
   echo "$mutations mutations, $unnoticed not noticed"
   [ $unnoticed -eq 0 ]
 }

@@ -7,11 +7,15 @@
 #include <functional>
 #include <memory>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 
 #include "discovery/file_names.h"
 #include "discovery/position_index.h"
 #include "format/file_naming.h"
+#include "format/macros.h"
+#include "headers/line_reader.h"
+#include "io/file.h"
 #include "io/message.h"
 
 namespace morvane {
@@ -143,6 +147,28 @@ std::int32_t pair_header_files(const std::string& folder, const input_list& dvis
     headers.add({.name = name, .index = dvis[i].index});
   }
   return static_cast<std::int32_t>(headers.size());
+}
+
+int check_duplicate_dag_names(const std::string& folder, const input_list& headers) {
+  // The position of each name among the names. The message takes it as the position of the header,
+  // which is wrong if an earlier header has no name. It stays so, as scripts compare the message.
+  std::unordered_map<std::string, std::size_t> positions;
+  for (const input_entry header : headers) {
+    const std::string path = join_path(folder, header.name);
+    const std::string text = read_file(path).text;
+    line_reader lines{text};
+    std::string_view name;
+    if (!next_value(lines, dag_name_macro, name)) {
+      continue;
+    }
+    const auto [earlier, is_new] = positions.try_emplace(std::string(name), positions.size());
+    if (!is_new) {
+      print_line("error: detection duplicate DAG NAME between file ", path, " and file ",
+                 join_path(folder, headers[earlier->second].name));
+      return 1;
+    }
+  }
+  return 0;
 }
 
 }  // namespace morvane

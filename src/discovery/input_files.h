@@ -55,4 +55,9 @@ bool has_header(const header_presence& headers, std::size_t position);
 std::int32_t pair_header_files(const std::string& folder, const input_list& dvis,
                                input_list& headers);
 
+/// Returns 0 if all headers of the folder have different DAG names. At the first header that
+/// repeats a name, prints "error: detection duplicate DAG NAME between file ..." and returns 1. A
+/// header without a DAG name is ignored. A package with vproc records needs different names.
+int check_duplicate_dag_names(const std::string& folder, const input_list& headers);
+
 }  // namespace morvane

@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
+#include "driver/options.h"
 #include "driver/pack_sections.h"
-#include "driver/settings.h"
 #include "inspect/inspect_package.h"
 #include "io/message.h"
 

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "discovery/duplicate_dag_names.h"
 #include "discovery/input_files.h"
 #include "format/build_constants.h"
 #include "format/file_naming.h"

@@ -67,13 +67,6 @@ int read_block(line_reader& lines, const block_format& format, std::string_view 
 extern template int read_block(line_reader&, const block_format&, std::string_view,
                                std::span<std::byte>, const no_observer&);
 
-/// The same, without an observer.
-inline int read_block(line_reader& lines, const block_format& format, std::string_view name,
-                      std::span<std::byte> record) {
-  const no_observer nobody;
-  return read_block(lines, format, name, record, nobody);
-}
-
 /// Appends a record for every block of a header. Each record begins as a copy of the empty one.
 /// Returns 0. At a name that is too long, prints a message, does not append its record, and
 /// returns -1.

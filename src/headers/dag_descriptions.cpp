@@ -22,25 +22,16 @@ void complete_dag_description(dvi_desc& dvi, std::int32_t index, std::size_t pos
                                             (dvi.input_num + dvi.output_num);
 }
 
-int parse_dag_description(dvi_desc& dvi, std::string_view header, std::int32_t index,
-                          std::size_t position) {
-  dvi = {};
-  const no_observer nobody;
-  if (read_dag_fields(dvi, header, nobody) != 0) {
-    return -1;
-  }
-  complete_dag_description(dvi, index, position);
-  return 0;
-}
-
 int parse_dag_descriptions(std::vector<dvi_desc>& dvis, const std::string& folder,
                            const input_list& headers) {
+  const no_observer nobody;
   for (std::size_t position = 0; position < headers.size(); ++position) {
     dvi_desc dvi{};
     const std::string header = read_file(join_path(folder, headers[position].name)).text;
-    if (parse_dag_description(dvi, header, headers[position].index, position) != 0) {
+    if (read_dag_fields(dvi, header, nobody) != 0) {
       return -1;
     }
+    complete_dag_description(dvi, headers[position].index, position);
     dvis.push_back(dvi);
   }
   return 0;

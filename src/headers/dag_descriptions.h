@@ -24,7 +24,8 @@ struct counted_port {
 };
 counted_port find_counted_port(std::string_view line);
 
-/// Fills the fields of a dvi_desc that its header describes. Returns as parse_dag_description does.
+/// Fills the fields of a dvi_desc that the text of its header describes. Returns 0; or -1 at a DAG
+/// name that is too long, with the limit VAR_NAME reported.
 template <class Observer>
 int read_dag_fields(dvi_desc& dvi, std::string_view header, Observer& observer) {
   line_reader lines{header};
@@ -54,14 +55,9 @@ int read_dag_fields(dvi_desc& dvi, std::string_view header, Observer& observer) 
   return 0;
 }
 
-/// Sets the fields of a dvi_desc that do not come from its header, and those that are computed.
+/// Sets the fields of a dvi_desc that do not come from its header, and those that are computed. The
+/// index is that of its DVI, the position that of the DVI in the package.
 void complete_dag_description(dvi_desc& dvi, std::int32_t index, std::size_t position);
-
-/// Sets the dvi_desc of a header's text. The index is that of its DVI, the position that of the DVI
-/// in the package. Returns 0; or -1 at a DAG name that is too long, with the limit VAR_NAME
-/// reported.
-int parse_dag_description(dvi_desc& dvi, std::string_view header, std::int32_t index,
-                          std::size_t position);
 
 /// Appends one dvi_desc for every header of the folder, in the order of the list. A header that
 /// cannot be read, or has no DAG name, gives a record without name, sizes and ports. Returns 0. At

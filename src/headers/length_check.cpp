@@ -4,14 +4,13 @@
 
 namespace morvane {
 
-int report_length_limit(std::string_view text, std::string_view limit_name) {
-  print_line("error: please increase length limit of MACRO [", limit_name, "] for string \"", text,
+int check_length_limit(std::string_view text, const length_limit& limit) {
+  if (text.size() <= limit.longest) {
+    return 0;
+  }
+  print_line("error: please increase length limit of MACRO [", limit.name, "] for string \"", text,
              "\" with length [", text.size(), "]");
   return -1;
-}
-
-int check_length_limit(std::string_view text, const length_limit& limit) {
-  return text.size() <= limit.longest ? 0 : report_length_limit(text, limit.name);
 }
 
 }  // namespace morvane

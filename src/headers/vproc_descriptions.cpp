@@ -4,15 +4,11 @@
 
 namespace morvane {
 
-vproc_desc count_vproc_records(std::string_view header) {
-  const no_observer nobody;
-  return count_vproc_records(header, nobody);
-}
-
 int parse_vproc_description(std::vector<vproc_desc>& vprocs, const std::string& folder,
                             const input_list& headers) {
+  const no_observer nobody;
   for (const input_entry header : headers) {
-    vprocs.push_back(count_vproc_records(read_file(join_path(folder, header.name)).text));
+    vprocs.push_back(count_vproc_records(read_file(join_path(folder, header.name)).text, nobody));
   }
   return 0;
 }

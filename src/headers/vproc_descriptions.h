@@ -44,9 +44,6 @@ vproc_desc count_vproc_records(std::string_view header, Observer& observer) {
   return vproc;
 }
 
-/// The same, without an observer.
-vproc_desc count_vproc_records(std::string_view header);
-
 /// Appends one vproc_desc for every header of the folder, in the order of the list. A header that
 /// cannot be read gives zeros. Returns 0.
 int parse_vproc_description(std::vector<vproc_desc>& vprocs, const std::string& folder,

@@ -53,7 +53,7 @@ file_handle create_image(const parse_folder& folder, std::string_view dag_name) 
 void remove_header(const parse_folder& folder, std::string_view dag_name) {
   const std::string name = marked_header_name(dag_name);
   if (is_in_folder(name)) {
-    remove_file_or_folder(folder.handle, name, folder.package);
+    remove_entry(folder.handle, name, folder.package, true);
   }
 }
 

@@ -33,17 +33,6 @@ file_handle empty_existing(const file_handle& folder, const std::string& name,
   return usable ? std::move(file) : file_handle();
 }
 
-bool remove_entry(const file_handle& folder, const std::string& name, const file_identity& kept,
-                  bool with_folders) {
-  struct stat status {};
-  if (::fstatat(folder.descriptor(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0 ||
-      identity_in(status) == kept) {
-    return false;
-  }
-  const int flags = with_folders && S_ISDIR(status.st_mode) ? AT_REMOVEDIR : 0;
-  return ::unlinkat(folder.descriptor(), name.c_str(), flags) == 0;
-}
-
 }  // namespace
 
 file_handle open_folder(const std::string& path) {
@@ -56,8 +45,8 @@ file_handle create_file(const file_handle& folder, const std::string& name,
   if (file.is_open() || errno != EEXIST) {
     return file;
   }
-  return remove_file(folder, name, kept) ? create_new(folder, name)
-                                         : empty_existing(folder, name, kept);
+  return remove_entry(folder, name, kept, false) ? create_new(folder, name)
+                                                 : empty_existing(folder, name, kept);
 }
 
 file_handle reopen_file(const file_handle& folder, const std::string& name,
@@ -71,13 +60,15 @@ file_handle reopen_file(const file_handle& folder, const std::string& name,
   return is_the_same ? std::move(file) : file_handle();
 }
 
-bool remove_file(const file_handle& folder, const std::string& name, const file_identity& kept) {
-  return remove_entry(folder, name, kept, false);
-}
-
-bool remove_file_or_folder(const file_handle& folder, const std::string& name,
-                           const file_identity& kept) {
-  return remove_entry(folder, name, kept, true);
+bool remove_entry(const file_handle& folder, const std::string& name, const file_identity& kept,
+                  bool with_folders) {
+  struct stat status {};
+  if (::fstatat(folder.descriptor(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0 ||
+      identity_in(status) == kept) {
+    return false;
+  }
+  const int flags = with_folders && S_ISDIR(status.st_mode) ? AT_REMOVEDIR : 0;
+  return ::unlinkat(folder.descriptor(), name.c_str(), flags) == 0;
 }
 
 }  // namespace morvane

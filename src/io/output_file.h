@@ -29,11 +29,9 @@ file_handle create_file(const file_handle& folder, const std::string& name,
 file_handle reopen_file(const file_handle& folder, const std::string& name,
                         const created_file& created);
 
-/// Removes a file from a folder. Returns whether it did. Folders and the kept file are not removed.
-bool remove_file(const file_handle& folder, const std::string& name, const file_identity& kept);
-
-/// Removes an empty folder too, as remove(3) does.
-bool remove_file_or_folder(const file_handle& folder, const std::string& name,
-                           const file_identity& kept);
+/// Removes a file, or with_folders an empty folder, from a folder. Returns whether it did. The kept
+/// file is not removed.
+bool remove_entry(const file_handle& folder, const std::string& name, const file_identity& kept,
+                  bool with_folders);
 
 }  // namespace morvane

@@ -556,27 +556,27 @@ static size_t text_length(const uint8_t* field, size_t width) {
   return length;
 }
 
-/* Whether a text has the characters of a C string and no more. */
 /*@
-  requires \valid_read(text + (0 .. length - 1)) && is_string(string);
+  requires \valid_read(text.bytes + (0 .. text.length - 1)) && is_string(string);
   assigns \nothing;
   ensures \result == 0 || \result == 1;
-  ensures \result == 1 <==> equal(text, length, string);
+  ensures \result == 1 <==> equal(text.bytes, text.length, string);
 */
-static int equals(const char* text, size_t length, const char* string) {
+int morvane_text_equals(struct morvane_text text, const char* string) {
   size_t i = 0;
   /*@
-    loop invariant 0 <= i <= length;
-    loop invariant \forall integer k; 0 <= k < i ==> string[k] != 0 && string[k] == text[k];
+    loop invariant 0 <= i <= text.length;
+    loop invariant \forall integer k; 0 <= k < i ==>
+      string[k] != 0 && string[k] == text.bytes[k];
     loop assigns i;
-    loop variant length - i;
+    loop variant text.length - i;
   */
-  for (i = 0; i < length; ++i) {
-    if (string[i] == '\0' || string[i] != text[i]) {
+  for (i = 0; i < text.length; ++i) {
+    if (string[i] == '\0' || string[i] != text.bytes[i]) {
       return 0;
     }
   }
-  return string[length] == '\0';
+  return string[text.length] == '\0';
 }
 
 /*@
@@ -808,8 +808,7 @@ int morvane_view_find(const struct morvane_view* view, const char* dag_name,
     loop assigns status, *dvi;
     loop variant status == MORVANE_VIEW_OK ? view->sound_dvis - dvi->position : 0;
   */
-  while (status == MORVANE_VIEW_OK &&
-         !equals(dvi->dag_name.bytes, dvi->dag_name.length, dag_name)) {
+  while (status == MORVANE_VIEW_OK && !morvane_text_equals(dvi->dag_name, dag_name)) {
     status = morvane_view_next(view, dvi);
   }
   return status == MORVANE_VIEW_OUT_OF_RANGE ? MORVANE_VIEW_NOT_FOUND : status;
@@ -1076,14 +1075,4 @@ int morvane_view_smb(const struct morvane_view* view, const struct morvane_view_
       text_length(record + offsetof(struct morvane_smb_desc, smb_name), MORVANE_NAME_WIDTH);
   smb->vbase_byte_offset = word(record + offsetof(struct morvane_smb_desc, vbase_byte_offset));
   return MORVANE_VIEW_OK;
-}
-
-/*@
-  requires \valid_read(text.bytes + (0 .. text.length - 1)) && is_string(string);
-  assigns \nothing;
-  ensures \result == 0 || \result == 1;
-  ensures \result == 1 <==> equal(text.bytes, text.length, string);
-*/
-int morvane_text_equals(struct morvane_text text, const char* string) {
-  return equals(text.bytes, text.length, string);
 }

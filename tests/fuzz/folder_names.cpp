@@ -9,7 +9,6 @@
 #include <string>
 #include <vector>
 
-#include "discovery/duplicate_dag_names.h"
 #include "discovery/file_names.h"
 #include "discovery/input_files.h"
 #include "fuzz/fuzz_target.h"

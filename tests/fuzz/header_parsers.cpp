@@ -4,7 +4,7 @@
 #include <optional>
 #include <vector>
 
-#include "discovery/duplicate_dag_names.h"
+#include "discovery/input_files.h"
 #include "fuzz/fuzz_target.h"
 #include "harness/scratch_folder.h"
 #include "harness/silence.h"

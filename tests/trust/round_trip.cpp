@@ -2,8 +2,8 @@
 
 #include <filesystem>
 
+#include "driver/options.h"
 #include "driver/pack_run.h"
-#include "driver/settings.h"
 #include "inspect/inspect_package.h"
 
 namespace morvane::test {

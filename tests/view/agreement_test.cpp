@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <random>
 
+#include "driver/options.h"
 #include "driver/pack_run.h"
-#include "driver/settings.h"
 #include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
 #include "harness/silence.h"
