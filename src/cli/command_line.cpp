@@ -180,21 +180,13 @@ void add_command(CLI::App& program, const command& row, console& streams, comman
   app->callback([runner, &chosen] { chosen = runner; });
 }
 
-bool is_missing(const CLI::Option& option) {
-  return option.get_required() && option.count() == 0;
-}
-
-bool is_repeated(const CLI::Option& option) {
-  const int most = option.get_items_expected_max();
-  return most != 0 && option.count() > static_cast<std::size_t>(most);
-}
-
 /// What is wrong with how often an option or argument is given; empty when nothing is.
 std::string mistake_in(const CLI::Option& option) {
-  if (is_missing(option)) {
+  const auto most = static_cast<std::size_t>(option.get_items_expected_max());
+  if (option.get_required() && option.count() == 0) {
     return option.get_name() + " is missing";
   }
-  if (is_repeated(option)) {
+  if (most != 0 && option.count() > most) {
     return option.get_name() + " is given more than once";
   }
   for (const CLI::Option* const other : option.get_excludes()) {
@@ -207,15 +199,15 @@ std::string mistake_in(const CLI::Option& option) {
 
 /// What is wrong with the command line that CLI11 refused. Its own words are not for users, except
 /// those that the checks of the values above gave it.
-std::string mistake_in(const CLI::App& program, const CLI::App* command, const CLI::Error& error) {
+std::string mistake_in(const CLI::App& program, const CLI::App& command, const CLI::Error& error) {
   const std::vector<std::string> left_over = program.remaining(true);
   if (!left_over.empty()) {
     return joined("unknown argument ", in_quotes(unguarded(left_over.front())));
   }
-  if (command == nullptr) {
+  if (&command == &program) {
     return "a command is missing";
   }
-  for (const CLI::Option* const option : command->get_options()) {
+  for (const CLI::Option* const option : command.get_options()) {
     std::string mistake = mistake_in(*option);
     if (!mistake.empty()) {
       return mistake;
@@ -224,8 +216,8 @@ std::string mistake_in(const CLI::App& program, const CLI::App* command, const C
   return printable(error.what());
 }
 
-int report_mistake(const CLI::App* command, std::string_view mistake) {
-  const std::string name = command == nullptr ? "" : joined(" ", command->get_name());
+int report_mistake(const CLI::App& command, std::string_view mistake) {
+  const std::string name = command.get_parent() == nullptr ? "" : " " + command.get_name();
   print_message(joined(mistake, "; try morvane", name, " --help"));
   return status_failed;
 }
@@ -259,7 +251,7 @@ int run_command_line(const std::vector<std::string>& arguments) {
   }
   guarded_arguments guarded = guard_arguments(program, arguments);
   if (!guarded.mistake.empty()) {
-    return report_mistake(guarded.command, guarded.mistake);
+    return report_mistake(*guarded.command, guarded.mistake);
   }
   std::ranges::reverse(guarded.words);  // as CLI11 wants them
   try {
@@ -267,7 +259,7 @@ int run_command_line(const std::vector<std::string>& arguments) {
   } catch (const CLI::ParseError& end) {
     return end.get_exit_code() == 0
                ? print_help(program, end, streams)
-               : report_mistake(guarded.command, mistake_in(program, guarded.command, end));
+               : report_mistake(*guarded.command, mistake_in(program, *guarded.command, end));
   }
   const int status = chosen(streams);
   flush_results(streams);

@@ -12,7 +12,7 @@ namespace morvane::cli {
 /// and no value that looks like anything else.
 struct guarded_arguments {
   std::vector<std::string> words{};   // options, and guarded values
-  const CLI::App* command = nullptr;  // that they ask for; null when they ask for none
+  const CLI::App* command = nullptr;  // that they ask for; the program when they ask for none
   std::string mistake{};              // in the options, or the command; empty when there is none
 };
 
