@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "cli/check/verdict.h"
-#include "cli/package/package_bytes.h"
+#include "cli/package/opened_package.h"
 
 namespace morvane::cli {
 
@@ -23,29 +23,29 @@ void write_summary(finding_writer& output, std::string_view path, const package_
 }
 
 /// Writes what is found in a package, and the verdict. Returns the exit status.
-int check_loaded(const std::string& path, const package_bytes& package,
-                 const check_options& options, finding_writer& output) {
+int check_opened(const opened_package& package, const check_options& options,
+                 finding_writer& output) {
   begin_findings(output);
   progress_line& progress = output.json.streams.progress;
-  progress = begin_progress(path, package.bytes().size(), output.json.streams.quiet);
+  progress = begin_progress(package.path, package.view.size, output.json.streams.quiet);
   const package_summary summary = check_package(
-      package.bytes(), options.scope,
+      package.view, package.damage, options.scope,
       [&](finding found) {
-        found.file = path;
+        found.file = package.path;
         write_finding(output, found);
       },
       [&](std::uint64_t done) { show_progress(progress, done); });
   hide_progress(progress);
   end_findings(output);
   const int status = status_of(output.counts, options.warnings_are_errors);
-  write_summary(output, path, summary, status == status_fine);
+  write_summary(output, package.path, summary, status == status_fine);
   return status;
 }
 
 /// Returns the exit status for one package.
 int check_one(const std::string& path, const check_options& options, finding_writer& output) {
-  package_bytes package;
-  const int error = package.load(path);
+  opened_package package;
+  const int error = open_package(path, package);
   if (error != 0) {
     flush_results(output.json.streams);
     report_file_error(path, error);
@@ -57,7 +57,7 @@ int check_one(const std::string& path, const check_options& options, finding_wri
   }
   int status = status_failed;
   if (error == 0) {
-    status = check_loaded(path, package, options, output);
+    status = check_opened(package, options, output);
   } else {
     write_failure(output, path, error);
   }

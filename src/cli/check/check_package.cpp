@@ -1,7 +1,5 @@
 #include "cli/check/check_package.h"
 
-#include <morvane/package_view.h>
-
 #include <cstddef>
 
 #include "cli/check/block_rules.h"
@@ -49,19 +47,17 @@ std::uint64_t check_blocks(const morvane_view& view, bool with_notes, const find
 
 }  // namespace
 
-package_summary check_package(std::span<const std::uint8_t> package, const check_scope& scope,
-                              const finding_sink& sink, const progress_sink& progress) {
-  morvane_view view{};
-  morvane_view_damage damage{};
-  const int status = morvane_view_open(&view, package.data(), package.size(), &damage);
-  if (status != MORVANE_VIEW_OK) {
+package_summary check_package(const morvane_view& view, const morvane_view_damage& damage,
+                              const check_scope& scope, const finding_sink& sink,
+                              const progress_sink& progress) {
+  if (damage.status != MORVANE_VIEW_OK) {
     report_damage(damage, sink);
   }
-  if (status != MORVANE_VIEW_HEADER_CUT && view.dvi_num == 0) {
+  if (damage.status != MORVANE_VIEW_HEADER_CUT && view.dvi_num == 0) {
     report(sink, kind_of("no-dvis"), offsetof(morvane_pkg_header, dvi_num),
            "the package has no DVI, so nothing was checked");
   }
-  check_demand(view, status, scope.vproc, sink);
+  check_demand(view, damage.status, scope.vproc, sink);
   check_table(view, scope.notes, sink);
   return {.dvis = view.sound_dvis,
           .ports = check_blocks(view, scope.notes, sink, progress),

@@ -47,23 +47,13 @@ void write_json(const opened_package& old_package, const opened_package& new_pac
   end_document(json);
 }
 
-int open_both(const diff_options& options, opened_package& old_package,
-              opened_package& new_package) {
-  if (const int error = open_package(options.old_package, old_package); error != 0) {
-    return report_file_error(options.old_package, error);
-  }
-  if (const int error = open_package(options.new_package, new_package); error != 0) {
-    return report_file_error(options.new_package, error);
-  }
-  return status_fine;
-}
-
 }  // namespace
 
 int run_diff(const diff_options& options, console& streams) {
   opened_package old_package;
   opened_package new_package;
-  if (open_both(options, old_package, new_package) != status_fine) {
+  if (open_or_report(options.old_package, old_package) != status_fine ||
+      open_or_report(options.new_package, new_package) != status_fine) {
     return status_failed;
   }
   warn_of_damage(old_package, "compared", streams);

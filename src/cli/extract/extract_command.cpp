@@ -128,8 +128,8 @@ int use_safe_names(const opened_package& package, std::vector<morvane_view_dvi> 
 
 int run_extract(const extract_options& options, console& streams) {
   opened_package package;
-  if (const int error = open_package(options.package, package); error != 0) {
-    return report_file_error(options.package, error);
+  if (open_or_report(options.package, package) != status_fine) {
+    return status_failed;
   }
   warn_of_damage(package, "extracted", streams);
   int status = is_damaged(package) ? status_findings : status_fine;

@@ -87,7 +87,10 @@ bool is_sound(const package_bytes& package, const std::string& path, bool vproc,
       write_finding(output, found);
     }
   };
-  summary = check_package(package.bytes(), scope, report, [](std::uint64_t /*done*/) {});
+  morvane_view view{};
+  morvane_view_damage damage{};
+  morvane_view_open(&view, package.bytes().data(), package.bytes().size(), &damage);
+  summary = check_package(view, damage, scope, report, [](std::uint64_t /*done*/) {});
   return output.counts.errors == 0;
 }
 

@@ -15,6 +15,11 @@ int open_package(const std::string& path, opened_package& package) {
   return 0;
 }
 
+int open_or_report(const std::string& path, opened_package& package) {
+  const int error = open_package(path, package);
+  return error == 0 ? status_fine : report_file_error(path, error);
+}
+
 void warn_of_damage(const opened_package& package, std::string_view participle, console& streams) {
   if (is_damaged(package) && !streams.quiet) {
     flush_results(streams);

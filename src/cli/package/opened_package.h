@@ -23,6 +23,9 @@ struct opened_package {
 /// Reads and opens a package. Returns 0, or the errno of the failure to read it.
 int open_package(const std::string& path, opened_package& package);
 
+/// The same, and says what cannot be read. Returns status_fine or status_failed.
+int open_or_report(const std::string& path, opened_package& package);
+
 /// Whether the package cannot be walked to its end.
 inline bool is_damaged(const opened_package& package) {
   return package.damage.status != MORVANE_VIEW_OK;

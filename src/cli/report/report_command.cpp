@@ -8,7 +8,7 @@
 #include "cli/files/blocked_signals.h"
 #include "cli/output/printable_text.h"
 #include "cli/report/dot_file.h"
-#include "cli/report/page.h"
+#include "cli/report/sections/sections.h"
 #include "io/file.h"
 #include "io/message.h"
 
@@ -23,14 +23,10 @@ struct report_inputs {
 };
 
 int open_inputs(const report_options& options, report_inputs& inputs) {
-  if (const int error = open_package(options.package, inputs.package); error != 0) {
-    return report_file_error(options.package, error);
-  }
-  if (!options.old_package.empty()) {
-    const int error = open_package(options.old_package, inputs.old_package.emplace());
-    return error == 0 ? status_fine : report_file_error(options.old_package, error);
-  }
-  return status_fine;
+  const int status = open_or_report(options.package, inputs.package);
+  return status != status_fine || options.old_package.empty()
+             ? status
+             : open_or_report(options.old_package, inputs.old_package.emplace());
 }
 
 bool is_to_file(const report_options& options) {

@@ -8,8 +8,8 @@ namespace morvane::cli {
 
 int run_show(const show_options& options, console& streams) {
   opened_package package;
-  if (const int error = open_package(options.package, package); error != 0) {
-    return report_file_error(options.package, error);
+  if (open_or_report(options.package, package) != status_fine) {
+    return status_failed;
   }
   streams.progress = begin_progress(options.package, package.view.size, streams.quiet);
   if (options.json) {

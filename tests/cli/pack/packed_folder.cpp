@@ -28,8 +28,11 @@ bool is_sound(const std::string& package, bool vproc) {
   bool has_error = false;
   const cli::check_scope scope{.vproc = vproc ? cli::vproc_demand::required
                                               : cli::vproc_demand::forbidden};
+  morvane_view view{};
+  morvane_view_damage damage{};
+  morvane_view_open(&view, bytes_of_package(package).data(), package.size(), &damage);
   cli::check_package(
-      bytes_of_package(package), scope,
+      view, damage, scope,
       [&](const cli::finding& found) {
         has_error = has_error || cli::level_of(found) == cli::severity::error;
       },

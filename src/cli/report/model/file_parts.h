@@ -25,7 +25,9 @@ struct file_part {
 /// and what cannot be reached. Parts without bytes are left out.
 std::vector<file_part> parts_of(const opened_package& package);
 
-/// At most so many parts and few more: those of DVIs that follow one another are joined.
-std::vector<file_part> joined_parts(const opened_package& package, std::size_t most);
+/// The parts of a package of so many DVIs, with those of DVIs that follow one another joined: at
+/// most so many and few more.
+std::vector<file_part> joined_parts(const std::vector<file_part>& parts, std::uint32_t dvis,
+                                    std::uint32_t most);
 
 }  // namespace morvane::cli

@@ -25,15 +25,6 @@ void connect_input(const morvane_view_port& input, const record_name& name,
   flow.by_input.push_back(found);
 }
 
-/// The connections from an output on, and further ones as long as the function says so.
-template <class Function>
-std::span<const connection> connections_while(const network_flow& flow, port_place first,
-                                              Function is_wanted) {
-  const auto begin = std::ranges::lower_bound(flow.by_output, first, {}, &connection::output);
-  const auto end = std::find_if_not(begin, flow.by_output.end(), is_wanted);
-  return {begin, end};
-}
-
 }  // namespace
 
 network_flow find_flow(const opened_package& package) {
@@ -59,13 +50,12 @@ const connection* connection_to(const network_flow& flow, port_place input) {
 }
 
 std::span<const connection> connections_from(const network_flow& flow, port_place output) {
-  return connections_while(flow, output,
-                           [&](const connection& one) { return one.output == output; });
+  return std::ranges::equal_range(flow.by_output, output, {}, &connection::output);
 }
 
 std::span<const connection> connections_from_dvi(const network_flow& flow, std::uint32_t dvi) {
-  return connections_while(flow, {dvi, 0},
-                           [&](const connection& one) { return one.output.dvi == dvi; });
+  return std::ranges::equal_range(flow.by_output, dvi, {},
+                                  [](const connection& one) { return one.output.dvi; });
 }
 
 }  // namespace morvane::cli

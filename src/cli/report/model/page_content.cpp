@@ -20,8 +20,9 @@ void keep(const finding& found, checked_package& checked) {
 checked_package check(const opened_package& package, console& streams) {
   checked_package checked;
   streams.progress = begin_progress(package.path, package.view.size, streams.quiet);
-  checked.summary = check_package(
-      package.bytes.bytes(), {.notes = true}, [&](const finding& found) { keep(found, checked); },
+  check_package(
+      package.view, package.damage, {.notes = true},
+      [&](const finding& found) { keep(found, checked); },
       [&](std::uint64_t done) { show_progress(streams.progress, done); });
   hide_progress(streams.progress);
   return checked;

@@ -17,7 +17,6 @@ namespace morvane::cli {
 
 /// What the check of a package found.
 struct checked_package {
-  package_summary summary{};
   finding_counts counts{};
   std::vector<finding> errors{};  // the first ones of each severity; so below
   std::vector<finding> warnings{};

@@ -38,7 +38,7 @@ inline constexpr std::size_t max_kept_differences = 20000;
 inline constexpr std::uint32_t max_pictured = 1000;
 
 /// Parts that have room in the bar of the file; of more, those of several DVIs are joined.
-inline constexpr std::size_t max_parts = 48;
+inline constexpr std::uint32_t max_parts = 48;
 
 /// Links of a row to the DVIs that get its data, or from which it comes.
 inline constexpr std::size_t max_links = 8;

@@ -10,7 +10,7 @@ namespace morvane::cli {
 namespace {
 
 /// Parts that are of no DVI, or of the vproc records of all.
-constexpr std::size_t max_parts_beside_dvis = 8;
+constexpr std::uint32_t max_parts_beside_dvis = 8;
 
 /// The id of the row of the table in which an offset is; every part of the bar leads to one.
 std::string row_id(std::uint64_t offset) {
@@ -118,7 +118,9 @@ void write_file(const page_content& content, page_output& out) {
             : " <i class=\"key changed\"></i> is below what is new or changed.",
         "</p>\n");
   write_bar(content,
-            is_joined ? joined_parts(content.package, max_parts - max_parts_beside_dvis) : parts,
+            is_joined ? joined_parts(parts, content.package.view.sound_dvis,
+                                     max_parts - max_parts_beside_dvis)
+                      : parts,
             out);
   write_table(content, parts, out);
   write(out, "</section>\n");

@@ -1,10 +1,13 @@
-// The sections of a page, in their order.
+// A page that shows a package: one file of HTML, without a script and without a request.
 #pragma once
 
 #include "cli/report/html/page_output.h"
 #include "cli/report/model/page_content.h"
 
 namespace morvane::cli {
+
+/// Writes the whole page: the sections below, in their order.
+void write_page(const page_content& content, page_output& out);
 
 /// Writes name, verdict, numbers, the sentences that matter most, and the way to the sections.
 void write_page_head(const page_content& content, page_output& out);

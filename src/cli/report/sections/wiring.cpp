@@ -4,7 +4,7 @@
 #include <array>
 #include <numeric>
 
-#include "cli/report/html/html_text.h"
+#include "cli/output/printable_text.h"
 
 namespace morvane::cli {
 
@@ -32,10 +32,11 @@ std::uint32_t place_of(const wiring& plan, const wire& one) {
   return wiring_width(plan) - arrow_width - one.track * pitch;
 }
 
-void append_arrow(std::string& page, std::uint32_t from, std::uint32_t width) {
-  const std::uint32_t tip = width - 10;
-  append_pieces(page, "M", from, " ", input_height, "H", tip, "M", tip - 55, " ", input_height - 11,
-                "L", tip, " ", input_height, "L", tip - 55, " ", input_height + 11);
+/// A line with the tip of an arrow at its end.
+void append_arrow(std::string& page, std::uint32_t from, std::uint32_t tip, std::uint32_t height) {
+  const std::uint32_t behind = from < tip ? tip - 55 : tip + 55;
+  append_pieces(page, "M", from, " ", height, "H", tip, "M", behind, " ", height - 11, "L", tip,
+                " ", height, "L", behind, " ", height + 11);
 }
 
 void append_path(std::string& page, std::string_view kind, std::string_view lines) {
@@ -64,16 +65,8 @@ void add_wire(row_lines& lines, const wiring& plan, std::uint32_t number, std::u
   }
   const auto end = std::ranges::find(one.ends, row, &wire_end::row);
   if (end != one.ends.end()) {
-    append_arrow(end->differs ? lines.differing : line, x, width);
+    append_arrow(end->differs ? lines.differing : line, x, width - 10, input_height);
   }
-}
-
-/// Whether a stretch of rows is free on a track. The wire before may end in the first row.
-bool is_free(const std::vector<std::vector<bool>>& tracks, std::uint32_t track, const wire& one) {
-  const std::vector<bool>& rows = tracks[track];
-  const auto begin = rows.begin() + one.begin;
-  return std::find(begin, rows.begin() + one.ends.back().row, true) ==
-         rows.begin() + one.ends.back().row;
 }
 
 }  // namespace
@@ -87,18 +80,19 @@ std::uint32_t assign_tracks(std::vector<wire>& wires, std::uint32_t rows) {
   std::vector<std::vector<bool>> tracks;
   for (const std::size_t number : order) {
     wire& one = wires[number];
-    std::uint32_t track = 0;
-    while (track < tracks.size() && !is_free(tracks, track, one)) {
-      ++track;
-    }
-    if (track == max_tracks) {
+    const auto end = one.ends.back().row;  // in which another wire may begin
+    auto track = std::ranges::find_if(tracks, [&](const std::vector<bool>& rows_in_use) {
+      const auto last = rows_in_use.begin() + end;
+      return std::find(rows_in_use.begin() + one.begin, last, true) == last;
+    });
+    if (track == tracks.end() && tracks.size() == max_tracks) {
       continue;
     }
-    if (track == tracks.size()) {
-      tracks.emplace_back(rows, false);
+    if (track == tracks.end()) {
+      track = tracks.emplace(track, rows, false);
     }
-    std::fill(tracks[track].begin() + one.begin, tracks[track].begin() + one.ends.back().row, true);
-    one.track = track;
+    std::fill(track->begin() + one.begin, track->begin() + end, true);
+    one.track = static_cast<std::uint32_t>(track - tracks.begin());
   }
   return static_cast<std::uint32_t>(tracks.size());
 }
@@ -128,22 +122,18 @@ void append_wires(std::string& page, const wiring& plan, std::uint32_t row,
   for (const std::uint32_t number : plan.at_row[row]) {
     add_wire(lines, plan, number, row);
   }
+  const std::uint32_t outside_end = width - arrow_width + 40;
   std::string outer;
   if (outside.has_inputs) {
-    append_arrow(outer, width - arrow_width + 40, width);
+    append_arrow(outer, outside_end, width - 10, input_height);
   }
   if (outside.has_outputs) {
-    const std::uint32_t tip = width - arrow_width + 40;
-    append_pieces(outer, "M", width, " ", output_height, "H", tip, "M", tip + 55, " ",
-                  output_height - 11, "L", tip, " ", output_height, "L", tip + 55, " ",
-                  output_height + 11);
+    append_arrow(outer, width, outside_end, output_height);
   }
   append_pieces(page, "<svg viewBox=\"0 0 ", width,
                 " 100\" preserveAspectRatio=\"none\" aria-hidden=\"true\">");
   for (std::uint32_t colour = 0; colour < wire_colours; ++colour) {
-    constexpr std::array<std::string_view, wire_colours> classes{"c0", "c1", "c2",
-                                                                 "c3", "c4", "c5"};
-    append_path(page, classes.at(colour), lines.wires.at(colour));
+    append_path(page, joined("c", colour), lines.wires.at(colour));
   }
   append_path(page, "differs", lines.differing);
   append_path(page, "outer", outer);

@@ -1,5 +1,3 @@
-#include "cli/report/page.h"
-
 #include "cli/report/html/html_text.h"
 #include "cli/report/html/page_style.h"
 #include "cli/report/sections/sections.h"
@@ -7,10 +5,8 @@
 
 namespace morvane::cli {
 
-namespace {
-
-/// The policy allows this one style sheet and nothing else: no script, request, image or font.
-void write_document_head(const page_content& content, page_output& out) {
+void write_page(const page_content& content, page_output& out) {
+  // The policy allows this one style sheet and nothing else: no script, request, image or font.
   write(out,
         "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
         "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src '",
@@ -20,12 +16,6 @@ void write_document_head(const page_content& content, page_output& out) {
         "<meta name=\"referrer\" content=\"no-referrer\">\n<title>",
         html(file_name(content.package.path)), ": package report</title>\n<style>", page_style,
         "</style>\n</head>\n<body>\n");
-}
-
-}  // namespace
-
-void write_page(const page_content& content, page_output& out) {
-  write_document_head(content, out);
   write_page_head(content, out);
   write(out, "<main>\n");
   write_findings(content, out);
