@@ -59,7 +59,7 @@ counted_package extreme(const record_counts& counts, char byte) {
     }
   }
   return {text + blocks + vprocs + records,
-          std::size_t{counts.dvis} * (16384 + 8192 * (counts.inputs + counts.outputs))};
+          std::size_t{counts.dvis} * 8192 * (1 + counts.inputs + counts.outputs)};
 }
 
 /// The page of a package, compared with an older one if that has bytes.
@@ -147,12 +147,13 @@ TEST(ReportSize, HasALimitForPackagesThatDifferInEverything) {
   }
   const counted_package bigger = extreme({few_cases() ? 30U : 300U, 1, 1, 1, 1}, 'o');
   EXPECT_LE(sized_page(sound_package(), bigger.bytes).size(),
-            frame_bytes + 2 * 16384 + 4 * 8192 + bigger.page_bytes);
+            frame_bytes + 6 * 8192 + bigger.page_bytes);
 }
 
-/// A DVI without ports that has records with short names.
+/// A DVI with four ports that has records with short names.
 std::string with_records(std::uint32_t variables, std::uint32_t smbs) {
-  std::string package = header(1) + bytes(dvi("net", 0)) +
+  std::string package = header(1) + bytes(dvi("net", 0, 0, 4)) + bytes(port("a", "")) +
+                        bytes(port("b", "")) + bytes(port("c", "")) + bytes(port("d", "")) +
                         bytes(vproc_desc{variables, smbs, 136 * variables + 132 * smbs});
   for (std::uint32_t i = 0; i < variables; ++i) {
     package += bytes(variable(std::string("v").append(std::to_string(i))));

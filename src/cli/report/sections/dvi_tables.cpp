@@ -74,14 +74,16 @@ void write_fields(const morvane_view& view, const morvane_view_dvi& dvi, page_ou
   write(out, "</dl>\n");
 }
 
-void write_dvi_changes(const package_changes* changes, std::uint32_t position, page_output& out) {
-  if (changes == nullptr || changes->dvis[position].all == 0) {
+void write_dvi_changes(const package_changes* changes, const morvane_view_dvi& dvi,
+                       page_output& out) {
+  if (changes == nullptr || changes->dvis[dvi.position].all == 0) {
     return;
   }
-  const dvi_changes& range = changes->dvis[position];
+  const dvi_changes& range = changes->dvis[dvi.position];
   write(out, "<h4>Changes</h4>\n<ul class=\"findings\">\n");
   const auto kept = std::span(changes->kept).subspan(range.first, range.count);
-  write_differences(kept, range.all, max_dvi_differences_bytes, out);
+  write_differences(kept, range.all, bytes_with_ports(max_dvi_differences_bytes, port_count(dvi)),
+                    out);
   write(out, "</ul>\n");
 }
 
@@ -95,7 +97,7 @@ void write_records(const page_content& content, const morvane_view_dvi& dvi, pag
     return;
   }
   write(out, head);
-  bounded_list rows{out, max_records_bytes};
+  bounded_list rows{out, bytes_with_ports(max_records_bytes, port_count(dvi))};
   for_each_record(content.package.view, dvi, form, [&](const Record& record) {
     const std::string_view name = str(record.*form.name);
     write_entry(rows, "<tr><th scope=\"row\">", isolated(name),
@@ -135,7 +137,7 @@ void write_dvi(const page_content& content, const morvane_view_dvi& dvi, page_ou
         counted(dvi.output_num, "output"), ", image of ", rounded_size(dvi.dvi_img_size),
         "</span></summary>\n");
   record_marks marks = marks_of(content.changes, dvi.position);
-  write_dvi_changes(content.changes, dvi.position, out);
+  write_dvi_changes(content.changes, dvi, out);
   write_fields(view, dvi, out);
   write_port_table(content, dvi, marks, out);
   write_vproc_tables(content, dvi, out, marks);
