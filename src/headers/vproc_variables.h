@@ -18,6 +18,8 @@ inline constexpr block_format variable_blocks{.keyword = variable_keyword,
 
 /// Appends one var_desc for every variable block in the header's text. Returns 0. At a variable
 /// name that is too long, reports the limit VAR_NAME, stops reading and returns -1.
-int parse_vproc_variables(std::vector<var_desc>& variables, std::string_view header);
+inline int parse_vproc_variables(std::vector<var_desc>& variables, std::string_view header) {
+  return read_blocks(header, variable_blocks, var_desc{}, variables);
+}
 
 }  // namespace morvane

@@ -35,11 +35,9 @@ std::unordered_map<std::size_t, std::string> find_refused_names(const morvane_vi
 std::vector<morvane_view_dvi> select_dvis(const morvane_view& view,
                                           const std::vector<std::string>& dag_names) {
   const std::unordered_set<std::string_view> wanted(dag_names.begin(), dag_names.end());
-  std::vector<morvane_view_dvi> selected;
-  for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
-    if (wanted.empty() || wanted.contains(str(dvi.dag_name))) {
-      selected.push_back(dvi);
-    }
+  std::vector<morvane_view_dvi> selected = dvis_of(view);
+  std::erase_if(selected, [&](const morvane_view_dvi& dvi) {
+    return !wanted.empty() && !wanted.contains(str(dvi.dag_name));
   });
   return selected;
 }

@@ -1,8 +1,7 @@
 #include "cli/show/show_command.h"
 
 #include "cli/package/opened_package.h"
-#include "cli/show/show_json.h"
-#include "cli/show/show_tables.h"
+#include "cli/show/show_formats.h"
 
 namespace morvane::cli {
 

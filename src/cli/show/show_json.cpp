@@ -1,10 +1,9 @@
-#include "cli/show/show_json.h"
-
 #include "cli/findings/damage.h"
 #include "cli/output/json_writer.h"
 #include "cli/package/digest.h"
 #include "cli/package/package_walk.h"
 #include "cli/package/record_fields.h"
+#include "cli/show/show_formats.h"
 
 namespace morvane::cli {
 

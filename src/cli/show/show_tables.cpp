@@ -1,9 +1,8 @@
-#include "cli/show/show_tables.h"
-
 #include "cli/output/printable_text.h"
 #include "cli/output/text_table.h"
 #include "cli/package/digest.h"
 #include "cli/package/package_walk.h"
+#include "cli/show/show_formats.h"
 #include "format/build_constants.h"
 
 namespace morvane::cli {
