@@ -1,6 +1,10 @@
 # morvane, a second executable, made of the same code as morvane_gen and of more. It
 # needs headers that morvane_gen does not need, and is left out where they are missing.
 
+# Its own version, which its code defines.
+file(STRINGS src/cli/output/program_version.h cli_version REGEX "program_version = ")
+string(REGEX REPLACE ".*\"(.*)\".*" "\\1" cli_version "${cli_version}")
+
 # Installs the program with its manual, completions and CMake module, if it is built.
 function(install_cli)
   if(TARGET morvane_cli)
@@ -8,7 +12,8 @@ function(install_cli)
     install_manual(morvane.1)
     include(CMakePackageConfigHelpers)
     set(version_file ${PROJECT_BINARY_DIR}/morvaneConfigVersion.cmake)
-    write_basic_package_version_file(${version_file} COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
+    write_basic_package_version_file(${version_file} VERSION ${cli_version} COMPATIBILITY SameMajorVersion
+                                     ARCH_INDEPENDENT)
     install(FILES cmake/morvaneConfig.cmake ${version_file} DESTINATION share/cmake/morvane)
     install_completions(morvane)
     add_dependencies(shipped morvane_cli)
@@ -51,7 +56,12 @@ endif()
 # The target morvane is the library of morvane_gen.
 file(GLOB_RECURSE cli_sources CONFIGURE_DEPENDS src/cli/*.cpp)
 list(REMOVE_ITEM cli_sources ${PROJECT_SOURCE_DIR}/src/cli/main.cpp)
-add_library(morvane_cli_core OBJECT ${cli_sources})
+# explain has the words of the document.
+file(READ docs/findings.md findings_page)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS docs/findings.md)
+set(page_source ${PROJECT_BINARY_DIR}/findings_page.cpp)
+configure_file(src/cli/findings/findings_page.cpp.in ${page_source} @ONLY)
+add_library(morvane_cli_core OBJECT ${cli_sources} ${page_source})
 target_include_directories(morvane_cli_core SYSTEM PRIVATE ${cli_headers})
 target_link_libraries(morvane_cli_core PUBLIC morvane_core morvane_view)
 

@@ -2,6 +2,8 @@
 
 set(CPACK_GENERATOR DEB TGZ)
 set(CPACK_PACKAGE_NAME morvane-gen)
+# Both versions: each new one of either program comes after those before it.
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION}+${cli_version})
 set(CPACK_PACKAGE_CONTACT "morvane_gen maintainers <maintainers@morvane.example>")
 # Each Debian package has a synopsis of its own: the first line of its description.
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")

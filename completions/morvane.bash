@@ -1,4 +1,4 @@
-# bash completion of morvane. The commands, their options and the DAG names come from the program itself.
+# bash completion of morvane. The commands, their options, the codes and the DAG names come from the program itself.
 
 # Reads what `morvane [COMMAND] --help` says into the variables of the caller: options and commands, and
 # what each option takes, if anything: values[--output]=FOLDER.
@@ -29,11 +29,19 @@ _morvane_offer_dag_names() {
   done < <("$program" extract --list "${package/#~\//$HOME/}" 2>/dev/null)
 }
 
+# Offers the codes of findings, also behind others and a comma.
+_morvane_offer_codes() {
+  local codes before=
+  [[ $2 != *,* ]] || before=${2%,*},
+  codes=$("$1" explain 2>/dev/null | sed -n 's/^  \([a-z0-9-]\{1,\}\)  .*/\1/p')
+  mapfile -t COMPREPLY < <(compgen -P "$before" -W "$codes" -- "${2##*,}")
+}
+
 _morvane_offer_values() {
   case $1 in
     FOLDER) compopt -o dirnames ;;
-    FORMAT) mapfile -t COMPREPLY < <(compgen -W "text json sarif" -- "$2") ;;
-    CODE) ;;
+    FORMAT) mapfile -t COMPREPLY < <(compgen -W "text json sarif gitlab github" -- "$2") ;;
+    CODE) _morvane_offer_codes "$3" "$2" ;;
     *) compopt -o default ;;
   esac
 }
@@ -52,8 +60,8 @@ _morvane() {
   fi
   _morvane_read_help "$program" "$command"
 
-  # --output=out arrives as three words.
-  if [[ $word == = ]]; then
+  # --output=out arrives as three words, and so does sarif:out.
+  if [[ $word == [=:] ]]; then
     word=
   elif [[ $before == = ]]; then
     before=${COMP_WORDS[COMP_CWORD - 2]}
@@ -68,12 +76,14 @@ _morvane() {
   done
 
   if [[ -n ${values[$before]-} ]]; then
-    _morvane_offer_values "${values[$before]}" "$word"
+    _morvane_offer_values "${values[$before]}" "$word" "$program"
   elif [[ $word == -* ]]; then
     mapfile -t COMPREPLY < <(compgen -W "${options[*]}" -- "$word")
-  elif [[ $command == extract && ${#arguments[@]} -gt 0 ]]; then
+  elif [[ $command == @(extract|show) && ${#arguments[@]} -gt 0 ]]; then
     _morvane_offer_dag_names "$program" "${arguments[0]}" "$word"
-  elif [[ $command == lint || $command == pack ]]; then
+  elif [[ $command == explain ]]; then
+    _morvane_offer_codes "$program" "$word"
+  elif [[ ($command == lint || $command == pack) && $before != : && $word != : ]]; then
     compopt -o dirnames
   else
     compopt -o default

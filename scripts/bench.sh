@@ -20,7 +20,7 @@ for argument in "$@"; do
       pairs=3
       megabytes=8 small_dags=400 few_dags=120 many_dags=1200 many_ports=4000 large_dags=40 starts=20
       ;;
-    [1-9] | 1[0-2] | check | checks | show | report | diff | extract | pack | packs | lint | lints | lintw)
+    [1-9] | 1[0-2] | check | checks | checkw | show | report | diff | extract | pack | packs | lint | lints | lintw)
       rows+=("$argument")
       ;;
     *)
@@ -374,8 +374,19 @@ row_checks() {
   check_sound net.bin
   ours=(0 out/report "$morvane" check net.bin)
   yardstick=(0 /dev/null cat net.bin)
-  compare checks "check $small_dags DVIs" "cat of the package to /dev/null" "2.0" 10
+  compare checks "check $small_dags DVIs" "cat of the package to /dev/null" "3.5" 10
   rm -rf small net.bin
+}
+
+row_checkw() {
+  make_folder large dags="$large_dags" ports=100 image_size=300
+  pack large net.bin "$(package_size "$large_dags" 100 300)"
+  rm -rf large
+  check_sound net.bin
+  ours=(0 out/report "$morvane" check net.bin)
+  yardstick=(0 out/report "$morvane" show --json net.bin)
+  compare checkw "check $large_dags DVIs of 100 ports" "show --json" "1.0"
+  rm -f net.bin
 }
 
 row_show() {
@@ -462,7 +473,7 @@ for row in 1 2 9 11 check diff extract pack; do
   fi
 done
 rm -rf images
-for row in 3 4 5 6 7 8 10 12 checks show report packs lint lints lintw; do
+for row in 3 4 5 6 7 8 10 12 checks checkw show report packs lint lints lintw; do
   if wanted "$row"; then
     run_row "$row"
   fi

@@ -2,7 +2,7 @@
 #define tiny_split_0_use_ping_pong_vmem 1
 #define tiny_split_0_image_start        2415919104 /* 0x90000000 */
 #define tiny_split_0_image_size         16
-#define tiny_split_0_dagbin_start       2415919360 /* 0x90000100 */
+#define tiny_split_0_dagbin_start       2415919112 /* 0x90000008 */
 
 /* tiny_split_0 HMB_input data */
 #define tiny_split_0_data_P                  1

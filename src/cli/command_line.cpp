@@ -4,16 +4,21 @@
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "cli/check/check_command.h"
 #include "cli/diff/diff_command.h"
+#include "cli/explain/explain_command.h"
 #include "cli/extract/extract_command.h"
+#include "cli/findings/finding_output.h"
 #include "cli/guarded_arguments.h"
 #include "cli/lint/lint_command.h"
 #include "cli/output/console.h"
 #include "cli/output/printable_text.h"
+#include "cli/output/program_version.h"
 #include "cli/pack/pack_command.h"
 #include "cli/report/report_command.h"
 #include "cli/show/show_command.h"
@@ -51,23 +56,97 @@ CLI::Option* add_text(CLI::App& app, const std::string& name, Value& value,
   return as_text(app.add_option(name, value, description));
 }
 
-void add_format(CLI::App& app, finding_format& format) {
-  as_text(app.add_option_function<std::string>(
-              "--format",
-              [&format](const std::string& name) { format = *finding_format_named(name); },
-              "How to write: text, json, or sarif for review tools"))
-      ->check([](const std::string& name) {
-        return finding_format_named(name) ? std::string() : "there is no format " + name;
+/// Only one of these packages can come from standard input.
+void read_once(std::initializer_list<CLI::Option*> packages) {
+  const auto is_read = std::make_shared<bool>(false);
+  for (CLI::Option* const option : packages) {
+    option->check([is_read](const std::string& path) {
+      const bool is_again = path == standard_input_path && std::exchange(*is_read, true);
+      return is_again ? std::string("standard input can be read only once") : std::string();
+    });
+  }
+}
+
+/// The compiler's output folder.
+void add_folder(CLI::App& app, std::string& folder) {
+  add_text(app, "FOLDER", folder, "The compiler's output folder")
+      ->required()
+      ->check([](const std::string& path) {
+        return path == standard_input_path ? "standard input holds no folder" : std::string();
+      });
+}
+
+/// What is wrong with a value of --format; empty when nothing is.
+std::string mistake_in_format(const std::string& value) {
+  const std::string name = value.substr(0, value.find(':'));
+  if (find_format(name) == nullptr) {
+    return "there is no format " + name;
+  }
+  return value.ends_with(':') ? "the name of the file is empty" : "";
+}
+
+/// The reports for the values of --format: "sarif:lint.sarif", or "text" for standard output.
+std::vector<wanted_report> reports_for(const std::vector<std::string>& values) {
+  std::vector<wanted_report> reports;
+  bool is_taken = false;
+  for (const std::string& value : values) {
+    const std::size_t colon = std::min(value.find(':'), value.size() - 1);
+    const std::string path = value.substr(colon + 1);
+    const bool is_to_output = path.empty() || path == standard_output_path;
+    if (is_to_output && is_taken) {
+      throw CLI::ValidationError("--format",
+                                 "only one format can go to standard output; others "
+                                 "need a file, as in sarif:FILE");
+    }
+    is_taken = is_taken || is_to_output;
+    reports.push_back(
+        {find_format(value.substr(0, value.find(':'))), is_to_output ? std::string() : path});
+  }
+  return reports;
+}
+
+/// Makes an option take several values, but none of the arguments behind it.
+CLI::Option* as_list(CLI::Option* option) {
+  return option->allow_extra_args(false);
+}
+
+/// Declares what all commands that find something take.
+void add_finding_options(CLI::App& app, finding_options& options) {
+  app.add_flag("--all", options.all, "Also tell what follows from another finding");
+  app.add_flag("--werror", options.warnings_are_errors, "Take warnings for errors");
+  as_list(add_text(app, "--ignore", options.ignored,
+                   "Leave out the findings with these codes, separated by commas"))
+      ->delimiter(',')
+      ->check([](const std::string& code) {
+        return find_kind(code) == nullptr ? "there is no code " + code : std::string();
       })
-      ->type_name("FORMAT");
+      ->option_text("CODE");
+  add_text(app, "--baseline", options.baseline, "Accept the findings that this file lists")
+      ->type_name("FILE");
+  add_text(app, "--write-baseline", options.new_baseline,
+           "List the findings of this run in a file, for --baseline")
+      ->check([](const std::string& path) {
+        return path == standard_output_path ? "the findings themselves go to standard output" : "";
+      })
+      ->type_name("FILE");
+  as_list(as_text(app.add_option_function<std::vector<std::string>>(
+              "--format",
+              [&options](const std::vector<std::string>& values) {
+                options.reports = reports_for(values);
+              },
+              "How to write: text, json, sarif, gitlab, github; sarif:FILE writes a file; can be "
+              "given several times")))
+      ->check(mistake_in_format)
+      ->option_text("FORMAT");
 }
 
 command_runner declare_check(CLI::App& app) {
   const auto options = std::make_shared<check_options>();
-  add_text(app, "PACKAGE", options->packages, "The packages to check")->required();
+  read_once(
+      {add_text(app, "PACKAGE", options->packages, "The packages to check; - is standard input")
+           ->required()});
   app.add_flag("--notes", options->scope.notes, "Also tell what is harmless but good to know");
-  app.add_flag("--werror", options->warnings_are_errors, "Take warnings for errors");
-  add_format(app, options->format);
+  add_finding_options(app, options->findings);
   auto* const required = app.add_flag_callback(
       "--require-vproc", [options] { options->scope.vproc = vproc_demand::required; },
       "A package without vproc records is not sound");
@@ -80,32 +159,21 @@ command_runner declare_check(CLI::App& app) {
 
 command_runner declare_lint(CLI::App& app) {
   const auto options = std::make_shared<lint_options>();
-  add_text(app, "FOLDER", options->scope.folder, "The compiler's output folder")->required();
+  add_folder(app, options->scope.folder);
   app.add_flag("--vproc", options->scope.vproc, "Read vproc records too, as pack --vproc does");
   app.add_flag("--notes", options->scope.notes, "Also tell what is harmless but good to know");
-  app.add_flag("--werror", options->warnings_are_errors, "Take warnings for errors");
-  add_text(app, "--ignore", options->ignored,
-           "Leave out the findings with these codes, separated by commas")
-      ->delimiter(',')
-      ->allow_extra_args(false)
-      ->check([](const std::string& code) {
-        const bool is_code =
-            std::ranges::find(finding_kinds, code, &finding_kind::code) != finding_kinds.end();
-        return is_code ? std::string() : "there is no code " + code;
-      })
-      ->option_text("CODE,...");
-  add_format(app, options->format);
+  add_finding_options(app, options->findings);
   return [options](console& streams) { return run_lint(*options, streams); };
 }
 
 command_runner declare_pack(CLI::App& app) {
   const auto options = std::make_shared<pack_options>();
-  add_text(app, "FOLDER", options->folder, "The compiler's output folder")->required();
-  add_text(app, "-o,--output", options->package, "The package to write")
+  add_folder(app, options->folder);
+  add_text(app, "-o,--output", options->package, "The package to write; - is standard output")
       ->required()
       ->type_name("FILE");
   app.add_flag("--vproc", options->vproc, "Write vproc records too");
-  app.add_flag("--werror", options->warnings_are_errors, "Treat warnings as errors");
+  add_finding_options(app, options->findings);
   add_text(app, "--depfile", options->depfile, "Write a dependency file for Make and Ninja")
       ->type_name("FILE");
   app.add_flag_callback(
@@ -114,37 +182,54 @@ command_runner declare_pack(CLI::App& app) {
   return [options](console& streams) { return run_pack(*options, streams); };
 }
 
+command_runner declare_explain(CLI::App& app) {
+  const auto options = std::make_shared<explain_options>();
+  add_text(app, "CODE", options->codes, "The codes to explain; all are listed when none is given");
+  return [options](console& streams) { return run_explain(*options, streams); };
+}
+
 command_runner declare_show(CLI::App& app) {
   const auto options = std::make_shared<show_options>();
-  add_text(app, "PACKAGE", options->package, "The package to show")->required();
-  app.add_flag("--json", options->json, "Write everything as JSON");
-  app.add_flag("--digest", options->digest, "Add the XXH3-128 of every image");
+  add_text(app, "PACKAGE", options->package, "The package to show; - is standard input")
+      ->required();
+  add_text(app, "DAG_NAME", options->dag_names, "The DVIs to show; all when no name is given");
+  auto* const json = app.add_flag("--json", options->json, "Write everything as JSON");
+  auto* const csv = app.add_flag("--csv", options->csv, "Write a table of the ports as CSV");
+  auto* const digest = app.add_flag("--digest", options->digest, "Add the XXH3-128 of every image");
+  csv->excludes(json)->excludes(digest);
   return [options](console& streams) { return run_show(*options, streams); };
 }
 
 command_runner declare_diff(CLI::App& app) {
   const auto options = std::make_shared<diff_options>();
-  add_text(app, "OLD", options->old_package, "The package to compare with")->required();
-  add_text(app, "NEW", options->new_package, "The package to compare")->required();
+  read_once(
+      {add_text(app, "OLD", options->old_package,
+                "The package, or folder to pack, to compare with; - is standard input")
+           ->required(),
+       add_text(app, "NEW", options->new_package, "The package or folder to compare")->required()});
   app.add_flag("--json", options->json, "Write the differences as JSON");
   return [options](console& streams) { return run_diff(*options, streams); };
 }
 
 command_runner declare_report(CLI::App& app) {
   const auto options = std::make_shared<report_options>();
-  add_text(app, "PACKAGE", options->package, "The package to show")->required();
+  auto* const package =
+      add_text(app, "PACKAGE", options->package, "The package to show; - is standard input")
+          ->required();
   add_text(app, "-o,--output", options->output, "The file to write, standard output by default")
       ->type_name("FILE");
   auto* const against =
       add_text(app, "--against", options->old_package, "Mark what changed since this package")
           ->type_name("OLD");
+  read_once({package, against});
   app.add_flag("--dot", options->dot, "Write the network as a Graphviz file")->excludes(against);
   return [options](console& streams) { return run_report(*options, streams); };
 }
 
 command_runner declare_extract(CLI::App& app) {
   const auto options = std::make_shared<extract_options>();
-  add_text(app, "PACKAGE", options->package, "The package to extract from")->required();
+  add_text(app, "PACKAGE", options->package, "The package to extract from; - is standard input")
+      ->required();
   add_text(app, "DAG_NAME", options->dag_names, "The images to extract; all when no name is given");
   add_text(app, "-o,--output", options->folder,
            "The folder for the images, the current one by default; - writes one image to standard "
@@ -161,8 +246,11 @@ constexpr std::array commands{
     command{"lint", "Tell what is wrong with a compiler output folder", "morvane lint out",
             declare_lint},
     command{"check", "Tell whether packages are sound", "morvane check net.bin", declare_check},
+    command{"explain", "Tell what a finding means, and what to do", "morvane explain not-decimal",
+            declare_explain},
     command{"show", "Show what a package holds", "morvane show --json net.bin", declare_show},
-    command{"diff", "Tell how two packages differ", "morvane diff old.bin new.bin", declare_diff},
+    command{"diff", "Tell how two packages, or a package and a folder, differ",
+            "morvane diff old.bin new.bin", declare_diff},
     command{"report", "Write a web page that shows a package", "morvane report net.bin -o net.html",
             declare_report},
     command{"extract", "Write the images of a package to files",
@@ -177,6 +265,13 @@ void add_command(CLI::App& program, const command& row, console& streams, comman
   app->add_flag("-q,--quiet", streams.quiet,
                 "Print no warnings, summaries, differences or progress");
   const command_runner runner = row.declare(*app);
+  for (CLI::Option* const option : app->get_options()) {
+    // Otherwise the help names the other options here, where completions look for a value.
+    if (!option->get_excludes().empty()) {
+      const std::string value = option->get_type_name();
+      option->option_text(value.empty() ? " " : value);
+    }
+  }
   app->callback([runner, &chosen] { chosen = runner; });
 }
 
@@ -222,8 +317,26 @@ int report_mistake(const CLI::App& command, std::string_view mistake) {
   return status_failed;
 }
 
+/// "morvane 1.0.0 (packs version 2.1.6, hash b3b3814)"
+std::string version_line() {
+  return joined("morvane ", program_version, " (packs version ", version_number(version_word),
+                ", hash ", hash_text(revision_hash()), ")");
+}
+
+/// The help is not to tell what excludes what: it would stand in the place of the description.
+void forget_exclusions(CLI::App& program) {
+  for (CLI::App* const command : program.get_subcommands({})) {
+    for (CLI::Option* const option : command->get_options()) {
+      while (!option->get_excludes().empty()) {
+        option->remove_excludes(*option->get_excludes().begin());
+      }
+    }
+  }
+}
+
 /// What CLI11 ends parsing with when the user asked for help or the version.
-int print_help(const CLI::App& program, const CLI::ParseError& end, console& streams) {
+int print_help(CLI::App& program, const CLI::ParseError& end, console& streams) {
+  forget_exclusions(program);
   std::ostringstream text;
   program.exit(end, text, text);
   print_result(streams, text.str());
@@ -234,12 +347,12 @@ int print_help(const CLI::App& program, const CLI::ParseError& end, console& str
 }  // namespace
 
 int run_command_line(const std::vector<std::string>& arguments) {
-  console streams{.colour = has_colours()};
+  console streams{.colour = has_colours(), .is_terminal = is_on_terminal()};
   command_runner chosen;
   CLI::App program(
       "Lints the compiler's output, and packs, checks, shows, compares and extracts packages.",
       "morvane");
-  program.set_version_flag("--version", "morvane " + version_text(version_word, revision_hash()));
+  program.set_version_flag("--version", version_line());
   program.require_subcommand(1);
   program.get_formatter()->label("SUBCOMMAND", "COMMAND");
   program.get_formatter()->label("Positionals", "Arguments");

@@ -3,14 +3,13 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "format/file_naming.h"
 #include "headers/length_check.h"
 #include "io/message.h"
 
 namespace morvane {
 
 namespace {
-
-constexpr std::string_view index_mark = "_split_";
 
 bool is_digit(char c) {
   return c >= '0' && c <= '9';

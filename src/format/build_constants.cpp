@@ -13,6 +13,18 @@ namespace {
 
 constexpr std::size_t shortest_hash = 7;  // digits
 
+}  // namespace
+
+std::uint32_t revision_hash() {
+  return static_cast<std::uint32_t>(std::strtol(revision_hash_text, nullptr, 0));
+}
+
+std::string version_number(std::uint32_t version) {
+  std::string text;
+  append_pieces(text, version >> 24, ".", version >> 16 & 0xFF, ".", version & 0xFFFF);
+  return text;
+}
+
 std::string hash_text(std::uint32_t hash) {
   std::array<char, 8> digits{};
   const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), hash, 16);
@@ -21,16 +33,9 @@ std::string hash_text(std::uint32_t hash) {
   return text;
 }
 
-}  // namespace
-
-std::uint32_t revision_hash() {
-  return static_cast<std::uint32_t>(std::strtol(revision_hash_text, nullptr, 0));
-}
-
 std::string version_text(std::uint32_t version, std::uint32_t hash) {
   std::string text;
-  append_pieces(text, "version ", version >> 24, ".", version >> 16 & 0xFF, ".", version & 0xFFFF,
-                " ( HASH ", hash_text(hash), " )");
+  append_pieces(text, "version ", version_number(version), " ( HASH ", hash_text(hash), " )");
   return text;
 }
 

@@ -22,8 +22,13 @@ inline constexpr const char* revision_hash_text = "0xb3b3814";
 /// The source revision in a package header: the hexadecimal digits as a number.
 std::uint32_t revision_hash();
 
-/// Returns "version 2.1.6 ( HASH b3b3814 )" for a version word and a revision hash. The hash has at
-/// least 7 digits, as the number has lost its leading zeros.
+/// The version in a version word: "2.1.6".
+std::string version_number(std::uint32_t version);
+
+/// A revision hash with at least 7 digits, as the number has lost its leading zeros: "b3b3814".
+std::string hash_text(std::uint32_t hash);
+
+/// Returns "version 2.1.6 ( HASH b3b3814 )" for a version word and a revision hash.
 std::string version_text(std::uint32_t version, std::uint32_t hash);
 
 }  // namespace morvane

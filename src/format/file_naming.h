@@ -13,6 +13,9 @@ inline std::string image_name(std::string_view stem) {
   return std::string(stem).append(".").append(dvi_type);
 }
 
+/// What comes before the index of a DVI, which ends before the type of its image.
+inline constexpr std::string_view index_mark = "_split_";
+
 /// What the name of a header ends with, behind the stem.
 inline constexpr std::string_view header_ending = ".h";
 

@@ -10,8 +10,23 @@ namespace {
 
 using CommandLine = morvane_test;
 
-TEST_F(CommandLine, TellsItsVersion) {
-  expect_outcome(run_morvane({"--version"}, "."), 0, "morvane version 2.1.6 ( HASH b3b3814 )\n");
+TEST_F(CommandLine, TellsItsVersionAndThatOfItsPackages) {
+  expect_outcome(run_morvane({"--version"}, "."), 0,
+                 "morvane 1.0.0 (packs version 2.1.6, hash b3b3814)\n");
+}
+
+TEST_F(CommandLine, TellsItsOwnVersionToReviewTools) {
+  folder.write("net.bin", sound_package());
+  const run_result run = run_morvane({"check", "--format", "sarif", "net.bin"}, folder.path());
+  EXPECT_NE(run.output.find(R"("name": "morvane", "version": "1.0.0")"), std::string::npos)
+      << run.output;
+}
+
+TEST_F(CommandLine, DescribesAnOptionThatExcludesAnotherWhereItNamesIt) {
+  const run_result help = run_morvane({"check", "--help"}, ".");
+  EXPECT_NE(help.output.find("  --require-vproc             A package without vproc records"),
+            std::string::npos)
+      << help.output;
 }
 
 TEST_F(CommandLine, HelpsWithTheProgramAndWithEachCommand) {
@@ -38,18 +53,18 @@ TEST_F(CommandLine, RefusesWhatItDoesNotKnow) {
   expect_mistake({"[check"}, "", "unknown command \"[check\"");
   expect_mistake({"++"}, "", "unknown command \"++\"");
   expect_mistake({""}, "", "unknown command \"\"");
-  expect_mistake({"--all"}, "", "unknown option --all");
+  expect_mistake({"--every"}, "", "unknown option --every");
   expect_mistake({"-q", "check"}, "", "unknown option -q");
-  expect_mistake({"check", "--all", "net.bin"}, " check", "unknown option --all");
+  expect_mistake({"check", "--every", "net.bin"}, " check", "unknown option --every");
   expect_mistake({"check", "-qx", "net.bin"}, " check", "unknown option -qx");
   expect_mistake({"check", "-q5", "net.bin"}, " check", "unknown option -q5");
   for (const char* argument : {"-5", "-!", "- ", "---", "--=x", "--QUIET", "--qui", "--a\x1b"}) {
     const std::string shown = argument == std::string("--a\x1b") ? "--a\\x1b" : argument;
     expect_mistake({"check", argument, "net.bin"}, " check", "unknown option " + shown);
   }
-  expect_mistake({"show", "net.bin", "again.bin"}, " show", "unknown argument \"again.bin\"");
+  expect_mistake({"report", "net.bin", "again.bin"}, " report", "unknown argument \"again.bin\"");
   for (const char* argument : {"[again]", "++", "check", "", "@again.bin", "a=b", "%%"}) {
-    expect_mistake({"show", "net.bin", argument}, " show",
+    expect_mistake({"report", "net.bin", argument}, " report",
                    std::string("unknown argument \"") + argument + "\"");
   }
   expect_mistake({"check", "--format", "xml", "net.bin"}, " check",
@@ -75,8 +90,13 @@ TEST_F(CommandLine, RefusesOptionsThatDoNotFit) {
   expect_mistake({"check", "--werror=", "net.bin"}, " check", "--werror takes no value");
   expect_mistake({"report", "net.bin", "-o", "a", "--output=b"}, " report",
                  "--output is given more than once");
-  expect_mistake({"check", "--format", "json", "--format", "json", "net.bin"}, " check",
-                 "--format is given more than once");
+  expect_mistake({"check", "--format", "json", "--format", "sarif:-", "net.bin"}, " check",
+                 "--format: only one format can go to standard output; others need a file, as in "
+                 "sarif:FILE");
+  expect_mistake({"check", "--format", "json:", "net.bin"}, " check",
+                 "--format: the name of the file is empty");
+  expect_mistake({"lint", "out", "--write-baseline", "-"}, " lint",
+                 "--write-baseline: the findings themselves go to standard output");
   expect_mistake({"check", "--require-vproc", "--forbid-vproc", "net.bin"}, " check",
                  "--require-vproc and --forbid-vproc exclude each other");
   expect_mistake({"report", "--dot", "--against", "old.bin", "net.bin"}, " report",
@@ -110,7 +130,7 @@ std::string sound_line(const std::string& name) {
 
 TEST_F(CommandLine, TakesFileNamesAsTheyAre) {
   for (const char* name :
-       {"check", "[a,b]", "{}", "a b", "[]", "++", "-", "%%", "@a", "a=b", "\"a\"", "a,b", "'"}) {
+       {"check", "[a,b]", "{}", "a b", "[]", "++", "./-", "%%", "@a", "a=b", "\"a\"", "a,b", "'"}) {
     folder.write(name, sound_package());
     expect_morvane({"check", name, name}, 0, sound_line(name) + sound_line(name));
     const run_result page = morvane({"report", name, "--against", name});
@@ -119,7 +139,7 @@ TEST_F(CommandLine, TakesFileNamesAsTheyAre) {
 }
 
 TEST_F(CommandLine, TakesWhatFollowsTwoDashesAsItIs) {
-  for (const char* name : {"net.bin", "-x", "--help", "--", "-"}) {
+  for (const char* name : {"net.bin", "-x", "--help", "--"}) {
     folder.write(name, sound_package());
     expect_morvane({"check", "--", name}, 0, sound_line(name));
     expect_morvane({"check", "net.bin", "--", name}, 0, sound_line("net.bin") + sound_line(name));
@@ -174,12 +194,17 @@ TEST_F(CommandLine, WorksWithoutStandardInputAndStandardError) {
   expect_outcome(run_shell("\"$@\" check none 2>&-", folder.path()), 2, "");
 }
 
+/// What morvane prints on a terminal, without the carriage returns; nothing where there is none.
+std::string on_a_terminal(const std::string& arguments, const std::string& settings,
+                          const scratch_folder& folder) {
+  return run_shell("SHELL=/bin/bash " + settings + " script -qec \"$* " + arguments +
+                       "\" /dev/null | tr -d '\\r'",
+                   folder.path())
+      .output;
+}
+
 TEST_F(CommandLine, ColoursSeveritiesOnATerminalOnly) {
   folder.write("net.bin", "");
-  const auto on_a_terminal = [&](const std::string& settings) {
-    return run_shell(settings + " script -qec \"$* check net.bin\" /dev/null | tr -d '\\r'",
-                     folder.path());
-  };
   const std::string plain =
       "net.bin:0x0: error: the header is cut: 12 bytes are needed, and 0 are left [header-cut]\n";
   const std::string coloured =
@@ -188,10 +213,31 @@ TEST_F(CommandLine, ColoursSeveritiesOnATerminalOnly) {
   if (run_shell("script -qec true /dev/null", folder.path()).status != 0) {
     GTEST_SKIP() << "no pseudo-terminal can be made";
   }
-  EXPECT_EQ(on_a_terminal("SHELL=/bin/bash TERM=xterm").output, coloured);
-  EXPECT_EQ(on_a_terminal("SHELL=/bin/bash TERM=xterm NO_COLOR=1").output, plain);
-  EXPECT_EQ(on_a_terminal("SHELL=/bin/bash TERM=dumb").output, plain);
+  const std::string next = "morvane: next: morvane explain header-cut\n";
+  const std::string command = "check net.bin";
+  EXPECT_EQ(on_a_terminal(command, "TERM=xterm", folder), coloured + next);
+  EXPECT_EQ(on_a_terminal(command, "TERM=xterm NO_COLOR=1", folder), plain + next);
+  EXPECT_EQ(on_a_terminal(command, "TERM=dumb", folder), plain + next);
   EXPECT_EQ(morvane({"check", "net.bin"}).output, plain);
+}
+
+TEST_F(CommandLine, TellsWhatComesNextOnATerminalOnly) {
+  folder.write("net.bin", sound_package());
+  folder.write("in/net.dvi", "image");
+  folder.write("in/net.h",
+               "#define net_DAG_NAME \"net\"\n#define net_image_size 5\n/* HMB_input data */\n");
+  if (run_shell("script -qec true /dev/null", folder.path()).status != 0) {
+    GTEST_SKIP() << "no pseudo-terminal can be made";
+  }
+  const std::string sound = "net.bin: sound, 2 DVIs, 4 ports, without vproc records, 4772 bytes\n";
+  EXPECT_EQ(on_a_terminal("check net.bin", "TERM=dumb", folder),
+            sound + "morvane: next: morvane report net.bin -o FILE\n");
+  EXPECT_EQ(on_a_terminal("check -q net.bin", "TERM=dumb", folder), "");
+  EXPECT_EQ(on_a_terminal("check net.bin | cat", "TERM=dumb", folder), sound);
+  EXPECT_EQ(on_a_terminal("check --format github net.bin", "TERM=dumb", folder), "");
+  EXPECT_EQ(on_a_terminal("lint in", "TERM=dumb", folder),
+            "morvane: in: 0 errors, 0 warnings\n"
+            "morvane: next: morvane pack in -o FILE\n");
 }
 
 }  // namespace

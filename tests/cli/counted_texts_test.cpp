@@ -46,15 +46,15 @@ TEST_F(CountedTexts, OfExtract) {
 
 TEST_F(CountedTexts, OfCheck) {
   EXPECT_EQ(printed({"check", "--notes", "net.bin"}),
-            "net.bin:0x18: warning: DVI 0: dvi_dag_vaddr is 4097, outside the image, which has 1 "
-            "byte from 4096 on [dagbin-outside-image]\n"
-            "net.bin:0xb8: warning: DVI 1 has no ports [dvi-without-ports]\n"
-            "net.bin:0xb4: warning: DVI 1: dvi_dag_vaddr is 4097, outside the image, which has 1 "
-            "byte from 4096 on [dagbin-outside-image]\n"
-            "net.bin:0xac: note: DVI 1: the image, 1 byte from 4096 on, shares addresses with that "
-            "of DVI 0, 1 byte from 4096 on [images-overlap]\n"
-            "net.bin:0x5b0: note: output 0 of DVI 0, 1 byte from 0 on, shares bytes with input 0 "
-            "of DVI 0, 1 byte from 0 on [ports-overlap]\n"
+            "net.bin:0x18: warning: DVI 0 (first): dvi_dag_vaddr is 0x1001, outside the image, "
+            "which has 1 byte from 0x1000 on [dagbin-outside-image]\n"
+            "net.bin:0xb8: warning: DVI 1 (second) has no ports [dvi-without-ports]\n"
+            "net.bin:0xb4: warning: DVI 1 (second): dvi_dag_vaddr is 0x1001, outside the image, "
+            "which has 1 byte from 0x1000 on [dagbin-outside-image]\n"
+            "net.bin:0x5b0: note: output data of DVI 0 (first), 1 byte from 0x0 on, shares bytes "
+            "with input data of DVI 0 (first), 1 byte from 0x0 on [ports-overlap]\n"
+            "net.bin:0xac: note: the image of DVI 1 (second), 1 byte from 0x1000 on, shares "
+            "addresses with the image of DVI 0 (first), 1 byte from 0x1000 on [images-overlap]\n"
             "net.bin: sound, 2 DVIs, 2 ports, without vproc records, 2486 bytes\n");
 }
 

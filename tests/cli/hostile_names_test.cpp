@@ -65,6 +65,10 @@ TEST(HostileNames, AreEscapedInTexts) {
       {"show", "old.bin", turning},
       {"check", "--format", turning, "old.bin"},
       {"lint", "--ignore", turning, "in"},
+      {"lint", "--baseline", turning, "in"},
+      {"lint", "--format", "github", "in"},
+      {"check", "--format", "github", "none" + turning},
+      {"explain", turning},
   };
   for (const std::vector<std::string>& command : commands) {
     const std::string text = printed(folder, command);
@@ -82,13 +86,25 @@ TEST(HostileNames, AreAsciiInJsonAndLoseNothing) {
            {"diff", "--json", "old.bin", name},
            {"check", "--format", "json", name},
            {"lint", "--format", "json", "in"},
+       }) {
+    const run_result run = run_morvane(command, folder.path());
+    EXPECT_NE(run.output.find("\\u202en\\ufffe\\u007f\\u0085"), std::string::npos) << run.output;
+    EXPECT_TRUE(std::ranges::all_of(run.output, [](char byte) {
+      return byte == '\n' || (byte >= ' ' && byte <= '~');
+    })) << run.output;
+  }
+}
+
+TEST(HostileNames, AreAsciiForReviewTools) {
+  const std::string name = turning + controls;
+  const hostile_folder folder(name);
+  for (const std::vector<std::string>& command : std::vector<std::vector<std::string>>{
            {"check", "--format", "sarif", name, "none" + name},
            {"lint", "--format", "sarif", "in"},
+           {"check", "--format", "gitlab", name, "none" + name},
+           {"lint", "--format", "gitlab", "in"},
        }) {
     const std::string output = run_morvane(command, folder.path()).output;
-    EXPECT_TRUE(command[2] == "sarif" ||
-                output.find("\\u202en\\ufffe\\u007f\\u0085") != std::string::npos)
-        << output;
     EXPECT_TRUE(std::ranges::all_of(output, [](char byte) {
       return byte == '\n' || (byte >= ' ' && byte <= '~');
     })) << output;

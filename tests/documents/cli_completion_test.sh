@@ -44,8 +44,19 @@ completes 'check net' 'check net.bin '
 completes 'check net.bin zet' 'check net.bin zeta\ net.bin '
 completes 'check --format s' 'check --format sarif '
 completes 'check --format=j' 'check --format=json '
+completes 'check --format gitl' 'check --format gitlab '
+completes 'check --format sarif:zet' 'check --format sarif:zeta\ net.bin '
+completes 'lint --format sarif:zet' 'lint --format sarif:zeta\ net.bin '
+completes 'lint --ignore no-trail' 'lint --ignore no-trailing-newline '
+completes 'check --ignore=no-dv' 'check --ignore=no-dvis '
+completes 'pack --ignore no-dvis,stale' 'pack --ignore no-dvis,stale-baseline-entry '
+completes 'lint --baseline zet' 'lint --baseline zeta\ net.bin '
+completes 'explain quoted' 'explain quoted-number '
+completes 'explain no-dvis quoted' 'explain no-dvis quoted-number '
 completes 'diff net.bin zet' 'diff net.bin zeta\ net.bin '
 completes 'show --di' 'show --digest '
+completes 'show net.bin be' 'show net.bin beta '
+completes 'show --csv net.bin alpha be' 'show --csv net.bin alpha beta '
 completes 'lint al' 'lint alpha_folder/'
 completes 'lint --format s' 'lint --format sarif '
 completes 'pack al' 'pack alpha_folder/'
@@ -60,6 +71,11 @@ while IFS= read -r command; do
     completes "$command ${option%?}" "$command $option "
   done <options
 done <commands
+
+# The help says nothing about an option but its value, its other name and its description.
+for command in check report; do
+  ! morvane "$command" --help | grep -e 'Excludes' || fail "the help of $command has words for programmers"
+done
 
 type_lines
 [ ! -e files/harm ] || fail "a DAG name was evaluated"

@@ -57,11 +57,15 @@ bool lint(const std::string& folder, bool vproc, std::string_view header) {
   bool has_error = false;
   std::string file;
   std::pair<std::uint32_t, std::uint32_t> last;
+  unsigned returns = 0;
   const int status = cli::lint_folder(
       {.folder = folder, .vproc = vproc, .notes = true},
       [&](const cli::finding& found) {
         const std::pair place(found.place.line, found.place.column);
-        require(found.file != file || last <= place, "findings come in the order of their places");
+        returns += found.file == file && place < last ? 1 : 0;
+        require(returns <= 1,
+                "findings about a header come in the order of their places, and then "
+                "those about what it has to do with others");
         require(place.first >= 1 && place.first <= lines && place.second >= 1 &&
                     place.second <= header.size() + 1,
                 "every place is inside its file");

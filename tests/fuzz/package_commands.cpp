@@ -72,11 +72,10 @@ void require_json(const command_result& result, const char* promise) {
 
 /// Runs check in every format. Returns its status.
 int check(const std::string& package) {
-  using cli::finding_format;
   cli::check_options options{.packages = {package}, .scope = {.notes = true}};
   const command_result text = run(cli::run_check, options);
-  for (const finding_format format : {finding_format::json, finding_format::sarif}) {
-    options.format = format;
+  for (const char* format : {"json", "sarif", "gitlab"}) {
+    options.findings.reports = {{cli::find_format(format)}};
     const command_result result = run(cli::run_check, options);
     require_json(result, "check writes JSON");
     require(result.status == text.status, "the verdict is the same in every format");

@@ -40,7 +40,7 @@ grep -q '^version 2\.1\.6' version || fail "the installed tool does not start"
 # A project finds morvane by its version, and again after the installation was moved.
 if [ -e "$BUILD/morvane" ]; then
   mkdir consumer
-  printf 'cmake_minimum_required(VERSION 3.25)\nproject(consumer NONE)\nfind_package(morvane 2.1 REQUIRED)\n' \
+  printf 'cmake_minimum_required(VERSION 3.25)\nproject(consumer NONE)\nfind_package(morvane 1.0 REQUIRED)\n' \
     >consumer/CMakeLists.txt
   for prefix in prefix moved; do
     [ -e $prefix ] || mv prefix $prefix

@@ -13,36 +13,34 @@
 
 namespace morvane::cli {
 
+void check_ports(const morvane_view& view, const morvane_view_dvi& dvi, wired_network& network,
+                 const finding_sink& sink) {
+  for_each_port(view, dvi, [&](const morvane_view_port& port, const record_name& name) {
+    check_port(port, name, sink);
+    network.ports.push_back({.name = str(port.port_name),
+                             .dvi = name.dvi,
+                             .index = name.index,
+                             .kind = name.kind,
+                             .is_bitvector = (port.flags & MORVANE_PORT_BITVECTOR) != 0,
+                             .place = {.offset = port.offset},
+                             .flow = flow_of(port)});
+  });
+}
+
 namespace {
 
-/// Compares an input with the known output of its name in dims, format, size and offset.
-void check_input_flow(const morvane_view_port& input, const record_name& name,
-                      const known_outputs& outputs, const finding_sink& sink) {
-  const known_output* const output = source_of(input, outputs);
-  if (output == nullptr) {
-    return;
-  }
-  const std::string differing = flow_differences(flow_of(input), flow_of(output->port));
-  if (!differing.empty()) {
-    report(sink, kind_of("port-mismatch"), input.offset,
-           joined(str(name), " ", in_quotes(str(input.port_name)), " differs from ",
-                  str(output->name), ": ", differing));
-  }
+/// A port with its name, by its position among the inputs and outputs of its DVI.
+record_name port_at(const morvane_view& view, const morvane_view_dvi& dvi, std::uint32_t position) {
+  record_name name = port_name_at(dvi, position);
+  morvane_view_port port{};
+  const bool is_input = name.kind == object_kind::input;
+  (is_input ? morvane_view_input : morvane_view_output)(&view, &dvi, name.index, &port);
+  name.dag = str(dvi.dag_name);
+  name.own = own_name(port);
+  return name;
 }
 
 }  // namespace
-
-void check_ports(const morvane_view& view, const morvane_view_dvi& dvi, known_outputs& outputs,
-                 const finding_sink& sink) {
-  for_each_input(view, dvi, [&](const morvane_view_port& port, const record_name& name) {
-    check_port(port, name, sink);
-    check_input_flow(port, name, outputs, sink);
-  });
-  for_each_output(view, dvi, [&](const morvane_view_port& port, const record_name& name) {
-    check_port(port, name, sink);
-    remember_output(port, name, outputs);
-  });
-}
 
 void note_port_overlaps(const morvane_view& view, const morvane_view_dvi& dvi,
                         const finding_sink& sink) {
@@ -52,8 +50,8 @@ void note_port_overlaps(const morvane_view& view, const morvane_view_dvi& dvi,
         sink, kind_of("ports-overlap"),
         dvi.block + other.owner * sizeof(morvane_port_desc) +
             offsetof(morvane_port_desc, port_byte_offset),
-        joined(str(port_name_at(dvi, other.owner)), ", ", range_text(other), ", shares bytes with ",
-               str(port_name_at(dvi, one.owner)), ", ", range_text(one)));
+        joined(str(port_at(view, dvi, other.owner)), ", ", range_text(other),
+               ", shares bytes with ", str(port_at(view, dvi, one.owner)), ", ", range_text(one)));
   }
 }
 

@@ -4,13 +4,12 @@
 #include <morvane/package_view.h>
 
 #include "cli/findings/findings.h"
-#include "cli/package/port_flow.h"
+#include "cli/wiring/wired_network.h"
 
 namespace morvane::cli {
 
-/// Checks the ports of a DVI, the inputs also against the outputs of the DVIs before it, to which
-/// its own are added. Tells the sink what is wrong.
-void check_ports(const morvane_view& view, const morvane_view_dvi& dvi, known_outputs& outputs,
+/// Checks the ports of a DVI and tells the sink what is wrong. Adds them to the network.
+void check_ports(const morvane_view& view, const morvane_view_dvi& dvi, wired_network& network,
                  const finding_sink& sink);
 
 /// Tells the sink which ports of a DVI share bytes.

@@ -13,8 +13,7 @@ namespace morvane::cli {
 struct check_options {
   std::vector<std::string> packages;  // paths
   check_scope scope;
-  bool warnings_are_errors = false;
-  finding_format format = finding_format::text;
+  finding_options findings{};
 };
 
 /// Writes a verdict for every package. Returns the exit status: status_fine when all are sound.

@@ -30,10 +30,11 @@ struct package_summary {
 /// Is told how many bytes of a package were dealt with.
 using progress_sink = std::function<void(std::uint64_t done)>;
 
-/// Checks an opened package and hands every finding to the sink: first the damage that ended the
-/// walk, with status MORVANE_VIEW_OK when there is none, then those of the DVI table, of the DVI
-/// blocks and of the vproc part. The file of the findings is empty. A package without an error
-/// among its findings is sound.
+/// Checks an opened package and hands every finding to the sink: first those about its version,
+/// which may be the only one, and about the damage that ended the walk, with status
+/// MORVANE_VIEW_OK when there is none, then those of the DVI table, of the DVI blocks and of the
+/// vproc part. The file of the findings is empty. A package without an error among its findings is
+/// sound.
 package_summary check_package(const morvane_view& view, const morvane_view_damage& damage,
                               const check_scope& scope, const finding_sink& sink,
                               const progress_sink& progress);

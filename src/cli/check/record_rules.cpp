@@ -37,10 +37,13 @@ struct placed_text {
   std::size_t record_offset;
 };
 
+/// A record whose text is wrong is not named by that.
 void report(const finding_sink& sink, const finding_kind* kind, const placed_text& placed,
             std::size_t skipped, std::string_view what) {
+  record_name numbered = placed.record;
+  numbered.own = {};
   report(sink, kind, placed.record_offset + placed.field.offset + skipped,
-         joined(str(placed.record), ": ", placed.field.name, what));
+         joined(str(numbered), ": ", placed.field.name, what));
 }
 
 /// Whether all bytes of a field are 0. The C library compares many at a time.
@@ -121,10 +124,11 @@ void check_flags(const morvane_view_port& port, const record_name& name, const f
 }  // namespace
 
 void check_dvi(const morvane_view_dvi& dvi, const finding_sink& sink) {
-  const record_name name{.dvi = dvi.position};
+  const record_name name{.dvi = dvi.position, .dag = str(dvi.dag_name)};
+  const record_name nameless{.dvi = dvi.position};
   check_vproc_id(dvi, name, sink);
   check_reserved(dvi.reserved, dvi.offset + offsetof(morvane_dvi_desc, reserved), name, sink);
-  check_dag_name({dvi.dag_name, dag_name_field, name, dvi.offset}, sink);
+  check_dag_name({dvi.dag_name, dag_name_field, nameless, dvi.offset}, sink);
 }
 
 void check_port(const morvane_view_port& port, const record_name& name, const finding_sink& sink) {

@@ -5,8 +5,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <utility>
-#include <vector>
 
 #include "cli/check/record_rules.h"
 #include "cli/output/printable_text.h"
@@ -32,7 +30,7 @@ void check_repetition(const morvane_view_dvi& dvi, known_dag_names& names,
 }
 
 void check_parts(const morvane_view_dvi& dvi, const finding_sink& sink) {
-  const record_name name{.dvi = dvi.position};
+  const record_name name{.dvi = dvi.position, .dag = str(dvi.dag_name)};
   if (dvi.input_num == 0 && dvi.output_num == 0) {
     report(sink, kind_of("dvi-without-ports"), dvi.offset + offsetof(morvane_dvi_desc, input_num),
            str(name) + " has no ports");
@@ -43,26 +41,20 @@ void check_parts(const morvane_view_dvi& dvi, const finding_sink& sink) {
   }
 }
 
-void check_dagbin(const morvane_view_dvi& dvi, const finding_sink& sink) {
+/// A header without a macro for the address leaves it 0, which is only good to know.
+void check_dagbin(const morvane_view_dvi& dvi, bool with_notes, const finding_sink& sink) {
   const used_range image = image_range(dvi);
-  if (!is_inside(dvi.dvi_dag_vaddr, image)) {
-    report(sink, kind_of("dagbin-outside-image"),
-           dvi.offset + offsetof(morvane_dvi_desc, dvi_dag_vaddr),
-           joined(str(record_name{.dvi = dvi.position}), ": dvi_dag_vaddr is ", dvi.dvi_dag_vaddr,
-                  ", outside the image, which has ", range_text(image)));
+  const bool is_given = dvi.dvi_dag_vaddr != 0;
+  if (dvi.dvi_img_size == 0 || is_inside(dvi.dvi_dag_vaddr, image) || !(is_given || with_notes)) {
+    return;
   }
-}
-
-void note_image_overlaps(std::vector<used_range> images, const finding_sink& sink) {
-  const std::vector<overlap> overlaps = find_overlaps(std::move(images));
-  for (const auto& [one, other] : overlaps) {
-    constexpr std::size_t in_record = offsetof(morvane_dvi_desc, dvi_img_vaddr);
-    report(sink, kind_of("images-overlap"),
-           sizeof(morvane_pkg_header) + other.owner * sizeof(morvane_dvi_desc) + in_record,
-           joined(str(record_name{.dvi = other.owner}), ": the image, ", range_text(other),
-                  ", shares addresses with that of ", str(record_name{.dvi = one.owner}), ", ",
-                  range_text(one)));
-  }
+  sink({.kind = kind_of("dagbin-outside-image"),
+        .file = {},
+        .place = {.offset = dvi.offset + offsetof(morvane_dvi_desc, dvi_dag_vaddr)},
+        .text = joined(str(record_name{.dvi = dvi.position, .dag = str(dvi.dag_name)}),
+                       ": dvi_dag_vaddr is ", hexadecimal(dvi.dvi_dag_vaddr),
+                       ", outside the image, which has ", range_text(image)),
+        .level = is_given ? severity::warning : severity::note});
 }
 
 }  // namespace
@@ -70,17 +62,12 @@ void note_image_overlaps(std::vector<used_range> images, const finding_sink& sin
 void check_table(const morvane_view& view, bool with_notes, const finding_sink& sink) {
   known_dag_names names;
   names.reserve(view.sound_dvis);
-  std::vector<used_range> images;
   for_each_dvi(view, [&](const morvane_view_dvi& dvi) {
     check_dvi(dvi, sink);
     check_repetition(dvi, names, sink);
     check_parts(dvi, sink);
-    check_dagbin(dvi, sink);
-    if (with_notes) {
-      images.push_back(image_range(dvi));
-    }
+    check_dagbin(dvi, with_notes, sink);
   });
-  note_image_overlaps(std::move(images), sink);
 }
 
 }  // namespace morvane::cli

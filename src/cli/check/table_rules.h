@@ -1,4 +1,4 @@
-// The rules that concern the DVI table of a package: each DVI, names that repeat, the memory plan.
+// The rules that concern the DVI table of a package: each DVI, names that repeat.
 #pragma once
 
 #include <morvane/package_view.h>

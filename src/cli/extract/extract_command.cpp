@@ -9,8 +9,10 @@
 #include "cli/extract/extractable_images.h"
 #include "cli/extract/image_writing.h"
 #include "cli/files/blocked_signals.h"
+#include "cli/files/made_folder.h"
 #include "cli/files/temporary_file.h"
 #include "cli/output/printable_text.h"
+#include "cli/package/named_dvis.h"
 #include "cli/package/opened_package.h"
 #include "cli/package/package_walk.h"
 #include "format/file_naming.h"
@@ -66,7 +68,8 @@ int check_target(const opened_package& package, const file_handle& folder, const
 
 int extract_to_folder(const opened_package& package, const std::vector<morvane_view_dvi>& selected,
                       const extract_options& options, console& streams) {
-  const file_handle folder = open_folder(options.folder);
+  const made_folder made(options.folder);
+  const file_handle& folder = made.handle();
   if (!folder.is_open()) {
     return report_file_error(options.folder, errno);
   }
@@ -132,18 +135,17 @@ int run_extract(const extract_options& options, console& streams) {
     return status_failed;
   }
   warn_of_damage(package, "extracted", streams);
-  int status = is_damaged(package) ? status_findings : status_fine;
-  const auto missing = missing_names(package.view, options.dag_names);
-  for (const std::string& name : missing) {
-    print_message(joined(printable(package.path), ": no DVI has the name ", in_quotes(name)));
-    status = status_failed;
-  }
-  std::vector<morvane_view_dvi> selected = select_dvis(package.view, options.dag_names);
+  const int status = std::max<int>(is_damaged(package) ? status_findings : status_fine,
+                                   report_missing_names(package, options.dag_names));
+  std::vector<morvane_view_dvi> selected;
+  for_each_named_dvi(package.view, options.dag_names,
+                     [&](const morvane_view_dvi& dvi) { selected.push_back(dvi); });
   const bool to_output = options.folder == standard_output_path && !options.list;
   if (!to_output) {
     return std::max(status, use_safe_names(package, std::move(selected), options, streams));
   }
-  return missing.empty() ? std::max(status, extract_to_output(package, selected, streams)) : status;
+  return status == status_failed ? status
+                                 : std::max(status, extract_to_output(package, selected, streams));
 }
 
 }  // namespace morvane::cli

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstddef>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
 #include "cli/check/table_rules.h"
@@ -31,26 +30,6 @@ std::unordered_map<std::size_t, std::string> find_refused_names(const morvane_vi
 }
 
 }  // namespace
-
-std::vector<morvane_view_dvi> select_dvis(const morvane_view& view,
-                                          const std::vector<std::string>& dag_names) {
-  const std::unordered_set<std::string_view> wanted(dag_names.begin(), dag_names.end());
-  std::vector<morvane_view_dvi> selected = dvis_of(view);
-  std::erase_if(selected, [&](const morvane_view_dvi& dvi) {
-    return !wanted.empty() && !wanted.contains(str(dvi.dag_name));
-  });
-  return selected;
-}
-
-std::vector<std::string> missing_names(const morvane_view& view,
-                                       const std::vector<std::string>& dag_names) {
-  std::unordered_set<std::string_view> present;
-  for_each_dvi(view, [&](const morvane_view_dvi& dvi) { present.insert(str(dvi.dag_name)); });
-  std::vector<std::string> missing;
-  std::ranges::remove_copy_if(dag_names, std::back_inserter(missing),
-                              [&](const std::string& name) { return present.contains(name); });
-  return missing;
-}
 
 std::vector<std::string> refuse_names(const morvane_view& view,
                                       std::vector<morvane_view_dvi>& selected) {

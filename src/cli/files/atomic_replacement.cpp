@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <filesystem>
 
+#include "cli/files/blocked_signals.h"
 #include "cli/output/printable_text.h"
 
 namespace morvane::cli {
@@ -66,7 +67,8 @@ int atomic_replacement::find(const std::string& path) {
     return error;
   }
   name_ = target.filename().string();
-  folder_ = open_folder(target.has_parent_path() ? target.parent_path().string() : ".");
+  const std::string folder = target.parent_path().string();
+  folder_ = open_folder(folder.empty() ? "." : folder.c_str());
   const std::optional<struct stat> status = status_of(folder_);
   if (!status) {
     return errno;
@@ -156,6 +158,22 @@ int finish_file(atomic_replacement& file, std::string_view path, const console& 
   return status_fine;
 }
 
+int write_file(atomic_replacement& file, std::string_view path, std::string_view text,
+               const console& streams) {
+  const blocked_signals held;
+  if (const int error = file.create(); error != 0) {
+    return report_creation_error(path, error);
+  }
+  const int error = write_checked(file.descriptor(), text);
+  return error == 0 ? finish_file(file, path, streams) : report_file_error(path, error);
+}
+
+bool are_same_file(const atomic_replacement& one, const atomic_replacement& other) {
+  const auto replaced = one.replaced();
+  return (replaced && replaced == other.replaced()) ||
+         (one.name() == other.name() && one.folder() == other.folder());
+}
+
 int sync_file(int descriptor) {
   while (::fsync(descriptor) != 0) {
     if (errno != EINTR) {
@@ -165,12 +183,11 @@ int sync_file(int descriptor) {
   return 0;
 }
 
-int sync_part(int descriptor, std::uint64_t offset, std::uint64_t count) {
+int sync_part(int descriptor, off_t offset, off_t count) {
   constexpr unsigned all =
       SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER;
   // An error that is told here is not told again by fsync.
-  const bool has_failed = ::sync_file_range(descriptor, static_cast<off64_t>(offset),
-                                            static_cast<off64_t>(count), all) != 0;
+  const bool has_failed = ::sync_file_range(descriptor, offset, count, all) != 0;
   return has_failed && (errno == EIO || errno == ENOSPC) ? errno : 0;
 }
 

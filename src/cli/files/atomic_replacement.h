@@ -3,7 +3,6 @@
 
 #include <sys/stat.h>
 
-#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -72,11 +71,19 @@ void warn_of_loss(const atomic_replacement& file, std::string_view path, const c
 /// keep. The path is for messages. Returns the exit status.
 int finish_file(atomic_replacement& file, std::string_view path, const console& streams);
 
+/// Writes a file whose place was found, from its first byte to its last; signals wait meanwhile.
+/// The path is for messages. Returns the exit status.
+int write_file(atomic_replacement& file, std::string_view path, std::string_view text,
+               const console& streams);
+
+/// Whether two paths lead to the same file, which may not exist yet.
+bool are_same_file(const atomic_replacement& one, const atomic_replacement& other);
+
 /// Waits until the content of an open file is on the disk. Returns 0 or an errno.
 int sync_file(int descriptor);
 
 /// Waits until so many bytes from an offset on are on the disk, so that sync_file has less to wait
 /// for. Returns 0 or an errno; 0 also where the system cannot do that for a part of a file.
-int sync_part(int descriptor, std::uint64_t offset, std::uint64_t count);
+int sync_part(int descriptor, off_t offset, off_t count);
 
 }  // namespace morvane::cli

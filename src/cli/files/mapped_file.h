@@ -39,6 +39,9 @@ class mapped_file {
   mapped_file* older_;  // the one that was mapped before and still is
 };
 
+/// The mapped file that an address belongs to; null if there is none.
+const mapped_file* mapped_file_at(const void* address);
+
 /// Prints why a mapped file cannot be read any more: it was cut, or its disk fails. Returns
 /// status_failed.
 int report_lost_bytes(const mapped_file& file);

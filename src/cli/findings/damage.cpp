@@ -62,8 +62,10 @@ const finding_kind& kind_of_damage(int status) {
 
 void report_damage(const morvane_view_damage& damage, const finding_sink& sink) {
   const refusal& row = refusal_of(damage.status);
-  const std::string where =
-      row.is_of_a_dvi ? joined(str(record_name{.dvi = damage.dvi}), ": ") : std::string();
+  std::string where;
+  if (row.is_of_a_dvi) {
+    append_pieces(where, str(record_name{.dvi = damage.dvi}), ": ");
+  }
   report(sink, row.kind, damage.offset, joined(where, message(row, damage)));
 }
 

@@ -2,8 +2,9 @@
 
 #include <array>
 
+#include "cli/findings/explanations.h"
 #include "cli/output/printable_text.h"
-#include "format/build_constants.h"
+#include "cli/output/program_version.h"
 
 namespace morvane::cli {
 
@@ -25,6 +26,7 @@ void write_rule(json_writer& json, const finding_kind& kind) {
   begin_object(json);
   write_member(json, "id", kind.code);
   write_message(json, "shortDescription", kind.meaning);
+  write_message(json, "help", explanation_of(kind.code));
   begin_object(json, "defaultConfiguration");
   write_member(json, "level", name_of(kind.level));
   end_object(json);
@@ -77,7 +79,8 @@ std::string uri_of(std::string_view path) {
   return uri;
 }
 
-void begin_sarif(json_writer& json) {
+void begin_sarif(finding_report& report) {
+  json_writer& json = report.json;
   begin_object(json);
   write_member(json, "$schema", "https://json.schemastore.org/sarif-2.1.0.json");
   write_member(json, "version", "2.1.0");
@@ -86,7 +89,7 @@ void begin_sarif(json_writer& json) {
   begin_object(json, "tool");
   begin_object(json, "driver");
   write_member(json, "name", "morvane");
-  write_member(json, "version", joined(version_major, ".", version_minor, ".", version_patch));
+  write_member(json, "version", program_version);
   begin_array(json, "rules");
   for (const finding_kind& kind : finding_kinds) {
     write_rule(json, kind);
@@ -97,7 +100,8 @@ void begin_sarif(json_writer& json) {
   begin_array(json, "results");
 }
 
-void write_sarif_result(json_writer& json, const finding& found) {
+void write_sarif_result(finding_report& report, const finding& found) {
+  json_writer& json = report.json;
   begin_object(json);
   write_member(json, "ruleId", found.kind->code);
   write_member(json, "ruleIndex", found.kind - finding_kinds.data());
@@ -109,13 +113,18 @@ void write_sarif_result(json_writer& json, const finding& found) {
   end_object(json);
 }
 
-void end_sarif(json_writer& json, const std::vector<std::string>& failures) {
+void keep_sarif_failure(finding_report& report, std::string_view path, std::string_view reason) {
+  report.failures.push_back(joined(path, ": ", reason));
+}
+
+void end_sarif(finding_report& report) {
+  json_writer& json = report.json;
   end_array(json);
   begin_array(json, "invocations");
   begin_object(json);
-  write_member(json, "executionSuccessful", failures.empty());
+  write_member(json, "executionSuccessful", report.failures.empty());
   begin_array(json, "toolExecutionNotifications");
-  for (const std::string& failure : failures) {
+  for (const std::string& failure : report.failures) {
     write_failure(json, failure);
   }
   end_array(json);

@@ -3,10 +3,8 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "cli/findings/findings.h"
-#include "cli/output/json_writer.h"
+#include "cli/findings/finding_formats.h"
 
 namespace morvane::cli {
 
@@ -14,11 +12,13 @@ namespace morvane::cli {
 std::string uri_of(std::string_view path);
 
 /// Begins the document and its list of results.
-void begin_sarif(json_writer& json);
+void begin_sarif(finding_report& report);
 
-void write_sarif_result(json_writer& json, const finding& found);
+void write_sarif_result(finding_report& report, const finding& found);
 
-/// Ends the document. The failures are what kept the program from reading files, if anything.
-void end_sarif(json_writer& json, const std::vector<std::string>& failures);
+/// Keeps what the end of the document tells: why a file could not be read.
+void keep_sarif_failure(finding_report& report, std::string_view path, std::string_view reason);
+
+void end_sarif(finding_report& report);
 
 }  // namespace morvane::cli

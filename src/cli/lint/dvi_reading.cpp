@@ -11,11 +11,15 @@ namespace morvane::cli {
 
 namespace {
 
-/// The flow of a port, whose record is one of a kind.
-port_flow flow_of_record(std::span<const std::byte> bytes) {
+/// A port, from its record.
+read_port port_of_record(object_kind kind, std::string_view name,
+                         std::span<const std::byte> bytes) {
   port_desc record{};
   std::memcpy(&record, bytes.data(), sizeof record);
-  return flow_of(record);
+  return {.kind = kind,
+          .name = name,
+          .is_bitvector = (record.flags & MORVANE_PORT_BITVECTOR) != 0,
+          .flow = flow_of(record)};
 }
 
 /// Takes up a record of a block, in the order of the package.
@@ -47,7 +51,7 @@ dvi_reading read_dvi(const lint_scope& scope, const header_file& file, std::int3
       take_up(reading.parsed, kind, record);
     }
     if (family_of(kind) == macro_family::port) {
-      reading.ports.push_back({.kind = kind, .name = name, .flow = flow_of_record(record)});
+      reading.ports.push_back(port_of_record(kind, name, record));
     }
   };
   reading.header = read_header(file.text, scope.vproc, index, position, take_record);

@@ -27,6 +27,7 @@ header_file load_header(const std::string& path);
 struct read_port {
   object_kind kind;
   std::string_view name;
+  bool is_bitvector;
   port_flow flow;
 };
 

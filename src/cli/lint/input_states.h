@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "cli/files/atomic_replacement.h"
 #include "driver/pack_sections.h"
 
 namespace morvane::cli {
@@ -24,8 +25,16 @@ struct file_state {
 };
 
 /// Opens a file to pack and sets its state. Only a regular file can be packed: the error of a
-/// folder is EISDIR, that of a device or a pipe EINVAL.
+/// folder is EISDIR, that of a device ENOTBLK, that of a pipe ESPIPE.
 readable_file open_input(const std::string& path, file_state& state);
+
+/// Whether a file that is to be written would take the place of an image or a header in a folder,
+/// or become one.
+bool is_in_folder(const std::string& folder, const atomic_replacement& file);
+
+/// "a folder": what is in the place of a file to pack; empty for a regular file, and for one that
+/// cannot be looked at.
+std::string_view type_of_file(const std::string& path);
 
 /// "the file cannot be read: Permission denied", for the error of a file, or a folder, to pack.
 std::string unreadable_text(std::string_view what, int error);

@@ -1,68 +1,45 @@
 #include "cli/lint/lint_command.h"
 
-#include <algorithm>
-
+#include "cli/lint/input_states.h"
 #include "cli/output/printable_text.h"
 
 namespace morvane::cli {
 
 namespace {
 
-void write_counts(finding_writer& output) {
-  if (json_writer* json = json_of(output)) {
-    write_member(*json, "errors", output.counts.errors);
-    write_member(*json, "warnings", output.counts.warnings);
-    write_member(*json, "notes", output.counts.notes);
+/// Ends the output of a folder that was read, unless that ended with an errno. The counts, or the
+/// reason, are told on standard error. Returns the exit status.
+int end_lint(finding_writer& output, const lint_options& options, int error) {
+  const finding_counts& counts = output.counts;
+  const std::string& folder = options.scope.folder;
+  end_findings(output, folder, error);
+  const int found = status_of(counts, options.findings.warnings_are_errors);
+  const int status = end_output(output, error == 0 ? found : status_failed);
+  if (error != 0) {
+    return report_file_error(folder, error);
   }
-}
-
-/// Ends the output of a folder that was read. The counts are told on standard error. Returns the
-/// exit status.
-int end_lint(finding_writer& output, const lint_options& options) {
-  console& streams = output.json.streams;
-  write_counts(output);
-  end_output(output);
-  flush_results(streams);
-  if (!streams.quiet) {
-    print_message(joined(printable(options.scope.folder), ": ",
-                         counts_text(output.counts, options.scope.notes)));
+  if (!output.streams.quiet) {
+    print_message(joined(printable(folder), ": ", counts_text(counts, options.scope.notes)));
   }
-  return status_of(output.counts, options.warnings_are_errors);
-}
-
-/// Ends the output of a folder that the system did not let the program read. Returns
-/// status_failed.
-int end_failed_lint(finding_writer& output, const std::string& folder, int error) {
-  write_failure(output, folder, error);
-  end_output(output);
-  flush_results(output.json.streams);
-  return report_file_error(folder, error);
-}
-
-/// What the user does not want to see. A file that cannot be read is told in any case: nobody knows
-/// what was not found in it.
-bool is_left_out(const finding& found, const lint_options& options) {
-  const bool is_hidden = level_of(found) == severity::note && !options.scope.notes;
-  const bool is_ignored =
-      std::ranges::find(options.ignored, found.kind->code) != options.ignored.end();
-  return is_hidden || (is_ignored && found.kind != kind_of("unreadable-file"));
+  write_next_step(output, joined("morvane pack ", printable(folder), " -o FILE"));
+  return status;
 }
 
 }  // namespace
 
 int run_lint(const lint_options& options, console& streams) {
   const std::string& folder = options.scope.folder;
-  streams.warnings_are_errors = options.warnings_are_errors;
-  finding_writer output{.json = {.streams = streams}, .format = options.format};
-  begin_output(output);
-  if (json_writer* json = json_of(output)) {
-    write_member(*json, "folder", folder);
+  finding_writer output(streams, options.findings);
+  const auto is_input = [&](const atomic_replacement& file) { return is_in_folder(folder, file); };
+  if (const int status = begin_output(output, is_input); status != status_fine) {
+    return status;
   }
-  begin_findings(output);
+  write_json(output, [&](json_writer& json) { write_member(json, "folder", folder); });
+  begin_findings(output, folder);
   progress_line& progress = streams.progress;
   progress = begin_progress(folder, 0, streams.quiet, progress_unit::dvis);
   const auto take = [&](const finding& found) {
-    if (!is_left_out(found, options)) {
+    if (level_of(found) != severity::note || options.scope.notes) {
       write_finding(output, found);
     }
   };
@@ -74,8 +51,10 @@ int run_lint(const lint_options& options, console& streams) {
       },
       nullptr);
   hide_progress(progress);
-  end_findings(output);
-  return error == 0 ? end_lint(output, options) : end_failed_lint(output, folder, error);
+  if (error == 0 && output.counts.unreadable == 0) {
+    write_stale_entries(output, options.scope.notes);
+  }
+  return end_lint(output, options, error);
 }
 
 }  // namespace morvane::cli

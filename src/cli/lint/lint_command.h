@@ -1,9 +1,6 @@
 // morvane lint: tells what is wrong with a compiler output folder before it is packed.
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "cli/findings/finding_output.h"
 #include "cli/lint/lint_folder.h"
 #include "cli/output/console.h"
@@ -12,9 +9,7 @@ namespace morvane::cli {
 
 struct lint_options {
   lint_scope scope;
-  std::vector<std::string> ignored;  // codes
-  bool warnings_are_errors = false;
-  finding_format format = finding_format::text;
+  finding_options findings{};
 };
 
 /// Writes what it finds. Returns the exit status: status_fine without errors.

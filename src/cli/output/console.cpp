@@ -40,6 +40,10 @@ void open_standard_streams() {
   // NOLINTEND(cert-err33-c)
 }
 
+bool is_on_terminal() {
+  return ::isatty(STDOUT_FILENO) == 1 && ::isatty(STDERR_FILENO) == 1;
+}
+
 bool has_colours() {
   const char* terminal = std::getenv("TERM");  // NOLINT(concurrency-mt-unsafe): one thread
   const bool is_dumb = terminal == nullptr || std::strcmp(terminal, "dumb") == 0;
@@ -60,17 +64,18 @@ std::string reason_of(int error) {
 
 void print_result(console& streams, std::string_view text) {
   streams.pending += text;
-  if (streams.pending.size() >= max_pending) {
+  if (streams.pending.size() >= max_pending && !streams.gathers) {
     flush_results(streams);
   }
 }
 
 void flush_results(console& streams) {
   hide_progress(streams.progress);
-  const int error = write_checked(STDOUT_FILENO, streams.pending);
+  const int error = write_checked(streams.descriptor, streams.pending);
   streams.pending.clear();
-  if (error != 0) {
-    throw std::system_error(error, std::generic_category(), "standard output");
+  // As messages, what goes to standard error may be lost.
+  if (error != 0 && streams.descriptor == STDOUT_FILENO) {
+    throw std::system_error(error, std::generic_category(), standard_output_name);
   }
 }
 

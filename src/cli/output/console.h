@@ -13,6 +13,12 @@ namespace morvane::cli {
 /// Stands for standard output where a path is asked for.
 inline constexpr std::string_view standard_output_path = "-";
 
+/// Stands for standard input in the same way.
+inline constexpr std::string_view standard_input_path = standard_output_path;
+
+/// How messages name it.
+inline constexpr const char* standard_output_name = "standard output";
+
 /// The exit status of every command.
 enum exit_status : int {
   status_fine = 0,
@@ -26,9 +32,12 @@ inline constexpr std::size_t max_pending = std::size_t{64} * 1024;
 /// Standard output with the results that are still to be written, and how to speak to the user.
 struct console {
   std::string pending{};
+  int descriptor = 1;                // where they go; 2 where standard output takes a file
   bool quiet = false;                // no warnings, summaries, differences or progress
   bool warnings_are_errors = false;  // also for that
   bool colour = false;               // severities in colour
+  bool is_terminal = false;          // a person reads what is written
+  bool gathers = false;              // keeps all results, for a file
   progress_line progress{};
 };
 
@@ -36,6 +45,9 @@ struct console {
 /// such that reading and writing them still fails. Ignores SIGPIPE and SIGXFSZ: a closed pipe, and
 /// a file that would become larger than the user allows, are errors of write.
 void open_standard_streams();
+
+/// Whether a person reads standard output and standard error: both are terminals.
+bool is_on_terminal();
 
 /// Whether standard output shows colours: a terminal that is not dumb, and NO_COLOR is not set.
 bool has_colours();

@@ -50,10 +50,14 @@ void end_object(json_writer& json) {
   close(json, '}');
 }
 
-void begin_array(json_writer& json, std::string_view name) {
-  begin_member(json, name);
+void begin_array(json_writer& json) {
   open(json, '[');
   ++json.depth;
+}
+
+void begin_array(json_writer& json, std::string_view name) {
+  begin_member(json, name);
+  begin_array(json);
 }
 
 void end_array(json_writer& json) {

@@ -32,10 +32,11 @@ void begin_element(json_writer& json);
 /// Writes the comma and the name of a member of an object. Names need no escapes; so below.
 void begin_member(json_writer& json, std::string_view name);
 
-/// Opens and closes the document, an element of an array or a member.
+/// Opens and closes the document, an element of an array or a member. An array is no element.
 void begin_object(json_writer& json);
 void begin_object(json_writer& json, std::string_view name);
 void end_object(json_writer& json);
+void begin_array(json_writer& json);
 void begin_array(json_writer& json, std::string_view name);
 void end_array(json_writer& json);
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "cli/output/printable_text.h"
+
 namespace morvane::cli {
 
 namespace {
@@ -33,10 +35,13 @@ std::string depfile_text(std::string_view package, const std::vector<std::string
     return {};
   }
   std::string text = escaped(package) + ":";
+  std::string empty_rules;
   for (const std::string& input : inputs) {
-    text += " \\\n  " + escaped(input);
+    const std::string path = escaped(input);
+    append_pieces(text, " \\\n  ", path);
+    append_pieces(empty_rules, path, ":\n");
   }
-  return text + "\n";
+  return joined(text, "\n", empty_rules);
 }
 
 }  // namespace morvane::cli

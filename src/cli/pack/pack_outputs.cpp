@@ -57,14 +57,6 @@ int find_output(const std::string& path, const parsed_folder& parsed, atomic_rep
   return status_fine;
 }
 
-/// Whether two paths lead to the same file, which may not exist yet.
-bool is_same_file(const pack_outputs& outputs) {
-  const auto replaced = outputs.package.replaced();
-  return (replaced && replaced == outputs.depfile.replaced()) ||
-         (outputs.package.name() == outputs.depfile.name() &&
-          outputs.package.folder() == outputs.depfile.folder());
-}
-
 }  // namespace
 
 int find_outputs(const std::string& package, const std::string& depfile,
@@ -76,7 +68,7 @@ int find_outputs(const std::string& package, const std::string& depfile,
   if (const int other = find_output(depfile, parsed, outputs.depfile); other != status_fine) {
     return other;
   }
-  if (is_same_file(outputs)) {
+  if (are_same_file(outputs.package, outputs.depfile)) {
     print_message(joined(printable(depfile), ": the dependency file cannot be the package"));
     return status_failed;
   }

@@ -7,7 +7,6 @@
 #include <cstring>
 #include <vector>
 
-#include "cli/findings/finding_output.h"
 #include "cli/pack/package_layout.h"
 
 namespace morvane::cli {
@@ -77,9 +76,10 @@ input_comparison compare_with_inputs(const package_bytes& package, const pack_in
   return run.result;
 }
 
-bool is_sound(const package_bytes& package, const std::string& path, bool vproc, console& streams,
-              package_summary& summary) {
-  finding_writer output{.json = {.streams = streams}};
+bool is_sound(const package_bytes& package, const std::string& path, bool vproc,
+              finding_writer& output, package_summary& summary) {
+  set_folder(output, folder_of(path));
+  const std::uint64_t errors_before = output.counts.errors;
   const check_scope scope{.vproc = vproc ? vproc_demand::required : vproc_demand::forbidden};
   const auto report = [&](finding found) {
     if (level_of(found) == severity::error) {
@@ -91,7 +91,7 @@ bool is_sound(const package_bytes& package, const std::string& path, bool vproc,
   morvane_view_damage damage{};
   morvane_view_open(&view, package.bytes().data(), package.bytes().size(), &damage);
   summary = check_package(view, damage, scope, report, [](std::uint64_t /*done*/) {});
-  return output.counts.errors == 0;
+  return output.counts.errors == errors_before;
 }
 
 }  // namespace morvane::cli

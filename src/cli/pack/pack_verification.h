@@ -4,8 +4,8 @@
 #include <string>
 
 #include "cli/check/check_package.h"
+#include "cli/findings/finding_output.h"
 #include "cli/lint/parsed_dvi.h"
-#include "cli/output/console.h"
 #include "cli/package/package_bytes.h"
 #include "driver/pack_sections.h"
 
@@ -28,7 +28,7 @@ input_comparison compare_with_inputs(const package_bytes& package, const pack_in
 
 /// Whether the package is sound. Writes the errors that are found; the linter told the warnings.
 /// Findings name the path; vproc tells whether vproc records were written. Sets the summary.
-bool is_sound(const package_bytes& package, const std::string& path, bool vproc, console& streams,
-              package_summary& summary);
+bool is_sound(const package_bytes& package, const std::string& path, bool vproc,
+              finding_writer& output, package_summary& summary);
 
 }  // namespace morvane::cli

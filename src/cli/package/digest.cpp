@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <string_view>
 
 #include "cli/output/printable_text.h"
 
@@ -37,6 +36,10 @@ std::string xxh3_128(const package_bytes& package, std::span<const std::uint8_t>
     bytes = bytes.subspan(part.size());
   }
   return hexadecimal_text(XXH3_128bits_digest(state.get()));
+}
+
+std::string xxh3_128(std::string_view text) {
+  return hexadecimal_text(XXH3_128bits(text.data(), text.size()));
 }
 
 }  // namespace morvane::cli

@@ -10,9 +10,13 @@ int open_package(const std::string& path, opened_package& package) {
   if (const int error = package.bytes.load(path); error != 0) {
     return error;
   }
+  open_bytes(package);
+  return 0;
+}
+
+void open_bytes(opened_package& package) {
   const auto bytes = package.bytes.bytes();
   morvane_view_open(&package.view, bytes.data(), bytes.size(), &package.damage);
-  return 0;
 }
 
 int open_or_report(const std::string& path, opened_package& package) {

@@ -26,6 +26,9 @@ int open_package(const std::string& path, opened_package& package);
 /// The same, and says what cannot be read. Returns status_fine or status_failed.
 int open_or_report(const std::string& path, opened_package& package);
 
+/// Opens the bytes that a package has.
+void open_bytes(opened_package& package);
+
 /// Whether the package cannot be walked to its end.
 inline bool is_damaged(const opened_package& package) {
   return package.damage.status != MORVANE_VIEW_OK;

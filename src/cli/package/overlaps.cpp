@@ -9,7 +9,8 @@
 namespace morvane::cli {
 
 std::string range_text(const used_range& range) {
-  return joined(count_of(range.end - range.begin, "byte"), " from ", range.begin, " on");
+  return joined(count_of(range.end - range.begin, "byte"), " from ", hexadecimal(range.begin),
+                " on");
 }
 
 used_range image_range(const morvane_view_dvi& dvi) {

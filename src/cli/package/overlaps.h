@@ -25,7 +25,7 @@ constexpr bool is_inside(std::uint64_t address, const used_range& range) {
   return address >= range.begin && address < range.end;
 }
 
-/// "64 bytes from 4096 on"
+/// "64 bytes from 0x1000 on"
 std::string range_text(const used_range& range);
 
 /// The addresses of a DVI's image in the memory plan. The owner is the DVI.

@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <optional>
 
+#include "cli/output/console.h"
 #include "io/file.h"
 
 namespace morvane::cli {
@@ -79,7 +80,8 @@ std::size_t package_bytes::copy(std::span<const std::uint8_t> part, int descript
 }
 
 int package_bytes::load(const std::string& path) {
-  return load(open_and_wait(path), path);
+  return load(path == standard_input_path ? file_handle(::dup(STDIN_FILENO)) : open_and_wait(path),
+              path);
 }
 
 int package_bytes::load(file_handle file, std::string_view path) {

@@ -44,8 +44,8 @@ class package_bytes {
   /// The file that the bytes are mapped from; null for bytes that were read.
   [[nodiscard]] const mapped_file* mapped() const { return mapped_.get(); }
 
-  /// Reads a file, or anything else that ends, such as a pipe. Returns 0 or the errno of the
-  /// failure; the bytes are then as they were.
+  /// Reads a file, or anything else that ends, such as a pipe; standard input for "-". Returns 0 or
+  /// the errno of the failure; the bytes are then as they were.
   int load(const std::string& path);
 
   /// Reads an open file in the same way, a regular one from its beginning. A handle that is closed

@@ -9,7 +9,13 @@ std::string name_in_dvi(const record_name& name) {
 }
 
 std::string str(const record_name& name) {
-  return joined(name.kind == object_kind::dvi ? "" : name_in_dvi(name) + " of ", "DVI ", name.dvi);
+  std::string text;
+  if (name.kind != object_kind::dvi) {
+    const std::string own = name.own.empty() ? joined(name.index) : printable(name.own);
+    append_pieces(text, name_of(name.kind), " ", own, " of ");
+  }
+  append_pieces(text, "DVI ", name.dvi);
+  return name.dag.empty() ? text : joined(text, " (", printable(name.dag), ")");
 }
 
 std::string data_format(const morvane_view_port& port) {

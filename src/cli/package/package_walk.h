@@ -18,16 +18,30 @@ inline std::string_view str(const morvane_text& text) {
   return {text.bytes, text.length};
 }
 
-/// How messages name a record: "DVI 7", "input 2 of DVI 7".
+/// How messages name a record: "DVI 7", "input 2 of DVI 7"; with the names of the DAG and of the
+/// record, if they are known and not empty: "DVI 7 (net_7)", "input mel of DVI 7 (net_7)".
 struct record_name {
   std::uint32_t dvi = 0;
   object_kind kind = object_kind::dvi;
   std::uint32_t index = 0;  // none for the DVI itself
+  std::string_view dag{};
+  std::string_view own{};
 };
 std::string str(const record_name& name);
 
 /// How its DVI calls it: "input 2".
 std::string name_in_dvi(const record_name& name);
+
+/// The names of the records of a DVI.
+inline std::string_view own_name(const morvane_view_port& port) {
+  return str(port.port_name);
+}
+inline std::string_view own_name(const morvane_view_var& variable) {
+  return str(variable.var);
+}
+inline std::string_view own_name(const morvane_view_smb_block& smb) {
+  return str(smb.smb_name);
+}
 
 /// The inputs and outputs of a DVI.
 inline std::uint64_t port_count(const morvane_view_dvi& dvi) {
@@ -64,7 +78,11 @@ void for_each_record(const morvane_view& view, const morvane_view_dvi& dvi, obje
                      record_reader<Record> read, Function function) {
   Record record{};
   for (std::uint32_t i = 0; read(&view, &dvi, i, &record) == MORVANE_VIEW_OK; ++i) {
-    function(std::as_const(record), record_name{.dvi = dvi.position, .kind = kind, .index = i});
+    function(std::as_const(record), record_name{.dvi = dvi.position,
+                                                .kind = kind,
+                                                .index = i,
+                                                .dag = str(dvi.dag_name),
+                                                .own = own_name(record)});
   }
 }
 

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "cli/package/overlaps.h"
 #include "cli/package/package_walk.h"
 
 namespace morvane::cli {
@@ -23,6 +24,16 @@ port_flow flow_of(const Port& port) {
       port.P,        port.D,         port.H,       port.W,         port.dram_format,     port.sign,
       port.datasize, port.expoffset, port.expbits, port.port_size, port.port_byte_offset};
 }
+
+/// The bytes of a port, by its offset and size.
+used_range port_bytes(const port_flow& flow);
+
+/// How many bytes the dims need with the data size; 0 if one of them is not given or 0. A number
+/// that is too great for a port becomes one that is too great too.
+std::uint64_t needed_bytes(const port_flow& flow);
+
+/// "1 x 3 x 8 x 10 values of 8 bits"
+std::string dims_text(const port_flow& flow);
 
 /// In what an input differs from its output: "W is 8, not 16; H is 1, not 2", or nothing.
 std::string flow_differences(const port_flow& input, const port_flow& output);

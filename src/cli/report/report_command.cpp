@@ -107,6 +107,7 @@ int run_report(const report_options& options, console& streams) try {
   std::optional<package_changes> changes;
   if (inputs.old_package) {
     changes = find_changes(*inputs.old_package, package, streams);
+    find_lost_inputs(*inputs.old_package, package, content.flow);
     content.changes = &*changes;
   }
   return write_target(target, [&](page_output& out) { write_page(content, out); });

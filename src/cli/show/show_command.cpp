@@ -1,5 +1,8 @@
 #include "cli/show/show_command.h"
 
+#include <algorithm>
+
+#include "cli/package/named_dvis.h"
 #include "cli/package/opened_package.h"
 #include "cli/show/show_formats.h"
 
@@ -12,12 +15,16 @@ int run_show(const show_options& options, console& streams) {
   }
   streams.progress = begin_progress(options.package, package.view.size, streams.quiet);
   if (options.json) {
-    show_json(package, options.digest, streams);
+    show_json(package, options, streams);
+  } else if (options.csv) {
+    show_csv(package, options, streams);
   } else {
-    show_tables(package, options.digest, streams);
+    show_tables(package, options, streams);
   }
   warn_of_damage(package, "shown", streams);
-  return is_damaged(package) ? status_findings : status_fine;
+  flush_results(streams);
+  return std::max<int>(is_damaged(package) ? status_findings : status_fine,
+                       report_missing_names(package, options.dag_names));
 }
 
 }  // namespace morvane::cli

@@ -1,6 +1,7 @@
 #include "cli/findings/damage.h"
 #include "cli/output/json_writer.h"
 #include "cli/package/digest.h"
+#include "cli/package/named_dvis.h"
 #include "cli/package/package_walk.h"
 #include "cli/package/record_fields.h"
 #include "cli/show/show_formats.h"
@@ -100,7 +101,7 @@ void write_dvi(json_writer& json, const opened_package& package, const morvane_v
 
 }  // namespace
 
-void show_json(const opened_package& package, bool with_digests, console& streams) {
+void show_json(const opened_package& package, const show_options& options, console& streams) {
   json_writer json{.streams = streams};
   begin_object(json);
   write_member(json, "file", package.path);
@@ -109,8 +110,8 @@ void show_json(const opened_package& package, bool with_digests, console& stream
   write_header(json, package);
   write_vproc_presence(json, package);
   begin_array(json, "dvis");
-  for_each_dvi(package.view, [&](const morvane_view_dvi& dvi) {
-    write_dvi(json, package, dvi, with_digests);
+  for_each_named_dvi(package.view, options.dag_names, [&](const morvane_view_dvi& dvi) {
+    write_dvi(json, package, dvi, options.digest);
     show_progress(streams.progress, release_dvi(package, dvi));
   });
   end_array(json);

@@ -1,6 +1,7 @@
 #include "cli/output/printable_text.h"
 #include "cli/output/text_table.h"
 #include "cli/package/digest.h"
+#include "cli/package/named_dvis.h"
 #include "cli/package/package_walk.h"
 #include "cli/show/show_formats.h"
 #include "format/build_constants.h"
@@ -10,6 +11,10 @@ namespace morvane::cli {
 namespace {
 
 constexpr std::string_view dvi_indent = "  ";
+
+/// Of the column "data".
+constexpr std::string_view data_legend =
+    "\ndata: sign, data size, exponent offset, exponent bits; - when not given\n";
 
 std::string package_line(const opened_package& package) {
   if (!has_header(package)) {
@@ -70,12 +75,14 @@ std::string smb_table(const morvane_view& view, const morvane_view_dvi& dvi) {
 
 }  // namespace
 
-void show_tables(const opened_package& package, bool with_digests, console& streams) {
+void show_tables(const opened_package& package, const show_options& options, console& streams) {
+  bool has_ports = false;
   print_result(streams, package_line(package));
-  for_each_dvi(package.view, [&](const morvane_view_dvi& dvi) {
-    print_result(streams, dvi_lines(package, dvi, with_digests));
+  for_each_named_dvi(package.view, options.dag_names, [&](const morvane_view_dvi& dvi) {
+    print_result(streams, dvi_lines(package, dvi, options.digest));
     if (dvi.input_num != 0 || dvi.output_num != 0) {
       print_result(streams, port_table(package.view, dvi));
+      has_ports = true;
     }
     if (dvi.variable_num != 0) {
       print_result(streams, variable_table(package.view, dvi));
@@ -85,6 +92,9 @@ void show_tables(const opened_package& package, bool with_digests, console& stre
     }
     show_progress(streams.progress, release_dvi(package, dvi));
   });
+  if (has_ports) {
+    print_result(streams, data_legend);
+  }
 }
 
 }  // namespace morvane::cli

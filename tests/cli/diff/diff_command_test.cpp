@@ -133,7 +133,7 @@ TEST_F(DiffCommand, EndsWithTwoWhenAPackageCannotBeRead) {
   folder.write("net.bin", sound_package());
   expect_morvane({"diff", "missing.bin", "net.bin"}, 2, "",
                  "morvane: missing.bin: No such file or directory\n");
-  expect_morvane({"diff", "net.bin", "."}, 2, "", "morvane: .: Is a directory\n");
+  expect_morvane({"diff", "net.bin"}, 2, "", "morvane: NEW is missing; try morvane diff --help\n");
 }
 
 TEST_F(DiffCommand, NeedsLittleMemoryForLargePackages) {

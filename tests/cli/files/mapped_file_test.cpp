@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <filesystem>
 #include <string>
 
 #include "harness/run_tool.h"
@@ -23,6 +24,36 @@ void fail_to_read(const void* address) {
   cause.si_code = BUS_ADRERR;
   cause.si_addr = const_cast<void*>(address);
   ::syscall(SYS_rt_tgsigqueueinfo, ::getpid(), ::gettid(), SIGBUS, &cause);
+}
+
+TEST(MappedFile, IsFoundByTheAddressesOfItsBytes) {
+  const scratch_folder folder;
+  folder.write("net.bin", std::string(100000, 'x'));
+  const auto map = [&] {
+    return mapped_file(open_at(AT_FDCWD, folder.path("net.bin"), O_RDONLY), 100000, "net.bin");
+  };
+  const mapped_file older = map();
+  const mapped_file newer = map();
+  for (const mapped_file* const file : {&older, &newer}) {
+    EXPECT_EQ(cli::mapped_file_at(file->bytes().data()), file);
+    EXPECT_EQ(cli::mapped_file_at(file->bytes().data() + 99999), file);
+    EXPECT_NE(cli::mapped_file_at(file->bytes().data() + 100000), file);
+  }
+  EXPECT_EQ(cli::mapped_file_at(nullptr), nullptr);
+  EXPECT_EQ(cli::mapped_file_at(&folder), nullptr);
+}
+
+TEST(MappedFile, TellsWhyItsBytesAreLost) {
+  const scratch_folder folder;
+  folder.write("net.bin", "some bytes");
+  const mapped_file file(open_at(AT_FDCWD, folder.path("net.bin"), O_RDONLY), 10, "a\nb");
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(report_lost_bytes(file), 2);
+  std::filesystem::resize_file(folder.path("net.bin"), 9);
+  EXPECT_EQ(report_lost_bytes(file), 2);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "morvane: a\\x0ab: Input/output error\n"
+            "morvane: a\\x0ab: the file was cut while it was read\n");
 }
 
 TEST(MappedFileDeathTest, EndsTheProgramWhenTheDiskFails) {

@@ -71,17 +71,21 @@ TEST(CConditions, AreUncertainIfTheyGoOnInTheNextLine) {
 TEST(CConditions, HoldInAnIncludeGuard) {
   for (const char* guard :
        {"#ifndef X\n#define X", "#ifndef __X // one\n\n \r\n# define __X // two",
-        "/* x */\n#pragma once\n#ifndef X\r\n#define X\r"}) {
+        "/* x */\n#pragma once\n#ifndef X\r\n#define X\r", "#if 1\n#endif\n#ifndef X\n#define X",
+        "#ifdef __cplusplus\nextern \"C\" {\n#endif\n#ifndef X\n#define X",
+        "#if !defined(X)\n#define X", "#if !defined X // one\n#define X"}) {
     EXPECT_EQ(macros_below(guard), "a b") << guard;
   }
   EXPECT_EQ(defined_macros("#ifndef X\n#define X\n#else\n#define a 1\n#endif\n"), "a-left-out");
 }
 
 TEST(CConditions, AreUncertainIfTheyAreNoIncludeGuard) {
-  for (const char* lines : {"#ifndef X\n#define Y", "#ifndef X\n#define XY", "#ifndef X\n#undef X",
-                            "#ifndef X\n// x\n#define X", "#ifndef X\n#defineX",
-                            "#define X\n#ifndef X\n#define X", "#undef X\n#ifndef X\n#define X",
-                            "#if 1\n#endif\n#ifndef X\n#define X", "#ifdef X\n#define X"}) {
+  for (const char* lines :
+       {"#ifndef X\n#define Y", "#ifndef X\n#define XY", "#ifndef X\n#undef X",
+        "#ifndef X\n// x\n#define X", "#ifndef X\n#defineX", "#define X\n#ifndef X\n#define X",
+        "#undef X\n#ifndef X\n#define X", "#if Y\n#endif\n#ifndef X\n#define X",
+        "#ifdef X\n#define X", "#if !defined(X) && 1\n#define X", "#if !defined(Y)\n#define X",
+        "#if defined(X)\n#define X"}) {
     EXPECT_EQ(macros_below(lines), "a-uncertain b") << lines;
   }
 }

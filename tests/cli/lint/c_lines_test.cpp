@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "cli/lint/memory_plan.h"
-
 namespace morvane::test {
 namespace {
 
@@ -92,17 +90,6 @@ TEST(CLines, MayHoldACommentThatGoesOn) {
             "a=\n- in a comment\n- continued\nc=3\n");
   EXPECT_EQ(seen_macros("#define a 1 // one \\\n#define b 2\n#define c 3\n"),
             "a=1\n- in a comment\nc=3\n");
-}
-
-TEST(MemoryPlan, NamesAnImageThatSharesAddresses) {
-  memory_plan plan;
-  EXPECT_EQ(plan.add(image_range(0, 100, 10)), std::nullopt);
-  EXPECT_EQ(plan.add(image_range(1, 110, 10)), std::nullopt);
-  EXPECT_EQ(plan.add(image_range(2, 90, 10)), std::nullopt);
-  EXPECT_EQ(plan.add(image_range(3, 119, 2)), 1U);
-  EXPECT_EQ(plan.add(image_range(4, 120, 1)), 3U);
-  EXPECT_EQ(plan.add(image_range(5, 80, 50)), 2U);
-  EXPECT_EQ(plan.add(image_range(6, 100, 0)), std::nullopt);
 }
 
 }  // namespace

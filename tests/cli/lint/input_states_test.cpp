@@ -74,7 +74,7 @@ TEST_F(InputStates, ShowOtherBytesUnderTheOldTime) {
 TEST_F(InputStates, HaveAnErrorForWhatIsNoRegularFile) {
   folder.make_folder("folder");
   EXPECT_EQ(state_at(folder.path("folder")).error, EISDIR);
-  EXPECT_EQ(state_at("/dev/null").error, EINVAL);
+  EXPECT_EQ(state_at("/dev/null").error, ENOTBLK);
   EXPECT_EQ(state_at(folder.path("missing")).error, ENOENT);
   EXPECT_EQ(state_at(paths[0]).error, 0);
 }

@@ -35,7 +35,19 @@ struct kept_finding {
   std::string file;
   std::uint32_t line;
   std::uint32_t column;
+  std::string text;
+  bool is_effect = false;  // of the finding before it that is none
 };
+
+kept_finding kept(const cli::finding& found, bool is_effect) {
+  return {.code = std::string(found.kind->code),
+          .level = cli::level_of(found),
+          .file = std::string(found.file),
+          .line = found.place.line,
+          .column = found.place.column,
+          .text = found.text,
+          .is_effect = is_effect};
+}
 
 std::vector<kept_finding> lint(const std::string& folder, bool vproc) {
   std::vector<kept_finding> all;
@@ -43,8 +55,10 @@ std::vector<kept_finding> lint(const std::string& folder, bool vproc) {
   const int error = cli::lint_folder(
       scope,
       [&](const cli::finding& found) {
-        all.push_back({std::string(found.kind->code), cli::level_of(found), std::string(found.file),
-                       found.place.line, found.place.column});
+        all.push_back(kept(found, false));
+        for (const cli::finding& effect : found.rest) {
+          all.push_back(kept(effect, true));
+        }
       },
       [](std::size_t, std::size_t) {}, nullptr);
   EXPECT_EQ(error, 0);
@@ -102,33 +116,58 @@ bool is_c_name(const std::string& name) {
          name.find_first_not_of(in_names) == std::string::npos;
 }
 
-/// Whether a line of the text that holds the name has a finding.
-bool has_finding(const std::string& text, const std::string& name,
-                 const std::vector<kept_finding>& findings) {
+/// The codes of warnings about a value that C may give the macro, in another way.
+const std::set<std::string> unsure{"conditional", "cut-name", "trailing-text", "quoted-number"};
+
+/// Whether a difference is told: on a line of the text that holds the name, with the name, or where
+/// a block ends.
+bool is_told(const std::string& text, const std::string& name,
+             const std::vector<kept_finding>& findings) {
+  std::set<std::uint32_t> lines;
   std::uint32_t number = 1;
   for (std::size_t begin = 0; begin < text.size(); ++number) {
     const std::size_t end = std::min(text.find('\n', begin), text.size());
-    const bool holds_name = text.substr(begin, end - begin).find(name) != std::string::npos;
-    if (holds_name && std::ranges::find(findings, number, &kept_finding::line) != findings.end()) {
-      return true;
+    if (text.substr(begin, end - begin).find(name) != std::string::npos) {
+      lines.insert(number);
     }
     begin = end + 1;
   }
-  return false;
+  // In lines that depend on a condition, nothing is an error. An include guard is in the first
+  // line.
+  const bool depends =
+      text.find("\n#if") != std::string::npos ||
+      std::ranges::find(findings, "conditional", &kept_finding::code) != findings.end();
+  return std::ranges::any_of(findings, [&](const kept_finding& found) {
+    const bool is_there = lines.contains(found.line) || found.code == "block-ends" ||
+                          found.text.find(name) != std::string::npos;
+    return is_there && (depends || found.level == severity::error || unsure.contains(found.code));
+  });
 }
 
-/// The codes of errors whose harm a package may not show.
-const std::set<std::string> unseen_harm{"bad-index", "file-name-too-long", "miscounted-port",
-                                        "miscounted-vproc", "unreadable-file"};
+/// The codes of errors that mean that nothing can be packed, or that the package is not sound.
+const std::set<std::string> ends_the_run{
+    "no-images",       "unpaired-image",      "disordered-indices", "name-too-long",  "no-dag-name",
+    "image-too-short", "negative-image-size", "duplicate-dag-name", "unsafe-dag-name"};
 
-bool is_no_note(const kept_finding& found) {
-  return found.level != severity::note;
+/// The codes of what DVIs have to do with each other, which comes behind all else. The DVIs of a
+/// random folder belong to no network.
+const std::set<std::string> network_codes{
+    "port-mismatch",         "renamed-port",    "input-for-output",
+    "producer-comes-later",  "repeated-output", "port-too-small",
+    "images-overlap-partly", "images-overlap",  "bytes-overwritten",
+};
+
+bool is_of_network(const kept_finding& found) {
+  return network_codes.contains(found.code);
+}
+bool is_no_note_of_a_header(const kept_finding& found) {
+  return found.level != severity::note && !is_of_network(found);
 }
 bool is_error(const kept_finding& found) {
   return found.level == severity::error;
 }
-bool is_error_of_the_package(const kept_finding& found) {
-  return is_error(found) && !unseen_harm.contains(found.code);
+bool is_end_of_the_run(const kept_finding& found) {
+  return is_error(found) && ends_the_run.contains(found.code);
 }
 bool has_any(const std::vector<kept_finding>& findings, bool (*is_wanted)(const kept_finding&)) {
   return std::ranges::any_of(findings, is_wanted);
@@ -153,12 +192,17 @@ class LintPromises : public testing::Test {
   }
 
   static void check_order(const std::vector<kept_finding>& findings, const std::string& folder) {
-    for (std::size_t i = 1; i < findings.size(); ++i) {
-      const kept_finding& one = findings[i - 1];
-      const kept_finding& next = findings[i];
-      if (one.file == next.file) {
-        EXPECT_LE(std::pair(one.line, one.column), std::pair(next.line, next.column)) << one.file;
+    const kept_finding* last = nullptr;
+    for (const kept_finding& next : findings) {
+      if (next.is_effect) {
+        continue;
       }
+      if (last != nullptr && last->file == next.file &&
+          is_of_network(*last) == is_of_network(next)) {
+        EXPECT_LE(std::pair(last->line, last->column), std::pair(next.line, next.column))
+            << next.file;
+      }
+      last = &next;
     }
     for (const kept_finding& found : findings) {
       EXPECT_TRUE(found.file == folder || found.file.starts_with(folder + "/"));
@@ -225,12 +269,13 @@ class LintPromises : public testing::Test {
     const std::string folder = write_folder(make_folder(random, is_clean), number);
     const std::vector<kept_finding> findings = lint_unchanged(folder, vproc);
     check_order(findings, folder);
-    EXPECT_FALSE(is_clean && has_any(findings, is_no_note)) << "a finding in a clean folder";
+    EXPECT_FALSE(is_clean && has_any(findings, is_no_note_of_a_header))
+        << "a finding in a clean folder";
     const bool is_packed = pack_folder(folder, vproc, scratch.path("net.bin"));
     const std::string package = is_packed ? scratch.read("net.bin") : std::string();
     const bool is_good = is_packed && is_sound(package, vproc);
     EXPECT_TRUE(is_good || has_any(findings, is_error)) << "an error is missing";
-    EXPECT_FALSE(is_good && has_any(findings, is_error_of_the_package)) << "an error is invented";
+    EXPECT_FALSE(is_good && has_any(findings, is_end_of_the_run)) << "an error is invented";
     EXPECT_EQ(is_packed_safely(folder, vproc), !has_any(findings, is_error));
     if (is_good) {
       add_package(package, folder, number, vproc);
@@ -248,8 +293,8 @@ class LintPromises : public testing::Test {
       compared += answers[i] == c_answer::no_macro ? 0 : 1;
       if (answers[i] == c_answer::other) {
         ++different;
-        EXPECT_TRUE(has_finding(scratch.read(macro.header), macro.name, findings_of[macro.header]))
-            << "no finding for " << macro.name << ", which is not " << macro.value << ", in\n"
+        EXPECT_TRUE(is_told(scratch.read(macro.header), macro.name, findings_of[macro.header]))
+            << "no error for " << macro.name << ", which is not " << macro.value << ", in\n"
             << scratch.read(macro.header);
       }
     }
@@ -275,6 +320,7 @@ std::set<std::string> all_codes() {
       codes.insert(*entry.path().lexically_relative(findings).begin());
     }
   }
+  codes.erase("stale-baseline-entry");  // is not about the folder
   return codes;
 }
 
@@ -291,11 +337,13 @@ TEST_F(LintPromises, HoldOverFoldersWithMistakes) {
       compare_with_c();
     }
   }
+  std::erase_if(codes, [](const auto& code) { return network_codes.contains(code.first); });
   unsigned rarest = cases;
   const std::set<std::string> known_codes = all_codes();
   for (const std::string& code : known_codes) {
-    rarest = std::min(rarest, codes[code]);
-    EXPECT_TRUE(codes[code] >= 20 || cases < 5000) << code << ": " << codes[code] << " times";
+    const unsigned count = network_codes.contains(code) ? cases : codes[code];
+    rarest = std::min(rarest, count);
+    EXPECT_TRUE(count >= 20 || cases < 5000) << code << ": " << codes[code] << " times";
   }
   EXPECT_LE(codes.size(), known_codes.size()) << "a code has no case";
   std::printf("%u folders packed, %u macros compared with C, %u of them differ\n", packed, compared,

@@ -247,7 +247,11 @@ void add_near(header_lines& header, const chosen_macro& macro, random_numbers& r
 }
 
 void add_anywhere(header_lines& header, const chosen_macro& macro, random_numbers& random) {
+  constexpr std::array seldom{">>>>>>> other", "#endif", "#define other_DAG_NAME \"other\""};
   const std::size_t place = below(random, header.lines.size() + 1);
+  if (one_in(random, 20)) {
+    return insert(header, place, seldom.at(below(random, seldom.size())));
+  }
   switch (below(random, 8)) {
     case 0:
       return insert(header, place, "/* a comment */");

@@ -126,8 +126,8 @@ TEST_F(Pack, QuietPrintsNothingOfASuccess) {
 }
 
 constexpr const char* outside =
-    "in/net.h:6:26: warning: the DAG binary is at 9, outside the image, which has 5 bytes from 0 "
-    "on [dagbin-outside-image]\n";
+    "in/net.h:6:26: warning: the DAG binary is at 0x9, outside the image, which has 5 bytes "
+    "from 0x0 on [dagbin-outside-image]\n";
 
 TEST_F(Pack, ShowsWarningsAndGoesOn) {
   folder.write("in/net.h", std::string(net_header) + "#define net_dagbin_start 9\n");
@@ -159,8 +159,8 @@ TEST_F(Pack, RefusesAMissingFolder) {
 TEST_F(Pack, RefusesAMissingHeader) {
   fs::remove(folder.path("in/net.h"));
   expect_refused({}, 1,
-                 "in/net.dvi:1:1: error: the header net.h is missing: nothing can be packed "
-                 "[unpaired-image]\n",
+                 "in/net.dvi:1:1: error: the image has no header; net.h or _net.h is missing: "
+                 "nothing can be packed [unpaired-image]\n",
                  "morvane: in: 1 error, 0 warnings: nothing is packed\n");
 }
 
@@ -168,7 +168,7 @@ TEST_F(Pack, RefusesAnInputThatIsNoFile) {
   fs::remove(folder.path("in/net.h"));
   folder.make_folder("in/net.h");
   expect_refused({}, 2,
-                 "in/net.h:1:1: error: the file cannot be read: Is a directory, so the DAG gets no "
+                 "in/net.h:1:1: error: the file cannot be read: it is a folder, so the DAG gets no "
                  "name and no image [unreadable-file]\n",
                  "morvane: in: 1 error, 0 warnings: nothing is packed\n");
 }
@@ -273,13 +273,17 @@ TEST_F(Pack, WritesADependencyFile) {
   EXPECT_EQ(folder.read("net.d"),
             "net.bin: \\\n"
             "  in/net.dvi \\\n"
-            "  in/net.h\n");
+            "  in/net.h\n"
+            "in/net.dvi:\n"
+            "in/net.h:\n");
   fs::rename(folder.path("in"), folder.path("a b#c$d\\e\\ f"));
   expect_morvane({"pack", "-q", "a b#c$d\\e\\ f", "-o", "net bin", "--depfile", "net.d"}, 0, "");
   EXPECT_EQ(folder.read("net.d"),
             "net\\ bin: \\\n"
             "  a\\ b\\#c$$d\\e\\\\\\ f/net.dvi \\\n"
-            "  a\\ b\\#c$$d\\e\\\\\\ f/net.h\n");
+            "  a\\ b\\#c$$d\\e\\\\\\ f/net.h\n"
+            "a\\ b\\#c$$d\\e\\\\\\ f/net.dvi:\n"
+            "a\\ b\\#c$$d\\e\\\\\\ f/net.h:\n");
 }
 
 TEST_F(Pack, NamesThePackageThatTheUserNamedWhenItCannotBeWritten) {

@@ -162,6 +162,63 @@ TEST_F(ReportCommand, ShowsWhatComesBeforeADamage) {
   expect_not_shown(page, "DVI 1: <bdi>");
 }
 
+TEST_F(ReportCommand, CallsUnknownWhatTheDamageHides) {
+  const std::string page = page_of(sound_package().substr(0, 0x12A3));
+  expect_shown(page, "<dt>Ports</dt><dd>2 and unknown</dd>");
+  expect_shown(page, "<dt>vproc records</dt><dd>unknown</dd>");
+  expect_shown(page, "<p>The biggest image known is that of <b>");
+  expect_shown(page, "<span class=\"flow\">to unknown</span>");
+  expect_shown(page, "<td>to unknown</td></tr>");
+  expect_not_shown(page_of(sound_package()), "unknown");
+}
+
+TEST_F(ReportCommand, BeginsWithTheFindingsAndIsOnlyGreenWithoutWarnings) {
+  std::string package = sound_package();
+  package[0x57C + 56] = 'M';  // port_name of the output of DVI 0
+  const std::string page = page_of(package);
+  expect_shown(page,
+               "<b class=\"verdict doubtful\">sound, with warnings</b> 0 errors, 1 warning, ");
+  expect_shown(page, "<details open><summary>1 warning</summary>");
+  expect_shown(page, "output Middle of DVI 0 (first), which feeds nothing</bdi>");
+  EXPECT_LT(page.find("id=\"findings\""), page.find("<dl class=\"facts\">"));
+}
+
+TEST_F(ReportCommand, CountsWhatFollowsFromAFinding) {
+  const std::string page =
+      page_of(header(3) + bytes(sound_dvi(0, "a", 0, 1)) + bytes(sound_dvi(1, "b", 0, 1)) +
+              bytes(sound_dvi(2, "c", 0, 1)) + bytes(sound_port("x", 0)) + image() +
+              bytes(sound_port("x", 0)) + image() + bytes(sound_port("x", 0)) + image());
+  expect_shown(page,
+               "output x of DVI 1 (b) has the name of output x of DVI 0 (a) too (and 1 more)");
+}
+
+TEST_F(ReportCommand, MarksAnInputThatLostItsProducer) {
+  std::string package = sound_package();
+  package[0x57C + 56] = 'M';
+  const std::string page = page_of(package, {"--against", "old.bin"});
+  expect_shown(page, "<td>from outside <b class=\"bad\">lost its producer</b></td>");
+  expect_shown(page, "<span class=\"flow\">from outside <b class=\"bad\">lost its producer</b>");
+  expect_not_shown(page_of(sound_package(), {"--against", "old.bin"}), "lost its producer");
+}
+
+TEST_F(ReportCommand, MarksADviThatLostAProducerAmongMany) {
+  const auto package = [](std::string_view name) {
+    std::string table = header(40);
+    std::string blocks;
+    for (std::uint8_t i = 0; i < 40; ++i) {
+      const std::string number = std::to_string(i);
+      table += bytes(sound_dvi(i, "dag" + number, 1, 1));
+      blocks += bytes(sound_port(i == 0 ? "camera" : "s" + std::to_string(i - 1), i)) +
+                bytes(sound_port(i == 5 ? name : "s" + number, i + 1U)) + image();
+    }
+    return table + blocks;
+  };
+  folder.write("net.bin", package("other"));
+  folder.write("old.bin", package("s5"));
+  const run_result run = morvane({"report", "net.bin", "--against", "old.bin"});
+  expect_shown(run.output, "<span>from outside</span> <b class=\"bad\">lost a producer</b>");
+}
+
 TEST_F(ReportCommand, ShowsAFileThatHoldsNothing) {
   for (const std::string& package : {std::string(), std::string("short"), header(0)}) {
     const std::string page = page_of(package);

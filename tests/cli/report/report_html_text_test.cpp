@@ -26,9 +26,10 @@ TEST(HtmlText, NeverCutsAnEscapeOfAShortName) {
 }
 
 TEST(HtmlText, ShortensATextThatNeedsMoreThan2048Bytes) {
+  const std::string beginning(169, 'n');
+  const std::string ending(170, 'n');
   EXPECT_EQ(html(std::string(2048, 'n')).size(), 2048U);
-  EXPECT_EQ(html(std::string(2049, 'n')),
-            std::string(169, 'n') + "\xE2\x80\xA6" + std::string(170, 'n'));
+  EXPECT_EQ(html(std::string(2049, 'n')), beginning + "\xE2\x80\xA6" + ending);
   EXPECT_EQ(html(std::string(341, '"')).size(), 2046U);
   EXPECT_EQ(html(std::string(342, '"')).size(), 2037U);
 }

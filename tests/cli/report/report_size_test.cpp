@@ -190,9 +190,9 @@ TEST(ReportSize, LeavesOutFindingsThatHaveNoRoomAndSaysHowMany) {
     package += bytes(port("data\n", "layer"));
   }
   const std::string page = sized_page(package);
-  EXPECT_NE(page.find("<summary>102 warnings</summary>"), std::string::npos);
-  EXPECT_EQ(count_of(page, "<li><b class=\"warning\">"), 27U);
-  EXPECT_NE(page.find("<li>and 75 more, which <code>morvane check --notes</code> tells</li>"),
+  EXPECT_NE(page.find("<summary>100 warnings</summary>"), std::string::npos);
+  EXPECT_EQ(count_of(page, "<li><b class=\"warning\">"), 26U);
+  EXPECT_NE(page.find("<li>and 74 more, which <code>morvane check --notes</code> tells</li>"),
             std::string::npos);
 }
 

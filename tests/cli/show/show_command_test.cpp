@@ -54,7 +54,9 @@ TEST_F(ShowCommand, ShowsATableOfEveryDvi) {
       "  variable  name  bit offset  bits\n"
       "  0         gain           8    16\n"
       "  SMB  name  offset\n"
-      "  0    lut      256\n");
+      "  0    lut      256\n"
+      "\n"
+      "data: sign, data size, exponent offset, exponent bits; - when not given\n");
 }
 
 TEST_F(ShowCommand, ShowsADataFormatOfWhichAnyNumberIsGiven) {

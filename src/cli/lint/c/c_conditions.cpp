@@ -26,7 +26,8 @@ visibility evaluate(const c_reader& reader, std::string_view condition) {
 }
 
 /// Whether "#ifndef NAME" on the line at a place is an include guard: no line above it defines a
-/// macro or has a condition, and the next one that is not blank is "#define NAME".
+/// macro or has a condition that is not decided, and the next one that is not blank is
+/// "#define NAME".
 bool is_include_guard(const c_reader& reader, std::string_view name, std::size_t place) {
   if (!reader.is_at_top || reader.continued || name.empty()) {
     return false;
@@ -58,8 +59,21 @@ void enter_branch(c_reader& reader, visibility holds) {
   }
 }
 
+/// The name in "!defined NAME" and "!defined(NAME)"; empty for any other condition.
+std::string_view undefined_name(std::string_view condition) {
+  constexpr std::string_view sign = "!defined";
+  if (!condition.starts_with(sign)) {
+    return {};
+  }
+  std::string_view name = trimmed(condition.substr(sign.size()));
+  if (name.starts_with('(') && name.ends_with(')')) {
+    name = trimmed(name.substr(1, name.size() - 2));
+  }
+  return leading_name(name) == name ? name : std::string_view();
+}
+
 void open_condition(c_reader& reader, visibility holds, std::size_t place) {
-  reader.is_at_top = false;
+  reader.is_at_top = reader.is_at_top && holds != visibility::unknown;
   reader.conditions.push_back({.taken = holds, .place = place});
   enter_branch(reader, holds);
 }
@@ -86,7 +100,8 @@ void follow_condition(c_reader& reader, std::string_view directive, std::string_
                       std::size_t place) {
   const std::string_view name = leading_name(argument);
   if (directive == "if") {
-    open_condition(reader, evaluate(reader, argument), place);
+    const bool is_guard = is_include_guard(reader, undefined_name(argument), place);
+    open_condition(reader, is_guard ? visibility::active : evaluate(reader, argument), place);
   } else if (directive == "ifdef") {
     open_condition(reader, evaluate(reader, std::string("defined ").append(name)), place);
   } else if (directive == "ifndef") {
@@ -96,7 +111,10 @@ void follow_condition(c_reader& reader, std::string_view directive, std::string_
         is_guard ? visibility::active : evaluate(reader, std::string("!defined ").append(name)),
         place);
   } else if (reader.conditions.empty()) {
-    return;
+    const bool is_end = directive == "elif" || directive == "else" || directive == "endif";
+    if (is_end && !reader.unopened) {
+      reader.unopened = place;
+    }
   } else if (directive == "elif") {
     next_branch(reader, evaluate(reader, argument));
   } else if (directive == "else") {

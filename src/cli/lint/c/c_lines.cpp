@@ -26,6 +26,9 @@ std::string_view take_text(c_reader& reader, std::string_view text) {
   }
   const bare_text bare = without_comments(text, reader.buffer);
   reader.in_comment = bare.end == text_end::open_comment;
+  if (reader.in_comment) {
+    reader.comment = static_cast<std::size_t>(text.data() - reader.header.data()) + bare.comment;
+  }
   reader.in_line_comment = bare.end == text_end::line_comment && reader.continued;
   const bool leads_on = reader.continued && bare.end == text_end::line && bare.text.ends_with('\\');
   return leads_on ? trimmed(bare.text.substr(0, bare.text.size() - 1)) : bare.text;
@@ -108,6 +111,9 @@ c_line read_c_line(c_reader& reader, std::string_view line) {
   }
   const bool is_rest = reader.continued && !reader.in_comment && !reader.in_line_comment;
   reader.continued = ends_in_backslash(line);
+  if (reader.in_comment) {
+    result.comment = reader.comment;
+  }
   if (!leave_comment(reader, line)) {
     result.state = visibility::in_comment;
     return result;

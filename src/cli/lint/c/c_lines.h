@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,12 +24,13 @@ enum class directive { none, define, undef };
 struct c_line {
   visibility state = visibility::active;
   directive kind = directive::none;
-  std::string_view name{};      // of the macro
-  std::string_view word{};      // the name and what follows it: a.0_W of "#define a.0_W 1"
-  std::string_view value{};     // what replaces the macro, without comments
-  bool has_parameters = false;  // NAME(...)
-  bool continued = false;       // in the next line, behind a backslash
-  std::size_t condition = 0;    // the place of the condition, in the header
+  std::string_view name{};               // of the macro
+  std::string_view word{};               // the name and what follows it: a.0_W of "#define a.0_W 1"
+  std::string_view value{};              // what replaces the macro, without comments
+  bool has_parameters = false;           // NAME(...)
+  bool continued = false;                // in the next line, behind a backslash
+  std::size_t condition = 0;             // the place of the condition, in the header
+  std::optional<std::size_t> comment{};  // the place of the comment that the line begins in
 };
 
 /// A condition that is open. What an example sets at each of its lines:
@@ -49,9 +51,11 @@ struct c_reader {
   std::string_view header;
   bool is_at_top = true;  // no line so far defines a macro or has a condition
   bool in_comment = false;
+  std::size_t comment = 0;       // the place of the last comment that goes on in the next line
   bool in_line_comment = false;  // that a backslash leads on
   bool continued = false;
   std::vector<c_condition> conditions{};
+  std::optional<std::size_t> unopened{};  // the place of the first #else or #endif without an #if
   std::string buffer{};
 };
 

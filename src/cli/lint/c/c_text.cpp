@@ -80,6 +80,7 @@ bare_text without_comments(std::string_view text, std::string& buffer) {
     const std::size_t close = sign == "/*" ? text.find("*/", at + 2) : std::string_view::npos;
     if (close == std::string_view::npos) {
       bare.end = sign == "/*" ? text_end::open_comment : text_end::line_comment;
+      bare.comment = at;
       text = text.substr(0, at);
       break;
     }

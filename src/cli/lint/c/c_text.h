@@ -36,6 +36,7 @@ enum class text_end { line, open_comment, line_comment };
 struct bare_text {
   std::string_view text;
   text_end end = text_end::line;
+  std::size_t comment = 0;  // where the comment begins that does not end
 };
 bare_text without_comments(std::string_view text, std::string& buffer);
 

@@ -39,6 +39,7 @@ struct recorder {
       reading.values.push_back({.place = last & 0xFFFFFFFFFFFU,
                                 .length = match.value.size() & 0xFFFU,
                                 .row = row & 0xFFU});
+      reading.blocks.back().taken |= std::uint64_t{1} << row;
     }
   }
   void count_port(std::string_view name, const port_class& ports_class) {

@@ -28,9 +28,10 @@ struct taken_value {
 /// A block, from the name in its introducing line to the line that ends it. The description of a
 /// DAG counts as one block.
 struct parsed_block {
-  std::string_view name;  // lies in the header
-  std::size_t end;        // the place of the line that ends it
-  bool is_counted;        // by the parser that counts such blocks
+  std::string_view name;    // lies in the header
+  std::size_t end;          // the place of the line that ends it
+  bool is_counted;          // by the parser that counts such blocks
+  std::uint64_t taken = 0;  // the macros that have values, a bit for each row
 };
 
 /// What one parser read: all blocks of a kind.

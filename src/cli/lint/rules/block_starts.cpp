@@ -83,19 +83,19 @@ void check_keyword(comparison& header, object_kind kind, const parsed_block& blo
   }
 }
 
+/// Without a name of the DAG no port is counted, which is told with that.
 void check_count(comparison& header, object_kind kind, const parsed_block& block,
                  const std::string& title) {
-  if (block.is_counted || header.reading.of(object_kind::dag).is_stopped) {
+  const bool is_port = kind != object_kind::smb;
+  if (block.is_counted || header.reading.of(object_kind::dag).is_stopped ||
+      (is_port && header.reading.dag_name.empty())) {
     return;
   }
   const std::size_t place = header.place_of(block.name);
-  if (kind == object_kind::smb) {
+  if (!is_port) {
     report(header, kind_of("miscounted-vproc"), place,
            joined(title, " is packed, but its line has a ", variable_keyword,
                   " too and counts as a variable only"));
-  } else if (header.reading.dag_name.empty()) {
-    report(header, kind_of("miscounted-port"), place,
-           joined(title, " is packed, but not counted: the header names no DAG"));
   } else if (block.name.data() < header.reading.dag_name.data() ||
              header.lines.line(place) ==
                  header.lines.line(header.place_of(header.reading.dag_name))) {
@@ -133,24 +133,10 @@ std::optional<std::pair<const finding_kind*, std::string_view>> hidden_source(
   return std::nullopt;
 }
 
-}  // namespace
-
-void check_introduction(comparison& header, object_kind kind, const parsed_block& block,
-                        const c_line& line, std::string_view text) {
-  const std::string title = block_title(kind, block);
-  check_count(header, kind, block, title);
-  check_name(header, block, title, text);
-  check_keyword(header, kind, block, line, text, title);
-}
-
-void check_dag_line(comparison& header, const c_line& line, std::string_view text) {
+/// Judges what the name of the DAG is read from.
+void check_dag_source(comparison& header, const c_line& line, std::string_view text) {
   const std::string_view name = header.reading.dag_name;
   const std::size_t place = header.place_of(name);
-  const std::string_view unsafe = unsafe_part(name);
-  if (!unsafe.empty()) {
-    report(header, kind_of("unsafe-dag-name"), place,
-           joined("the DAG's name ", in_quotes(name), unsafe));
-  }
   const std::string end = joined(" is read as the DAG's name: it becomes ", in_quotes(name));
   if (const auto source = hidden_source(line, text)) {
     report(header, source->first, place, joined(source->second, end));
@@ -168,16 +154,46 @@ void check_dag_line(comparison& header, const c_line& line, std::string_view tex
     return;
   }
   if (line.state == visibility::unknown) {
-    report(header, kind_of("conditional"), place,
-           joined(printable(line.name), " depends on the condition on ",
-                  line_title(header, line.condition), ", but is read in any case"));
+    report_cause(header, {.kind = kind_of("conditional"),
+                          .place = line.condition,
+                          .text = joined(printable(line.name),
+                                         " depends on this condition, but is read in any case")});
   }
   if (line.continued) {
     report(header, kind_of("continued-line"), place,
            joined("the name goes on in the next line, which is not read: it becomes ",
                   in_quotes(name)));
   } else if (const auto fault = compare_text(line.name, name, line.value, header.macros)) {
-    report(header, fault->kind, place, fault->text);
+    header.findings.push_back(
+        {.kind = fault->kind, .place = place, .text = fault->text, .level = severity::error});
+  }
+}
+
+}  // namespace
+
+void check_introduction(comparison& header, object_kind kind, const parsed_block& block,
+                        const c_line& line, std::string_view text) {
+  const std::string title = block_title(kind, block);
+  check_count(header, kind, block, title);
+  check_name(header, block, title, text);
+  check_keyword(header, kind, block, line, text, title);
+}
+
+void check_dag_line(comparison& header, const c_line& line, std::string_view text) {
+  const std::size_t first = header.findings.size();
+  check_dag_source(header, line, text);
+  const std::string_view name = header.reading.dag_name;
+  const std::string_view unsafe = unsafe_part(name);
+  if (unsafe.empty()) {
+    return;
+  }
+  header_finding found{.kind = kind_of("unsafe-dag-name"),
+                       .place = header.place_of(name),
+                       .text = joined("the DAG's name ", in_quotes(name), unsafe)};
+  if (name.ends_with('\r') && header.findings.size() > first) {
+    add_effect(header.findings[first], std::move(found));
+  } else {
+    header.findings.push_back(std::move(found));
   }
 }
 
@@ -197,26 +213,6 @@ void check_stops(comparison& header) {
     report(header, kind_of("name-too-long"), reading.stop,
            joined("the ", is_name ? name_of(kind) : "layer", " name has ", length,
                   " bytes, and at most ", limit.longest, " fit: nothing can be packed"));
-  }
-}
-
-void note_defaults(comparison& header, object_kind kind) {
-  const std::size_t next = header.cursor(kind).next_block;
-  if (!header.with_notes || next == 0) {
-    return;
-  }
-  const std::span<const macro_row> macros = macros_of(kind);
-  std::string missing;
-  for (std::size_t i = 0; i < macros.size(); ++i) {
-    if ((header.cursor(kind).taken_rows >> i & 1U) == 0) {
-      append_pieces(missing, missing.empty() ? "" : ", ", macros[i].suffix, " (",
-                    default_value(macros[i], empty_record(kind)), ")");
-    }
-  }
-  const parsed_block& block = header.reading.of(kind).blocks[next - 1];
-  if (!missing.empty()) {
-    report(header, kind_of("default-used"), header.place_of(block.name),
-           joined(block_title(kind, block), " has no macro for ", missing));
   }
 }
 

@@ -18,7 +18,4 @@ void check_dag_line(comparison& header, const c_line& line, std::string_view tex
 /// Tells which names are too long for their fields, so that the pack run fails.
 void check_stops(comparison& header);
 
-/// Notes which fields of a block have no macro.
-void note_defaults(comparison& header, object_kind kind);
-
 }  // namespace morvane::cli

@@ -1,16 +1,22 @@
 #include "cli/lint/rules/compare_header.h"
 
 #include <algorithm>
+#include <array>
 
 #include "cli/lint/c/c_lines.h"
 #include "cli/lint/rules/block_starts.h"
 #include "cli/lint/rules/comparison.h"
+#include "cli/lint/rules/file_rules.h"
 #include "cli/lint/rules/ignored_macros.h"
+#include "cli/lint/rules/incomplete_ports.h"
+#include "cli/lint/rules/lost_macros.h"
 #include "cli/lint/rules/repeated_macros.h"
-#include "cli/lint/rules/unknown_macros.h"
 #include "cli/lint/rules/used_values.h"
 #include "cli/output/printable_text.h"
 #include "format/length_limits.h"
+#include "headers/dag_descriptions.h"
+#include "headers/port_descriptions.h"
+#include "headers/vproc_descriptions.h"
 
 namespace morvane::cli {
 
@@ -34,7 +40,6 @@ void check_values(comparison& header, object_kind kind, const c_line& line, std:
                            .row = &macros_of(kind)[taken.row],
                            .word = header.reading.header.substr(taken.place, taken.length)};
     const bool is_own = check_value(header, value, line, text);
-    cursor.taken_rows |= std::uint64_t{1} << taken.row;
     events.took_own = events.took_own || is_own;
     events.took_stray = events.took_stray || !is_own;
   }
@@ -46,7 +51,7 @@ void check_introductions(comparison& header, object_kind kind, const c_line& lin
   const auto& blocks = header.reading.of(kind).blocks;
   while (cursor.next_block < blocks.size() &&
          header.place_of(blocks[cursor.next_block].name) < end) {
-    note_defaults(header, kind);
+    check_defaults(header, kind);
     check_block_end(header, kind);
     const parsed_block& block = blocks[cursor.next_block++];
     cursor.is_repeated = header.names.is_repeated(family_of(kind), block.name);
@@ -78,19 +83,38 @@ void check_kind(comparison& header, object_kind kind, const c_line& line, std::s
   }
 }
 
-void check_line(comparison& header, const c_line& line, std::string_view text, std::size_t end) {
+/// Whether the pack run would read something on a line, or C does.
+bool holds_something(const c_line& line, std::string_view text) {
+  constexpr std::array<std::string_view, 4> keys{input_ports.keyword, output_ports.keyword,
+                                                 smb_keyword, dag_name_macro};
+  return line.kind == directive::define || std::ranges::any_of(keys, [&](std::string_view key) {
+           return text.find(key) != std::string_view::npos;
+         });
+}
+
+void check_bytes(comparison& header, const c_line& line, std::string_view text) {
   const std::size_t place = header.place_of(text);
-  if (text.size() > line_limit.longest) {
-    report(header, kind_of("line-too-long"), place,
-           joined("the line has ", text.size(), " bytes, and at most ", line_limit.longest,
-                  " are read: it is ignored"));
-    return;
-  }
   const std::size_t nul = header.has_nul ? text.find('\0') : std::string_view::npos;
   if (nul != std::string_view::npos) {
-    report(header, kind_of("nul-byte"), place + nul,
-           "a byte of the line is 0: no value behind it is read");
+    header.findings.push_back(line_finding(kind_of("nul-byte"), place + nul,
+                                           "a byte of the line is 0: no value behind it is read",
+                                           holds_something(line, text)));
   }
+  if (line.state != visibility::in_comment && !header.conflict && is_conflict_marker(text)) {
+    header.conflict = place;
+  }
+}
+
+void check_line(comparison& header, const c_line& line, std::string_view text, std::size_t end) {
+  if (text.size() > line_limit.longest) {
+    header.findings.push_back(
+        line_finding(kind_of("line-too-long"), header.place_of(text),
+                     joined("the line has ", text.size(), " bytes, and at most ",
+                            line_limit.longest, " are read: it is ignored"),
+                     holds_something(line, text)));
+    return;
+  }
+  check_bytes(header, line, text);
   line_events events;
   for (const object_kind kind : header.kinds) {
     check_kind(header, kind, line, text, end, events);
@@ -104,20 +128,18 @@ void check_line(comparison& header, const c_line& line, std::string_view text, s
   }
 }
 
-void check_whole(comparison& header) {
-  for (const object_kind kind : header.kinds) {
-    note_defaults(header, kind);
-    check_block_end(header, kind);
-  }
-  check_missing_block(header);
-  check_repeated(header);
-  check_undefined(header);
-  check_stops(header);
+/// Tells what about the whole header keeps it from being read as it is meant.
+void check_file(comparison& header) {
   const std::string_view text = header.reading.header;
   if (header.reading.dag_name.empty()) {
     report(header, kind_of("no-dag-name"), 0,
-           joined("no line has a value for ", dag_name_macro,
-                  ": the DAG gets no name, no image and no counted ports"));
+           text.empty() ? "the header is empty: the DAG gets no name, no image and no ports"
+                        : joined("no line has a value for ", dag_name_macro,
+                                 ": the DAG gets no name, no image and no counted ports"));
+  }
+  if (header.conflict) {
+    report(header, kind_of("conflict-marker"), *header.conflict,
+           "a merge left this line here: both sides of the conflict are read");
   }
   if (header.with_notes && !text.empty() && !text.ends_with('\n')) {
     report(header, kind_of("no-trailing-newline"), text.size() - 1,
@@ -125,9 +147,59 @@ void check_whole(comparison& header) {
   }
 }
 
+/// The place of the last line.
+std::size_t last_line(std::string_view text) {
+  text.remove_suffix(text.ends_with('\n') ? 1 : 0);
+  const std::size_t newline = text.rfind('\n');
+  return newline == std::string_view::npos ? 0 : newline + 1;
+}
+
+/// Tells which comments and conditions are open at the end, and which conditions were not.
+void check_ends(comparison& header, const c_reader& reader) {
+  if (reader.in_comment) {
+    report_cause(header, {.kind = kind_of("in-comment"),
+                          .place = reader.comment,
+                          .text = "the comment that begins here has no end"});
+  }
+  if (!reader.conditions.empty()) {
+    report_cause(header, {.kind = kind_of("unbalanced-condition"),
+                          .place = last_line(header.reading.header),
+                          .text = joined("the header ends here, but the condition on ",
+                                         line_title(header, reader.conditions.back().place),
+                                         " has no #endif: lines may be missing")});
+  }
+  if (reader.unopened) {
+    report_cause(header, {.kind = kind_of("unbalanced-condition"),
+                          .place = *reader.unopened,
+                          .text = "no condition is open that this line could belong to"});
+  }
+}
+
+void check_whole(comparison& header, const c_reader& reader) {
+  for (const object_kind kind : header.kinds) {
+    check_defaults(header, kind);
+    check_block_end(header, kind);
+  }
+  check_ends(header, reader);
+  check_lost_macros(header);
+  check_repeated(header);
+  check_incomplete_ports(header);
+  check_undefined(header);
+  check_stops(header);
+  check_file(header);
+}
+
 }  // namespace
 
 header_findings compare_header(const header_reading& reading, bool with_vproc, bool with_notes) {
+  if (const std::string_view coding = coding_of(reading.header); !coding.empty()) {
+    header_findings only;
+    only.push_back(
+        {.kind = kind_of("not-text"),
+         .place = 0,
+         .text = joined("the header is ", coding, ": nothing in it is read as it is meant")});
+    return only;
+  }
   comparison header(reading, with_vproc, with_notes);
   const std::string_view text = reading.header;
   header.has_nul = text.find('\0') != std::string_view::npos;
@@ -139,8 +211,8 @@ header_findings compare_header(const header_reading& reading, bool with_vproc, b
     check_line(header, seen, line, newline);
     begin = newline + 1;
   }
-  check_whole(header);
-  return std::move(header.findings);
+  check_whole(header, reader);
+  return grouped(std::move(header.findings));
 }
 
 }  // namespace morvane::cli

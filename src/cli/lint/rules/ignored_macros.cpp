@@ -1,9 +1,10 @@
 #include "cli/lint/rules/ignored_macros.h"
 
+#include <algorithm>
+
 #include "cli/lint/c/c_number.h"
 #include "cli/lint/c/c_text.h"
 #include "cli/lint/rules/repeated_macros.h"
-#include "cli/lint/rules/unknown_macros.h"
 #include "cli/lint/rules/value_rules.h"
 #include "cli/output/printable_text.h"
 #include "headers/dag_descriptions.h"
@@ -30,10 +31,23 @@ const parsed_block* open_block(comparison& header, object_kind kind, std::size_t
   return place < block.end && header.place_of(block.name) < place ? &block : nullptr;
 }
 
-/// Whether the parser of a kind gave up before a place: what follows was not read by it.
-bool is_behind_stop(const comparison& header, object_kind kind, std::size_t place) {
-  const kind_reading& reading = header.reading.of(kind);
-  return reading.is_stopped && place >= reading.stop;
+bool is_sure(const unread_macro& macro) {
+  return macro.line.state == visibility::active;
+}
+
+/// Why a macro is not read.
+header_finding macro_finding(const unread_macro& macro, const finding_kind* kind,
+                             std::string text) {
+  header_finding found = line_finding(kind, macro.place, std::move(text), is_sure(macro));
+  if (macro.parts.family == macro_family::dag) {
+    found.dag_rows = dag_row(object_kind::dag, *macro.parts.row);
+  }
+  return found;
+}
+
+void report(comparison& header, const unread_macro& macro, const finding_kind* kind,
+            std::string text) {
+  header.findings.push_back(macro_finding(macro, kind, std::move(text)));
 }
 
 bool is_empty_text(const unread_macro& macro) {
@@ -55,71 +69,39 @@ void check_in_block(comparison& header, const unread_macro& macro, object_kind k
   const auto row = static_cast<std::size_t>(macro.parts.row - macros_of(kind).data());
   const row_state& state = header.cursor(kind).rows.at(row);
   const std::string name = printable(macro.line.name);
-  const bool is_taken = (header.cursor(kind).taken_rows >> row & 1U) != 0;
   if (is_empty_text(macro)) {
-    if (is_taken && state.own.row != nullptr && !state.own.word.empty()) {
-      report(header, kind_of("no-value"), macro.place,
-             joined(name, " is empty here, but stays ",
-                    packed_value(*macro.parts.row, state.own.word)));
-      return;
+    if (state.own.row != nullptr && !state.own.word.empty()) {
+      return report(header, macro, kind_of("no-value"),
+                    joined(name, " is empty here, but stays ",
+                           packed_value(*macro.parts.row, state.own.word)));
     }
     remember_definition(header, {.kind = kind,
                                  .block = index,
                                  .row = macro.parts.row,
                                  .place = macro.place,
                                  .word = {},
-                                 .has_default = true});
+                                 .has_default = true,
+                                 .is_sure = is_sure(macro)});
     return;
   }
   if (macro.line.value.empty() && !macro.line.continued) {
-    const std::string now = is_taken && state.own.row != nullptr
+    const std::string now = state.own.row != nullptr
                                 ? packed_value(*macro.parts.row, state.own.word)
                                 : default_value(*macro.parts.row, empty_record(kind));
-    report(header, kind_of("no-value"), macro.place, joined(name, " has no value: it stays ", now));
-    return;
+    return report(header, macro, kind_of("no-value"),
+                  joined(name, " has no value: it stays ", now));
   }
   if (macro.text.find('\0') != std::string_view::npos) {
     return;  // the NUL was told already
   }
   if (holds_only_separators(macro)) {
-    report(header, kind_of("no-value"), macro.place,
-           joined("the value of ", name, ", ", printable(macro.line.value),
-                  ", holds only separators: it is not read"));
-    return;
+    return report(header, macro, kind_of("no-value"),
+                  joined("the value of ", name, ", ", printable(macro.line.value),
+                         ", holds only separators: it is not read"));
   }
-  report(header, kind_of("two-macros-on-a-line"), macro.place,
-         joined(name, " is not read: something else on its line is read in its place"));
-}
-
-void check_outside(comparison& header, const unread_macro& macro) {
-  // The last block of the name before the macro, or else the first behind it.
-  object_kind kind{};
-  const parsed_block* nearest = nullptr;
-  header.names.for_each(
-      macro.parts.family, macro.parts.block, [&](const block_names::entry& entry) {
-        const parsed_block& block = header.reading.of(entry.kind).blocks[entry.index];
-        const bool is_before = header.place_of(block.name) < macro.place;
-        const bool known_is_before =
-            nearest != nullptr && header.place_of(nearest->name) < macro.place;
-        const bool is_later =
-            nearest != nullptr && header.place_of(block.name) > header.place_of(nearest->name);
-        if (nearest == nullptr || (is_before && (!known_is_before || is_later)) ||
-            (!is_before && !known_is_before && !is_later)) {
-          nearest = &block;
-          kind = entry.kind;
-        }
-      });
-  if (nearest == nullptr || is_behind_stop(header, kind, macro.place)) {
-    return;
-  }
-  const std::string title = block_title(kind, *nearest);
-  const std::string reason = header.place_of(nearest->name) > macro.place
-                                 ? joined("comes before the block of ", title, ", which begins on ",
-                                          line_title(header, header.place_of(nearest->name)))
-                                 : joined("comes after the block of ", title, ", which ended on ",
-                                          line_title(header, nearest->end));
-  report(header, kind_of("outside-any-block"), macro.place,
-         joined(printable(macro.line.name), " is not read: it ", reason));
+  report_cause(header,
+               macro_finding(macro, kind_of("two-macros-on-a-line"),
+                             joined(name, " is not read: something else on its line is read")));
 }
 
 void check_known_block(comparison& header, const unread_macro& macro) {
@@ -135,7 +117,8 @@ void check_known_block(comparison& header, const unread_macro& macro) {
       return;
     }
   }
-  check_outside(header, macro);
+  header.lost.push_back(
+      {.name = macro.line.name, .parts = macro.parts, .is_known = true, .is_sure = is_sure(macro)});
 }
 
 void check_dag_macro(comparison& header, const unread_macro& macro) {
@@ -144,10 +127,9 @@ void check_dag_macro(comparison& header, const unread_macro& macro) {
   }
   const std::size_t named_at = header.place_of(header.reading.dag_name);
   if (header.lines.line(macro.place) <= header.lines.line(named_at)) {
-    report(header, kind_of("name-before-dag-name"), macro.place,
-           joined(printable(macro.line.name), " is not read: it must come after ",
-                  line_title(header, named_at), ", which names the DAG"));
-    return;
+    return report(header, macro, kind_of("name-before-dag-name"),
+                  joined(printable(macro.line.name), " is not read: it must come after ",
+                         line_title(header, named_at), ", which names the DAG"));
   }
   check_in_block(header, macro, object_kind::dag, 0);
 }
@@ -160,10 +142,11 @@ void check_dag_name(comparison& header, const c_line& line, std::size_t place) {
            joined(printable(line.name), " has no value: it names no DAG"));
   } else if (!header.reading.dag_name.empty() &&
              literal.value_or(line.value) != header.reading.dag_name) {
-    report(header, kind_of("defined-twice"), place,
-           joined(printable(line.name),
-                  " is not read: ", line_title(header, header.place_of(header.reading.dag_name)),
-                  " names the DAG already, ", in_quotes(header.reading.dag_name)));
+    report(header, kind_of("second-dag"), place,
+           joined(printable(line.name), " names another DAG, but ",
+                  line_title(header, header.place_of(header.reading.dag_name)), " names ",
+                  in_quotes(header.reading.dag_name),
+                  " already: what follows is packed as a part of that"));
   }
 }
 
@@ -179,29 +162,56 @@ macro_parts known_parts(const comparison& header, std::string_view name) {
   return {};
 }
 
+/// What a macro that belongs to nothing known would be as one of a port; without a row if it cannot
+/// be one.
+macro_parts port_parts(const comparison& header, std::string_view macro) {
+  const auto* const row = std::ranges::find_if(
+      port_macros, [&](const macro_row& each) { return macro.ends_with(each.suffix); });
+  const std::string_view dag = header.reading.dag_name;
+  const std::size_t begin = dag.size() + 1;
+  if (dag.empty() || row == port_macros.end() || macro.size() <= begin + row->suffix.size() ||
+      !macro.starts_with(dag) || macro[dag.size()] != '_') {
+    return {.family = macro_family::port};
+  }
+  return {.family = macro_family::port,
+          .row = &*row,
+          .block = macro.substr(begin, macro.size() - begin - row->suffix.size())};
+}
+
+/// Judges a macro of a known block. Returns whether it is one.
+bool check_known_macro(comparison& header, const c_line& line, std::string_view text) {
+  const macro_parts parts = known_parts(header, line.name);
+  if (parts.row == nullptr) {
+    return false;
+  }
+  const unread_macro macro{
+      .line = line, .text = text, .place = header.place_of(line.name), .parts = parts};
+  parts.family == macro_family::dag ? check_dag_macro(header, macro)
+                                    : check_known_block(header, macro);
+  return true;
+}
+
 void check_definition(comparison& header, const c_line& line, std::string_view text) {
-  const std::size_t place = header.place_of(line.name);
   if (line.name.ends_with(dag_name_macro)) {
     if (!header.reading.dag_name.empty() && text.data() <= header.reading.dag_name.data() &&
         header.reading.dag_name.data() < text.data() + text.size()) {
       return;  // this line names the DAG
     }
-    check_dag_name(header, line, place);
-    return;
+    check_dag_name(header, line, header.place_of(line.name));
+  } else if (!check_known_macro(header, line, text)) {
+    header.lost.push_back({.name = line.name,
+                           .parts = port_parts(header, line.name),
+                           .is_known = false,
+                           .is_sure = line.state == visibility::active});
   }
-  if (const macro_parts parts = known_parts(header, line.name); parts.row != nullptr) {
-    const unread_macro macro{.line = line, .text = text, .place = place, .parts = parts};
-    parts.family == macro_family::dag ? check_dag_macro(header, macro)
-                                      : check_known_block(header, macro);
-    return;
-  }
-  check_unknown_macro(header, line, place);
 }
 
 /// A later definition makes the removal harmless.
 void check_undefinition(comparison& header, const c_line& line) {
   if (known_parts(header, line.name).row != nullptr) {
-    header.undefined.insert_or_assign(line.name, header.place_of(line.name));
+    header.undefined.insert_or_assign(line.name,
+                                      removed_macro{.place = header.place_of(line.name),
+                                                    .is_sure = line.state == visibility::active});
   }
 }
 
@@ -214,15 +224,18 @@ void check_unread(comparison& header, const c_line& line, std::string_view text,
   }
   if (line.kind == directive::undef) {
     check_undefinition(header, line);
-  } else if (line.kind == directive::define && !took_stray) {
+  } else if (line.kind == directive::define && took_stray) {
+    check_known_macro(header, line, text);
+  } else if (line.kind == directive::define) {
     check_definition(header, line, text);
   }
 }
 
 void check_undefined(comparison& header) {
-  for (const auto& [name, place] : header.undefined) {
-    report(header, kind_of("undefined-macro"), place,
-           joined("#undef is not read: ", printable(name), " stays as it is"));
+  for (const auto& [name, removed] : header.undefined) {
+    header.findings.push_back(line_finding(
+        kind_of("undefined-macro"), removed.place,
+        joined("#undef is not read: ", printable(name), " stays as it is"), removed.is_sure));
   }
 }
 

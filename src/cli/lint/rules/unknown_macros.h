@@ -1,17 +1,17 @@
-// Macros that belong to nothing that the header introduces.
+// Single macros that belong to nothing that the header introduces.
 #pragma once
 
-#include "cli/lint/c/c_lines.h"
+#include <optional>
+
 #include "cli/lint/rules/comparison.h"
 
 namespace morvane::cli {
 
-/// Tells when such a macro is probably meant for the DAG or for the block above it, as its name is
-/// nearly right. Otherwise takes it up, and notes it. The place is that of its name.
-void check_unknown_macro(comparison& header, const c_line& line, std::size_t place);
+/// What to say about a macro that is probably meant for the DAG or for the block above it, as its
+/// name is nearly right; nothing about any other.
+std::optional<header_finding> misnaming_of(comparison& header, const lost_macro& macro);
 
-/// Tells when the unknown macros up to here are those of one port, at the first of them. To be
-/// called at the end of the header.
-void check_missing_block(comparison& header);
+/// Notes that a macro of the DAG is not read.
+void note_unknown(comparison& header, const lost_macro& macro);
 
 }  // namespace morvane::cli

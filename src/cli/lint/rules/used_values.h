@@ -20,7 +20,7 @@ struct line_value {
 bool check_value(comparison& header, const line_value& value, const c_line& line,
                  std::string_view text);
 
-/// Ends a block: tells which of its macros lost their values to other lines, and which are missing.
+/// Ends a block: tells which of its values come from other lines than those of their macros.
 void check_block_end(comparison& header, object_kind kind);
 
 }  // namespace morvane::cli

@@ -55,6 +55,13 @@ bool has_other_base(std::string_view word) {
           word[1] == 'B');
 }
 
+/// Whether what follows the digits of a number says that it is a float without a fraction: ".0f".
+bool is_whole_float(std::string_view rest) {
+  const std::size_t fraction = std::min(rest.find_first_not_of('0', 1), rest.size());
+  rest = rest.starts_with('.') ? rest.substr(fraction) : " ";
+  return rest.empty() || rest == "f" || rest == "F" || rest == "l" || rest == "L";
+}
+
 value_fault octal_fault(std::string_view word, const c_number& number, const std::string& end) {
   if (!number.is_known) {
     return {kind_of("not-decimal"), joined(printable(word), " is no octal number for C", end)};
@@ -78,7 +85,8 @@ value_fault number_fault(const macro_row& row, std::string_view taken, std::stri
   }
   if (!is_whole) {
     return {kind_of("trailing-text"),
-            joined("only ", word.substr(0, digits), " of ", printable(word), " is read", end)};
+            joined("only ", word.substr(0, digits), " of ", printable(word), " is read", end),
+            is_whole_float(word.substr(digits)) ? severity::warning : severity::error};
   }
   if (number.is_known || word == c_value) {
     return {kind_of("out-of-range"),
@@ -86,10 +94,13 @@ value_fault number_fault(const macro_row& row, std::string_view taken, std::stri
   }
   if (c_value.starts_with('"')) {
     return {kind_of("quoted-number"),
-            joined(printable(c_value), " is a text for C, not a number", end)};
+            joined(printable(c_value), " is a text for C, not a number", end),
+            c_string_of(c_value) == word ? severity::warning : severity::error};
   }
+  const bool is_same = trimmed(c_value.substr(0, c_value.find(';'))) == word;
   return {kind_of("cut-name"),
-          joined("the value ", in_quotes(c_value), " is cut at a separator", end)};
+          joined("the value ", in_quotes(c_value), " is cut at a separator", end),
+          is_same ? severity::warning : severity::error};
 }
 
 /// Nothing for C, but a word of a comment behind the macro.
@@ -142,6 +153,12 @@ bool is_same_value(const macro_row& row, std::string_view one, std::string_view 
                                       : packed_number(row, one) == packed_number(row, other);
 }
 
+bool has_default_value(const macro_row& row, std::string_view word,
+                       std::span<const std::byte> empty_record) {
+  return row.kind == macro_kind::text ? word == load_text(empty_record, row)
+                                      : packed_number(row, word) == load_number(empty_record, row);
+}
+
 bool is_default(const macro_row& row, std::string_view c_value,
                 std::span<const std::byte> empty_record) {
   if (row.kind == macro_kind::text) {
@@ -192,7 +209,8 @@ std::optional<value_fault> compare_text(std::string_view macro, std::string_view
   if (word.ends_with('\r') && text == word.substr(0, word.size() - 1)) {
     return value_fault{
         kind_of("carriage-return"),
-        joined("the line ends in a carriage return, which becomes part of the name", end)};
+        joined("the line ends in a carriage return, which becomes part of the name", end),
+        severity::error};
   }
   if (text.find('\\') != std::string_view::npos) {
     return value_fault{kind_of("escape-sequence"), joined("the backslash in ", printable(c_value),

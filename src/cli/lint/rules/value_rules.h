@@ -18,6 +18,7 @@ namespace morvane::cli {
 struct value_fault {
   const finding_kind* kind;
   std::string text;
+  std::optional<severity> level{};  // that of the kind if there is none
 };
 
 /// A value in a package, as messages show it: a number, or a text in quotes.
@@ -28,6 +29,10 @@ std::string default_value(const macro_row& row, std::span<const std::byte> empty
 
 /// Whether two words are the same value in a field.
 bool is_same_value(const macro_row& row, std::string_view one, std::string_view other);
+
+/// Whether a word gives the field the value that the record holds by default.
+bool has_default_value(const macro_row& row, std::string_view word,
+                       std::span<const std::byte> empty_record);
 
 /// Whether C gives the field the value that the record holds by default.
 bool is_default(const macro_row& row, std::string_view c_value,

@@ -41,6 +41,7 @@ header>.dim{margin:0;font-size:.85rem}
 .mark{color:var(--mark);background:var(--mark-bg)}
 .verdict{padding:.1rem .7rem;border-radius:1em;print-color-adjust:exact}
 .sound{color:var(--good);background:var(--good-bg)}
+.doubtful{color:var(--warn);background:var(--soft)}
 .unsound{color:var(--bad);background:var(--bad-bg)}
 .facts,.fields{display:grid;grid-template-columns:repeat(auto-fill,minmax(9.5rem,1fr));
 gap:.5rem 1.25rem;margin:1rem 0}

@@ -10,6 +10,6 @@ extern const std::string_view page_style;
 
 /// Its SHA-256, as the page's Content-Security-Policy names it. A test compares the two.
 inline constexpr std::string_view page_style_hash =
-    "sha256-s2eBkE/a8klW8EBwoSBo/S4096WSxuSitGE6GuB25HM=";
+    "sha256-TqVkkBYqtUxNeyyu1W+92VoeAnIlljDkj0QfcQ0RQTg=";
 
 }  // namespace morvane::cli

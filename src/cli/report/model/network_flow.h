@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <vector>
 
@@ -29,11 +30,21 @@ struct connection {
 struct network_flow {
   std::vector<connection> by_input{};     // in the order of the inputs
   std::vector<connection> by_output{};    // the same in the order of the outputs
+  std::vector<port_place> lost{};         // inputs that a DVI fed in an older package, in order
+  bool is_whole = true;                   // no DVI is cut off that could get data
   std::vector<std::string> mismatches{};  // the first is empty: "W is 8, not 16"
 };
 
 /// Finds all connections of a package.
 network_flow find_flow(const opened_package& package);
+
+/// Notes the inputs that have no connection, but had one in the older package.
+void find_lost_inputs(const opened_package& older, const opened_package& package,
+                      network_flow& flow);
+
+/// Where the data of an input without a connection comes from, and where that of an output goes to.
+std::string_view origin_of(const network_flow& flow, port_place input);
+std::string_view destination_of(const network_flow& flow);
 
 /// The connection to an input, or null when its data comes from outside.
 const connection* connection_to(const network_flow& flow, port_place input);

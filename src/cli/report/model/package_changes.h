@@ -52,6 +52,9 @@ change_mark next_mark(record_marks& marks, object_kind kind, std::string_view na
 
 /// The last part of a path. The folders are not on the page: it is for other people too.
 inline std::string_view file_name(std::string_view path) {
+  if (path == standard_input_path) {
+    return "standard input";
+  }
   return path.substr(path.rfind('/') + 1);
 }
 

@@ -9,11 +9,16 @@ namespace {
 
 void keep(const finding& found, checked_package& checked) {
   count(found, checked.counts);
-  std::vector<finding>& list = found.kind->level == severity::error     ? checked.errors
-                               : found.kind->level == severity::warning ? checked.warnings
-                                                                        : checked.notes;
+  const severity level = level_of(found);
+  std::vector<finding>& list = level == severity::error     ? checked.errors
+                               : level == severity::warning ? checked.warnings
+                                                            : checked.notes;
   if (list.size() < max_kept_findings) {
-    list.push_back(found);
+    list.push_back({.kind = found.kind,
+                    .file = {},
+                    .place = found.place,
+                    .text = text_with_rest(found),
+                    .level = level});
   }
 }
 

@@ -49,6 +49,7 @@ struct dvi_flow {
   std::uint32_t outer_outputs = 0;
   std::vector<std::uint32_t> sources{};  // DVIs, in order
   bool differs = false;
+  bool is_lost = false;  // an input lost its producer
 };
 
 dvi_flow dvi_flow_of(const network_flow& flow, const morvane_view_dvi& dvi) {
@@ -56,6 +57,8 @@ dvi_flow dvi_flow_of(const network_flow& flow, const morvane_view_dvi& dvi) {
   for (std::uint32_t i = 0; i < dvi.input_num; ++i) {
     const connection* const source = connection_to(flow, {dvi.position, i});
     found.outer_inputs += source == nullptr ? 1 : 0;
+    found.is_lost =
+        found.is_lost || std::ranges::binary_search(flow.lost, port_place{dvi.position, i});
     if (source != nullptr) {
       found.sources.push_back(source->output.dvi);
       found.differs = found.differs || source->mismatch != 0;
@@ -81,7 +84,8 @@ void write_inputs(page_output& out, const dvi_flow& flow) {
   } else if (flow.outer_inputs != 0) {
     write(out, " <span>from outside</span>");
   }
-  write(out, flow.differs ? " <b class=\"bad\">differs</b>" : "");
+  write(out, flow.differs ? " <b class=\"bad\">differs</b>" : "",
+        flow.is_lost ? " <b class=\"bad\">lost a producer</b>" : "");
 }
 
 /// Writes what a DVI hands on: the DVIs that get it, and name, dims and format of the first output.
@@ -95,11 +99,8 @@ void write_outputs(const page_content& content, page_output& out, const morvane_
   if (dvi.output_num == 0) {
     return;
   }
-  write(out, " <span>to ", numbers(fed),
-        flow.outer_outputs == 0 ? ""
-        : fed.empty()           ? "outside"
-                                : " and outside",
-        "</span>");
+  write(out, " <span>to ", numbers(fed), flow.outer_outputs == 0 || fed.empty() ? "" : " and ",
+        flow.outer_outputs == 0 ? "" : destination_of(content.flow), "</span>");
   morvane_view_port port{};
   if (morvane_view_output(&content.package.view, &dvi, 0, &port) == MORVANE_VIEW_OK) {
     constexpr std::size_t max_characters = 24;

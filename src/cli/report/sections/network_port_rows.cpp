@@ -84,7 +84,8 @@ void write_input(port_rows& rows, const morvane_view_port& port, port_place plac
   const connection* const source = connection_to(rows.content.flow, place);
   begin_row(rows, "row port", {.has_inputs = source == nullptr});
   write_port(rows, object_kind::input, port);
-  write(rows.out, "from ", source == nullptr ? "outside" : dvi_link(source->output.dvi));
+  write(rows.out, source == nullptr ? std::string(origin_of(rows.content.flow, place))
+                                    : joined("from ", dvi_link(source->output.dvi)));
   if (source != nullptr && source->mismatch != 0) {
     write(rows.out, " <b class=\"bad\">differs: ", rows.content.flow.mismatches[source->mismatch],
           "</b>");
@@ -96,7 +97,9 @@ void write_output(port_rows& rows, const morvane_view_port& port, port_place pla
   const auto fed = connections_from(rows.content.flow, place);
   begin_row(rows, "row port", {.has_outputs = fed.empty()});
   write_port(rows, object_kind::output, port);
-  write(rows.out, "to ", fed.empty() ? "outside" : listed(fed, fed.size(), fed_dvi_link),
+  write(rows.out, "to ",
+        fed.empty() ? std::string(destination_of(rows.content.flow))
+                    : listed(fed, fed.size(), fed_dvi_link),
         "</span></div></div>\n");
 }
 

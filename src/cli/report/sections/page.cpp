@@ -19,6 +19,7 @@ void write_page(const page_content& content, page_output& out) {
   write_page_head(content, out);
   write(out, "<main>\n");
   write_findings(content, out);
+  write_overview(content, out);
   write_changes(content, out);
   write_network(content, out);
   write_images(content, out);

@@ -10,9 +10,10 @@ namespace {
 
 void write_verdict(const page_content& content, page_output& out) {
   const finding_counts& counts = content.checked.counts;
-  const bool is_sound = counts.errors == 0;
-  write(out, "<p><b class=\"verdict ", is_sound ? "sound" : "unsound", "\">",
-        is_sound ? "sound" : "not sound", "</b> ", counted(counts.errors, "error"), ", ",
+  const std::string_view verdict = counts.errors != 0     ? "unsound\">not sound"
+                                   : counts.warnings != 0 ? "doubtful\">sound, with warnings"
+                                                          : "sound\">sound";
+  write(out, "<p><b class=\"verdict ", verdict, "</b> ", counted(counts.errors, "error"), ", ",
         counted(counts.warnings, "warning"), ", ", counted(counts.notes, "note"));
   if (content.changes != nullptr) {
     write(out, "; <a href=\"#changes\">", counted(content.changes->all, "difference"), "</a> from ",
@@ -28,11 +29,14 @@ void write_facts(const page_content& content, page_output& out) {
     write(out, fact("Tool", version_text(view.version, view.HASH)),
           fact("DVIs", grouped(view.dvi_num)));
   }
-  write(out, fact("Ports", grouped(content.totals.ports)),
-        fact("Variables", grouped(content.totals.variables)),
-        fact("SMB blocks", grouped(content.totals.smbs)),
-        fact("Images", byte_size(content.totals.image_bytes)),
-        fact("vproc records", view.vproc_table != 0 ? "yes" : "no"), "</dl>\n");
+  const bool is_cut = is_damaged(content.package);
+  const std::string_view more = is_cut ? " and unknown" : "";
+  const std::string_view other = is_cut ? "unknown" : "no";
+  write(out, fact("Ports", joined(grouped(content.totals.ports), more)),
+        fact("Variables", joined(grouped(content.totals.variables), more)),
+        fact("SMB blocks", joined(grouped(content.totals.smbs), more)),
+        fact("Images", joined(byte_size(content.totals.image_bytes), more)),
+        fact("vproc records", view.vproc_table != 0 ? "yes" : other), "</dl>\n");
 }
 
 /// What a stranger asks first.
@@ -46,9 +50,10 @@ void write_short_answers(const page_content& content, page_output& out) {
           ".</p>\n");
   }
   if (biggest.dvi_img_size != 0) {
-    write(out, "<p>The biggest image is that of <b>", dvi_link(biggest.position), "</b> ",
-          isolated(str(biggest.dag_name)), ": ", byte_size(biggest.dvi_img_size), " at ",
-          hexadecimal(biggest.dvi_img_vaddr), ".</p>\n");
+    write(out, "<p>The biggest image ", is_damaged(content.package) ? "known " : "",
+          "is that of <b>", dvi_link(biggest.position), "</b> ", isolated(str(biggest.dag_name)),
+          ": ", byte_size(biggest.dvi_img_size), " at ", hexadecimal(biggest.dvi_img_vaddr),
+          ".</p>\n");
   }
 }
 
@@ -63,19 +68,17 @@ void write_navigation(const page_content& content, page_output& out) {
         "<li><a href=\"#dvis\">DVIs</a></li></ul></nav>\n");
 }
 
-/// Writes the findings of one severity, notes folded.
+/// Writes the findings of one severity, notes folded: they are good to know, no more.
 void write_severity(const std::vector<finding>& found, std::uint64_t all, std::string_view thing,
                     page_output& out) {
   if (all == 0) {
     return;
   }
-  constexpr std::uint64_t max_unfolded = 10;
-  const bool is_open = all <= max_unfolded && thing != "note";
-  write(out, "<details", is_open ? " open" : "", "><summary>", counted(all, thing),
+  write(out, "<details", thing != "note" ? " open" : "", "><summary>", counted(all, thing),
         "</summary>\n<ul class=\"findings\">\n");
   bounded_list list{out, max_findings_bytes};
   for (const finding& one : found) {
-    const std::string_view level = name_of(one.kind->level);
+    const std::string_view level = name_of(level_of(one));
     write_entry(list, "<li><b class=\"", level, "\">", level, "</b> <span class=\"mono\">",
                 hexadecimal(one.place.offset), "</span> ", isolated(one.text), " <code>",
                 one.kind->code, "</code></li>\n");
@@ -89,10 +92,13 @@ void write_page_head(const page_content& content, page_output& out) {
   write(out, "<header>\n<p class=\"dim\">Package</p>\n<h1>",
         isolated(file_name(content.package.path)), "</h1>\n");
   write_verdict(content, out);
+  write(out, "</header>\n");
+}
+
+void write_overview(const page_content& content, page_output& out) {
   write_facts(content, out);
   write_short_answers(content, out);
   write_navigation(content, out);
-  write(out, "</header>\n");
 }
 
 void write_findings(const page_content& content, page_output& out) {

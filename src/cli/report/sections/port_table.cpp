@@ -82,11 +82,14 @@ void write_flow(const port_table_rows& rows, const record_name& name) {
   write(rows.out, "<td>");
   if (name.kind == object_kind::input) {
     const connection* const source = connection_to(flow, place);
-    write(rows.out, "from ", source == nullptr ? "outside" : dvi_link(source->output.dvi),
+    write(rows.out,
+          source == nullptr ? std::string(origin_of(flow, place))
+                            : joined("from ", dvi_link(source->output.dvi)),
           source != nullptr && source->mismatch != 0 ? " <b class=\"bad\">differs</b>" : "");
   } else {
     const auto fed = connections_from(flow, place);
-    write(rows.out, "to ", fed.empty() ? "outside" : listed(fed, max_links, fed_dvi_link));
+    write(rows.out, "to ",
+          fed.empty() ? std::string(destination_of(flow)) : listed(fed, max_links, fed_dvi_link));
   }
   write(rows.out, "</td></tr>\n");
 }

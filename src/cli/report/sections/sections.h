@@ -9,8 +9,11 @@ namespace morvane::cli {
 /// Writes the whole page: the sections below, in their order.
 void write_page(const page_content& content, page_output& out);
 
-/// Writes name, verdict, numbers, the sentences that matter most, and the way to the sections.
+/// Writes name and verdict.
 void write_page_head(const page_content& content, page_output& out);
+
+/// Writes numbers, the sentences that matter most, and the way to the sections.
+void write_overview(const page_content& content, page_output& out);
 
 /// Writes the findings of the check.
 void write_findings(const page_content& content, page_output& out);

@@ -1,2 +1,2 @@
 cp plain.bin net.bin
-put 0xac "$(word 4159)$(word 64)$(word 4159)"
+put 0xac "$(word 4096)$(word 64)$(word 4096)"

@@ -1,3 +1,3 @@
 #define net_DAG_NAME "net"
 #define net_image_size 5
-#define net_dagbin_size 2
+#define net_frames 2

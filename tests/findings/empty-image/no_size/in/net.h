@@ -1,0 +1,1 @@
+#define net_DAG_NAME "net"

@@ -1,0 +1,2 @@
+#define net_DAG_NAME "net"
+#define net_image_size 0

@@ -1,0 +1,2 @@
+network
+sed -i 's/_image_size 5/_image_size 0/' in/net_split_1.h

@@ -1,0 +1,2 @@
+network
+sed -i 's,HMB_input p3 \*/,HMB_input p3,' in/net_split_1.h

@@ -1,0 +1,2 @@
+network
+sed -i 's,HMB_output p4 \*/,HMB_output p4,' in/net_split_1.h

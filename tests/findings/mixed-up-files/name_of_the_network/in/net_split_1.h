@@ -1,0 +1,3 @@
+#define net_DAG_NAME "net"
+#define net_image_size 5
+#define net_image_start 4096

@@ -1,0 +1,3 @@
+#define net_split_2_DAG_NAME "net_split_2"
+#define net_split_2_image_size 7
+#define net_split_2_image_start 12288

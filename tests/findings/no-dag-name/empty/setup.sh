@@ -1,0 +1,2 @@
+network
+: >in/net_split_1.h

@@ -1,0 +1,1 @@
+#define net_image_size 5

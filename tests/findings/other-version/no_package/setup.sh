@@ -1,0 +1,1 @@
+printf 'the package is elsewhere' >net.bin

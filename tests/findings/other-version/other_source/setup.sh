@@ -1,0 +1,2 @@
+cp plain.bin net.bin
+put 0x4 "$(word 305419896)"

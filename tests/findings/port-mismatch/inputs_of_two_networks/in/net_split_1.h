@@ -1,0 +1,20 @@
+#define net_split_1_DAG_NAME "net_split_1"
+#define net_split_1_image_size 5
+#define net_split_1_image_start 8192
+#define net_split_1_dagbin_start 8192
+/* net_split_1 HMB_input image */
+#define net_split_1_image_W 32
+#define net_split_1_image_H 1
+#define net_split_1_image_D 1
+#define net_split_1_image_P 1
+#define net_split_1_image_datasize 8
+#define net_split_1_image_dbase_byte_offset 0
+#define net_split_1_image_dram_size_num_bytes 32
+/* net_split_1 HMB_output b */
+#define net_split_1_b_W 16
+#define net_split_1_b_H 1
+#define net_split_1_b_D 1
+#define net_split_1_b_P 1
+#define net_split_1_b_datasize 8
+#define net_split_1_b_dbase_byte_offset 32
+#define net_split_1_b_dram_size_num_bytes 16

@@ -1,0 +1,28 @@
+#define net_split_1_DAG_NAME "net_split_1"
+#define net_split_1_image_size 5
+#define net_split_1_image_start 8192
+#define net_split_1_dagbin_start 8192
+/* net_split_1 HMB_input image */
+#define net_split_1_image_W 8
+#define net_split_1_image_H 1
+#define net_split_1_image_D 1
+#define net_split_1_image_P 1
+#define net_split_1_image_datasize 8
+#define net_split_1_image_dbase_byte_offset 0
+#define net_split_1_image_dram_size_num_bytes 16
+/* net_split_1 HMB_input s1 */
+#define net_split_1_s1_W 16
+#define net_split_1_s1_H 1
+#define net_split_1_s1_D 1
+#define net_split_1_s1_P 1
+#define net_split_1_s1_datasize 8
+#define net_split_1_s1_dbase_byte_offset 16
+#define net_split_1_s1_dram_size_num_bytes 16
+/* net_split_1 HMB_output out */
+#define net_split_1_out_W 16
+#define net_split_1_out_H 1
+#define net_split_1_out_D 1
+#define net_split_1_out_P 1
+#define net_split_1_out_datasize 8
+#define net_split_1_out_dbase_byte_offset 32
+#define net_split_1_out_dram_size_num_bytes 16

@@ -1,0 +1,20 @@
+#define net_split_2_DAG_NAME "net_split_2"
+#define net_split_2_image_size 5
+#define net_split_2_image_start 12288
+#define net_split_2_dagbin_start 12288
+/* net_split_2 HMB_input s1 */
+#define net_split_2_s1_W 16
+#define net_split_2_s1_H 1
+#define net_split_2_s1_D 1
+#define net_split_2_s1_P 1
+#define net_split_2_s1_datasize 8
+#define net_split_2_s1_dbase_byte_offset 16
+#define net_split_2_s1_dram_size_num_bytes 16
+/* net_split_2 HMB_output o1 */
+#define net_split_2_o1_W 16
+#define net_split_2_o1_H 1
+#define net_split_2_o1_D 1
+#define net_split_2_o1_P 1
+#define net_split_2_o1_datasize 8
+#define net_split_2_o1_dbase_byte_offset 48
+#define net_split_2_o1_dram_size_num_bytes 16

@@ -1,2 +1,0 @@
-#define b_DAG_NAME "b"
-#define b_image_size 5

@@ -1,0 +1,4 @@
+#define net_DAG_NAME "net"
+#define net_image_size 5
+/* HMB_input data */
+#define net_data_W 40

@@ -1,0 +1,2 @@
+network
+sed -i '37i#ifdef FAST' in/net_split_1.h

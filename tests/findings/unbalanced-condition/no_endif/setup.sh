@@ -1,0 +1,2 @@
+network
+sed -i '$d' in/net_split_1.h

@@ -1,0 +1,2 @@
+network
+echo '#endif' >>in/net_split_1.h

@@ -1,0 +1,1 @@
+ln -s /dev/null in/null_split_1.dvi

@@ -1,0 +1,1 @@
+ln -s missing in/link.dvi

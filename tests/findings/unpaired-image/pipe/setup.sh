@@ -1,0 +1,1 @@
+mkfifo in/pipe.dvi

@@ -1,2 +1,0 @@
-#define net_DAG_NAME "net"
-#define net_image_size 5
