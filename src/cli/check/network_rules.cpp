@@ -4,9 +4,9 @@
 #include <utility>
 #include <vector>
 
-#include "cli/wiring/wiring_rules.h"
 #include "cli/package/overlaps.h"
 #include "cli/package/package_walk.h"
+#include "cli/wiring/wiring_rules.h"
 
 namespace morvane::cli {
 

@@ -6,9 +6,9 @@
 #include <unordered_set>
 
 #include "cli/findings/findings.h"
-#include "cli/wiring/wired_network.h"
 #include "cli/lint/dvi_reading.h"
 #include "cli/lint/folder_rules.h"
+#include "cli/wiring/wired_network.h"
 
 namespace morvane::cli {
 

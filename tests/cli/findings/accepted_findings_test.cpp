@@ -189,7 +189,8 @@ TEST_F(AcceptedFindings, LetAPackageBeMadeAllTheSame) {
       std::string(cut) + "net.bin: packed, 1 DVI, 1 port, without vproc records, 1253 bytes\n");
   EXPECT_EQ(run_tool({"-d", "in", "-f", "tool.bin"}, folder.path()).status, 0);
   EXPECT_TRUE(folder.read("net.bin") == folder.read("tool.bin"));
-  folder.write("stale.txt", std::string(comment) + left_out_entry + cut_entry + "empty-image .: x\n");
+  folder.write("stale.txt",
+               std::string(comment) + left_out_entry + cut_entry + "empty-image .: x\n");
   expect_outcome(
       run({"pack", "in", "-o", "net.bin", "--werror", "--baseline", "stale.txt"}), 0,
       "stale.txt:4:1: note: no finding is like this entry any more: empty-image .: x "
