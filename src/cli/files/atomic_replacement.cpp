@@ -67,8 +67,7 @@ int atomic_replacement::find(const std::string& path) {
     return error;
   }
   name_ = target.filename().string();
-  const std::string folder = target.parent_path().string();
-  folder_ = open_folder(folder.empty() ? "." : folder.c_str());
+  folder_ = open_folder(target.has_parent_path() ? target.parent_path().string() : ".");
   const std::optional<struct stat> status = status_of(folder_);
   if (!status) {
     return errno;

@@ -152,7 +152,11 @@ std::vector<wired_finding> one_of_each_cause(std::vector<caused_finding> found) 
   std::map<finding_cause, std::size_t> known;
   for (caused_finding& one : found) {
     const auto [cause, is_new] = known.try_emplace(one.cause, all.size());
-    (is_new ? all : all[cause->second].rest).push_back(std::move(one.found));
+    if (is_new) {
+      all.push_back(std::move(one.found));
+    } else {
+      all.at(cause->second).rest.push_back(std::move(one.found));
+    }
   }
   std::ranges::stable_sort(all, {}, [](const wired_finding& one) {
     return std::tuple(one.dvi, one.place.line, one.place.column, one.place.offset);
