@@ -47,6 +47,28 @@ smb_desc smb(std::string_view name) {
   return record;
 }
 
+port_desc varied_port(std::string_view port_name, std::string_view layer_name) {
+  port_desc varied = port(port_name, layer_name);
+  varied.P = 1;
+  varied.D = 2;
+  varied.H = 3;
+  varied.W = 4;
+  varied.pitch = 5;
+  varied.dram_format = 6;
+  varied.drotate_bit_offset = 8;
+  varied.hflip_bit_offset = 9;
+  varied.vflip_bit_offset = 10;
+  varied.dflip_bit_offset = 11;
+  varied.pflip_bit_offset = 12;
+  varied.sign = 1;
+  varied.datasize = 16;
+  varied.expoffset = -15;
+  varied.expbits = 5;
+  varied.port_size = 4294967295;
+  varied.port_byte_offset = 13;
+  return varied;
+}
+
 std::string sample_package() {
   constexpr vproc_desc one_of_each{
       .variable_num = 1, .smb_num = 1, .vproc_records_size = 136 + 132};

@@ -26,6 +26,10 @@ dvi_desc dvi(std::string_view dag_name, std::uint32_t img_size, std::uint32_t in
              std::uint32_t output_num = 0);
 
 port_desc port(std::string_view port_name, std::string_view layer_name);
+
+/// A port with a value of its own in every field, except the flags.
+port_desc varied_port(std::string_view port_name, std::string_view layer_name);
+
 var_desc variable(std::string_view name);
 smb_desc smb(std::string_view name);
 

@@ -14,24 +14,7 @@ constexpr const char* csv_head =
     "expbits,port_size,port_byte_offset,port_name,layer_name\n";
 
 TEST(ShowCsv, WritesARowForEachPort) {
-  port_desc input = port("data", "net/in");
-  input.P = 1;
-  input.D = 2;
-  input.H = 3;
-  input.W = 4;
-  input.pitch = 5;
-  input.dram_format = 6;
-  input.drotate_bit_offset = 8;
-  input.hflip_bit_offset = 9;
-  input.vflip_bit_offset = 10;
-  input.dflip_bit_offset = 11;
-  input.pflip_bit_offset = 12;
-  input.sign = 1;
-  input.datasize = 16;
-  input.expoffset = -15;
-  input.expbits = 5;
-  input.port_size = 4294967295;
-  input.port_byte_offset = 13;
+  const port_desc input = varied_port("data", "net/in");
   const scratch_folder folder;
   folder.write("net.bin", header(2) + bytes(dvi("none", 0, 0, 0)) + bytes(dvi("net", 0, 1, 1)) +
                               bytes(input) + bytes(port("out", "")));
